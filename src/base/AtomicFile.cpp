@@ -1,0 +1,169 @@
+#include "base/AtomicFile.h"
+
+#include <fcntl.h>
+#include <stdio.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
+
+#include "base/FileName.h"
+
+namespace vellora {
+
+FileError FileError::fromErrno(int error, const QString& path) {
+  Kind kind = Kind::Other;
+  if (error == ENOENT || error == ENOTDIR) kind = Kind::NotFound;
+  if (error == EACCES || error == EPERM || error == EROFS) kind = Kind::NotPermitted;
+  if (error == ENOSPC || error == EDQUOT) kind = Kind::NoSpace;
+  if (error == EFBIG || error == EOVERFLOW) kind = Kind::TooLarge;
+  return {kind, path, QString::fromLocal8Bit(std::strerror(error))};
+}
+
+QString FileError::description() const { return path + QStringLiteral(": ") + message; }
+
+namespace AtomicFile {
+namespace {
+
+constexpr mode_t newFileMode = 0666;  // narrowed by the user's umask
+constexpr int nameAttempts = 10000;
+
+/// A temporary file beside its future place; removed again unless it was moved there.
+class TemporaryFile {
+ public:
+  static Result<TemporaryFile, FileError> create(const QString& folder, mode_t mode) {
+    for (int tries = 0; tries < 100; ++tries) {
+      const QString name = QStringLiteral(".vellora-%1.tmp").arg(QRandomGenerator::global()->generate64(), 16, 16, QChar(u'0'));
+      QByteArray path = QFile::encodeName(QDir(folder).filePath(name));
+      const int fd = ::open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode);
+      if (fd >= 0) return TemporaryFile(fd, std::move(path));
+      if (errno != EEXIST) return failure(FileError::fromErrno(errno, folder));
+    }
+    return failure(FileError::fromErrno(EEXIST, folder));
+  }
+
+  TemporaryFile(TemporaryFile&& other) noexcept
+      : fd_(std::exchange(other.fd_, -1)), path_(std::exchange(other.path_, {})) {}
+  TemporaryFile& operator=(TemporaryFile&&) = delete;
+  ~TemporaryFile() {
+    if (fd_ >= 0) ::close(fd_);
+    if (!path_.isEmpty()) ::unlink(path_.constData());
+  }
+
+  /// 0 or an errno.
+  int fill(std::span<const std::byte> data, Durability durability) {
+    while (!data.empty()) {
+      const ssize_t written = ::write(fd_, data.data(), data.size());
+      if (written < 0) {
+        if (errno == EINTR) continue;
+        return errno;
+      }
+      data = data.subspan(static_cast<std::size_t>(written));
+    }
+    if (durability == Durability::PowerCut && ::fsync(fd_) != 0) return errno;
+    if (::close(std::exchange(fd_, -1)) != 0) return errno;
+    return 0;
+  }
+
+  void allow(mode_t mode) { [[maybe_unused]] const int done = ::fchmod(fd_, mode); }
+
+  int moveReplacing(const QByteArray& target) {
+    if (::rename(path_.constData(), target.constData()) != 0) return errno;
+    path_.clear();
+    return 0;
+  }
+
+  /// EEXIST when the name is taken.
+  int moveToFreeName(const QByteArray& target) {
+    if (::renameat2(AT_FDCWD, path_.constData(), AT_FDCWD, target.constData(), RENAME_NOREPLACE) == 0) {
+      path_.clear();
+      return 0;
+    }
+    if (errno != EINVAL && errno != ENOSYS) return errno;
+    // File systems without that flag: a hard link refuses a taken name as well.
+    return ::link(path_.constData(), target.constData()) == 0 ? 0 : errno;
+  }
+
+ private:
+  TemporaryFile(int fd, QByteArray path) : fd_(fd), path_(std::move(path)) {}
+  int fd_;
+  QByteArray path_;
+};
+
+void syncFolder(const QString& folder) {
+  const int fd = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (fd < 0) return;
+  ::fsync(fd);
+  ::close(fd);
+}
+
+std::span<const std::byte> bytesOf(const QByteArray& data) {
+  return {reinterpret_cast<const std::byte*>(data.constData()), static_cast<std::size_t>(data.size())};
+}
+
+}  // namespace
+
+Result<void, FileError> write(const QString& path, std::span<const std::byte> data, Durability durability) {
+  const QFileInfo existing(path);
+  const QString target = existing.isSymLink() && existing.exists() ? existing.canonicalFilePath() : path;
+  const QString folder = QFileInfo(target).absolutePath();
+  auto file = TemporaryFile::create(folder, newFileMode);
+  if (!file) return failure(file.error());
+  struct stat old {};
+  if (::stat(QFile::encodeName(target).constData(), &old) == 0) file->allow(old.st_mode & 07777);
+  if (const int error = file->fill(data, durability)) return failure(FileError::fromErrno(error, path));
+  if (const int error = file->moveReplacing(QFile::encodeName(target))) return failure(FileError::fromErrno(error, path));
+  if (durability == Durability::PowerCut) syncFolder(folder);
+  return {};
+}
+
+Result<void, FileError> write(const QString& path, const QByteArray& data, Durability durability) {
+  return write(path, bytesOf(data), durability);
+}
+
+Result<QString, FileError> writeNew(const QString& folder, const QString& stem, const QString& extension,
+                                    std::span<const std::byte> data, Durability durability) {
+  auto file = TemporaryFile::create(folder, newFileMode);
+  if (!file) return failure(file.error());
+  if (const int error = file->fill(data, durability)) return failure(FileError::fromErrno(error, folder));
+  for (int attempt = 1; attempt <= nameAttempts; ++attempt) {
+    const QString path = QDir(folder).filePath(numberedFileName(stem, extension, attempt));
+    const int error = file->moveToFreeName(QFile::encodeName(path));
+    if (error == EEXIST) continue;
+    if (error != 0) return failure(FileError::fromErrno(error, path));
+    if (durability == Durability::PowerCut) syncFolder(folder);
+    return path;
+  }
+  return failure(FileError::fromErrno(EEXIST, folder));
+}
+
+Result<QString, FileError> writeNew(const QString& folder, const QString& stem, const QString& extension,
+                                    const QByteArray& data, Durability durability) {
+  return writeNew(folder, stem, extension, bytesOf(data), durability);
+}
+
+Result<QByteArray, FileError> read(const QString& path, qint64 limit) {
+  const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  if (fd < 0) return failure(FileError::fromErrno(errno, path));
+  struct stat info {};
+  const bool regular = ::fstat(fd, &info) == 0 && S_ISREG(info.st_mode);
+  if (!regular || info.st_size > limit) {
+    ::close(fd);
+    return failure(FileError::fromErrno(regular ? EFBIG : EINVAL, path));
+  }
+  QFile file;
+  file.open(fd, QIODevice::ReadOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle);
+  QByteArray data = file.read(limit + 1);
+  if (file.error() != QFileDevice::NoError) return failure(FileError{FileError::Kind::Other, path, file.errorString()});
+  if (data.size() > limit) return failure(FileError::fromErrno(EFBIG, path));
+  return data;
+}
+
+}  // namespace AtomicFile
+}  // namespace vellora

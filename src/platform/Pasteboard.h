@@ -1,0 +1,40 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include <QByteArray>
+#include <QString>
+
+#include "base/Bitmap.h"
+
+namespace vellora {
+
+/// What a copy puts on the clipboard. Empty fields are left out.
+struct PasteboardContent {
+  QByteArray png;
+  /// Makes the TIFF form; called on the main thread when a program first asks for it, so that a large picture is encoded
+  /// twice only when somebody wants it.
+  std::function<QByteArray()> tiff;
+  QString filePath;  ///< absolute; offered as a file URL
+};
+
+/// The desktop's clipboard. Main thread.
+class Pasteboard {
+ public:
+  virtual ~Pasteboard() = default;
+
+  /// Takes over the clipboard; false when the desktop has none. What was written goes on pasting after the process ends.
+  virtual bool write(PasteboardContent content) = 0;
+
+  /// What the clipboard's picture is: encoded bytes of some image type, or the local file it names.
+  struct ImageOffer {
+    QByteArray encoded;
+    QString filePath;
+  };
+  /// Asks for a picture; nothing when there is none or its owner does not answer within two seconds. The callback comes on
+  /// the main thread, never from inside this call.
+  virtual void readImage(std::function<void(std::optional<ImageOffer>)> done) = 0;
+};
+
+}  // namespace vellora
