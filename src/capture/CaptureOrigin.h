@@ -1,0 +1,15 @@
+#pragma once
+
+#include "base/Geometry.h"
+#include "platform/ScreenCaptureService.h"
+
+namespace vellora {
+
+/// Where a capture came from on the desktop.
+struct CaptureOrigin {
+  PixelRect rect;         ///< in device pixels of the desktop
+  DisplayId display = 0;  ///< the display that held it
+  friend bool operator==(const CaptureOrigin&, const CaptureOrigin&) = default;
+};
+
+}  // namespace vellora
