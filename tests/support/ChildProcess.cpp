@@ -58,7 +58,9 @@ pid_t spawn(std::vector<std::string> command, const Environment& extra, int inpu
   _exit(127);
 }
 
-int exitCodeOf(int status) { return WIFEXITED(status) ? WEXITSTATUS(status) : -2; }
+int exitCodeOf(int status) {
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -2;
+}
 
 struct Pipe {
   std::array<int, 2> ends{-1, -1};
@@ -102,7 +104,9 @@ bool ChildProcess::reap(bool block) {
   return ended_;
 }
 
-bool ChildProcess::isRunning() { return !reap(false); }
+bool ChildProcess::isRunning() {
+  return !reap(false);
+}
 
 int ChildProcess::wait(double seconds) {
   const auto deadline = Clock::now() + std::chrono::duration<double>(seconds);

@@ -19,13 +19,15 @@ struct Finished {
 /// "NAME=value" entries that replace or extend the test's own environment.
 using Environment = std::vector<std::string>;
 
-/// A program a test runs beside itself. It is ended, by its process id, when this goes; it also dies with the test program.
+/// A program a test runs beside itself. It is ended, by its process id, when this goes; it also dies with the test
+/// program.
 class ChildProcess {
  public:
   /// Where a started program's two outputs go.
   enum class Output { Inherit, Discard };
 
-  /// Null when the program cannot be started. Descriptor `keep`, when not -1, stays open in the program under its number.
+  /// Null when the program cannot be started. Descriptor `keep`, when not -1, stays open in the program under its
+  /// number.
   static std::unique_ptr<ChildProcess> start(const std::vector<std::string>& command, const Environment& environment,
                                              Output output = Output::Discard, int keep = -1);
   /// SIGTERM, then SIGKILL after three seconds; waits for the end.
@@ -49,7 +51,7 @@ class ChildProcess {
 };
 
 /// Runs a program to its end with `input` on its standard input and collects what it writes.
-Finished runProgram(const std::vector<std::string>& command, const Environment& environment, std::string_view input = {},
-                    double seconds = 20);
+Finished runProgram(const std::vector<std::string>& command, const Environment& environment,
+                    std::string_view input = {}, double seconds = 20);
 
 }  // namespace vellora::test

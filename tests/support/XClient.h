@@ -50,7 +50,8 @@ class XClient {
   const xcb_screen_t* screen_ = nullptr;
 };
 
-/// A plain window of one colour that another program opened. Made visible (and, with a window manager, framed) on return.
+/// A plain window of one colour that another program opened. Made visible (and, with a window manager, framed) on
+/// return.
 class TestWindow {
  public:
   struct Options {
@@ -79,8 +80,6 @@ class TestWindow {
   PixelRect frame() const;
   /// The top-level ancestor: the window manager's frame, or the window itself.
   xcb_window_t topLevel() const;
-  /// Repaints whatever the server asks for; a test that covers and uncovers the window calls it.
-  void answerExposes();
 
  private:
   void waitUntilViewable(bool viewable) const;

@@ -10,30 +10,31 @@
 #include "base/Geometry.h"
 #include "support/ChildProcess.h"
 
-struct xcb_connection_t;
-
 namespace vellora::test {
 
-/// A private virtual X display, with the parts a desktop has where they are asked for. Everything started here is ended by its
-/// process id when the object goes. Nothing is skipped: when a part is missing, `start` fails the running test and returns null.
+/// A private virtual X display, with the parts a desktop has where they are asked for. Everything started here is ended
+/// by its process id when the object goes. Nothing is skipped: when a part is missing, `start` fails the running test
+/// and returns null.
 ///
 ///     auto server = XServer::start({.size = {3840, 2160}, .windowManager = true, .bus = true});
 ///     ASSERT_TRUE(server);
-///     server->run({"xdotool", "key", "alt+1"});                       // any program, with this DISPLAY and bus
-///     auto connection = server->connect();                            // an xcb connection of the test's own
-///     std::vector<std::uint32_t> pixels = server->pixels({0, 0, 100, 100});   // through a program others wrote
+///     server->check({"xdotool", "key", "alt+1"});   // any program, with this DISPLAY and bus
+///     XClient client(*server);                       // an xcb connection of the test's own (support/XClient.h)
+///     TestWindow window(*server, {.colour = 0xFF0000});
+///     std::vector<std::uint32_t> pixels = server->pixels({0, 0, 100, 100});   // read by a program others wrote
 ///
-/// A Qt program gets `server->environment()`; the test program itself uses `setenv("DISPLAY", …)` only through `ScopedDisplay`.
+/// A program started elsewhere gets `server->environment()`; ScopedDisplay points the test program itself at the
+/// display.
 class XServer {
  public:
   struct Options {
     PixelSize size{1920, 1080};
     int depth = 24;
-    bool windowManager = false;  ///< openbox, ready when `start` returns
-    bool tray = false;           ///< trayer at the top right, ready when `start` returns
-    bool bus = false;            ///< a D-Bus session of its own; without it programs see "disabled:"
-    int display = -1;            ///< the display number; -1 takes a free one
-    std::vector<std::string> arguments;  ///< further arguments for the server
+    bool windowManager = false;               ///< openbox, ready when `start` returns
+    bool tray = false;                        ///< trayer at the top right, ready when `start` returns
+    bool bus = false;                         ///< a D-Bus session of its own; without it programs see "disabled:"
+    int display = -1;                         ///< the display number; -1 takes a free one
+    std::vector<std::string> arguments = {};  ///< further arguments for the server
   };
   struct Monitor {
     std::string name;
@@ -53,7 +54,8 @@ class XServer {
   pid_t pid() const { return server_->pid(); }
 
   /// Runs a program to its end on this display.
-  Finished run(const std::vector<std::string>& command, std::string_view input = {}, const Environment& extra = {}) const;
+  Finished run(const std::vector<std::string>& command, std::string_view input = {},
+               const Environment& extra = {}) const;
   /// As `run`, failing the running test when the program does not end with 0.
   std::string check(const std::vector<std::string>& command, std::string_view input = {}) const;
   /// Starts a program that goes on running on this display.
@@ -67,8 +69,6 @@ class XServer {
 
   /// What is on the screen, row by row as 0xRRGGBB, read by xwd.
   std::vector<std::uint32_t> pixels(const PixelRect& region) const;
-  /// The same of one window's own area, by its id.
-  std::vector<std::uint32_t> rootPixels(PixelSize* size) const;
 
   /// Kills the server as a crash would.
   void crash();
