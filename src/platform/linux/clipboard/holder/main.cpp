@@ -1,0 +1,3 @@
+#include "platform/linux/clipboard/HolderLauncher.h"
+
+int main() { return vellora::runClipboardHolder(); }

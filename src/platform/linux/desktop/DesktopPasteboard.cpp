@@ -1,0 +1,51 @@
+#include "platform/linux/desktop/DesktopPasteboard.h"
+
+#include <memory>
+
+#include <QFile>
+
+#include "base/Log.h"
+#include "platform/linux/clipboard/HolderLauncher.h"
+#include "platform/linux/clipboard/SelectionReader.h"
+
+namespace vellora {
+namespace {
+
+std::span<const std::byte> bytesOf(const QByteArray& data) {
+  return {reinterpret_cast<const std::byte*>(data.constData()), static_cast<std::size_t>(data.size())};
+}
+
+std::optional<Pasteboard::ImageOffer> offerOf(const std::optional<ClipboardPicture>& picture) {
+  if (!picture) return std::nullopt;
+  return Pasteboard::ImageOffer{QByteArray(reinterpret_cast<const char*>(picture->encoded.data()),
+                                           static_cast<qsizetype>(picture->encoded.size())),
+                                QFile::decodeName(QByteArray::fromStdString(picture->filePath))};
+}
+
+}  // namespace
+
+DesktopPasteboard::DesktopPasteboard(RunLoop& runLoop) : DesktopPasteboard(runLoop, vellora::holderProgram()) {}
+
+DesktopPasteboard::DesktopPasteboard(RunLoop& runLoop, std::string holderProgram)
+    : runLoop_(runLoop), holderProgram_(std::move(holderProgram)) {}
+
+bool DesktopPasteboard::write(PasteboardContent content) {
+  const QByteArray tiff = content.png.isEmpty() && content.tiff ? content.tiff() : QByteArray();
+  const ClipboardParts parts{.png = bytesOf(content.png),
+                             .tiff = bytesOf(tiff),
+                             .tiffOnDemand = static_cast<bool>(content.tiff),
+                             .filePath = QFile::encodeName(content.filePath).toStdString()};
+  if (parts.png.empty() && parts.tiff.empty() && parts.filePath.empty()) return false;
+  const bool held = holdOnClipboard(parts, holderProgram_);
+  if (!held) log::error(QStringLiteral("clipboard not taken over"));
+  return held;
+}
+
+void DesktopPasteboard::readImage(std::function<void(std::optional<ImageOffer>)> done) {
+  auto shared = std::make_shared<std::function<void(std::optional<ImageOffer>)>>(lifetime_.guard(std::move(done)));
+  queue_.async([&runLoop = runLoop_, shared] {
+    runLoop.post([shared, offer = offerOf(readClipboardPicture())]() mutable { (*shared)(std::move(offer)); });
+  });
+}
+
+}  // namespace vellora

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include "base/Lifetime.h"
+#include "base/RunLoop.h"
+#include "base/SerialQueue.h"
+#include "platform/Pasteboard.h"
+
+namespace vellora {
+
+/// The clipboard of an X desktop. What is written lives in a small process of its own from the start, so it goes on
+/// pasting however this process ends, with or without a clipboard manager. That process makes the TIFF form from the
+/// PNG when a program asks for it; `PasteboardContent::tiff` is called only when there is no PNG.
+class DesktopPasteboard final : public Pasteboard {
+ public:
+  explicit DesktopPasteboard(RunLoop& runLoop);
+  /// With the holder's executable in another place than usual.
+  DesktopPasteboard(RunLoop& runLoop, std::string holderProgram);
+
+  bool write(PasteboardContent content) override;
+  void readImage(std::function<void(std::optional<ImageOffer>)> done) override;
+
+ private:
+  RunLoop& runLoop_;
+  const std::string holderProgram_;
+  SerialQueue queue_{"dev.orlo.vellora.pasteboard"};
+  Lifetime lifetime_;
+};
+
+}  // namespace vellora
