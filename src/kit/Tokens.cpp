@@ -1,5 +1,7 @@
 #include "kit/Tokens.h"
 
+#include <QStringList>
+
 namespace vellora {
 namespace {
 
