@@ -5,8 +5,8 @@
 #include <span>
 #include <string_view>
 
-/// The stored form of keys: virtual key codes name places on the keyboard (as on an ANSI one), whatever the layout prints on
-/// them; modifiers are a Carbon mask in which option is Alt and command is Super.
+/// The stored form of keys: virtual key codes name places on the keyboard (as on an ANSI one), whatever the layout
+/// prints on them; modifiers are a Carbon mask in which option is Alt and command is Super.
 namespace vellora {
 
 namespace carbonModifier {
@@ -20,8 +20,8 @@ inline constexpr std::uint32_t all = command | shift | option | control;
 /// One place on the keyboard in both worlds.
 struct KeyPlace {
   std::uint32_t virtualKeyCode;
-  std::string_view xkbName;      ///< the XKB key name, "AE01" for the key left-most in the digit row
-  std::uint16_t evdevCode;       ///< the kernel's input code, KEY_1 = 2
+  std::string_view xkbName;  ///< the XKB key name, "AE01" for the key left-most in the digit row
+  std::uint16_t evdevCode;   ///< the kernel's input code, KEY_1 = 2
 };
 
 /// Every place known, by virtual key code ascending.
