@@ -51,6 +51,16 @@ void CaptureEngine::captureDisplay(const DisplayInfo& display, Callback<Image> d
              std::move(done));
 }
 
+void CaptureEngine::captureDisplay(const DisplayInfo& display, const PixelRect& part, Callback<Image> done) {
+  run<Image>(
+      [&service = service_, display, part]() -> Image {
+        const PixelRect cut = part.intersected({0, 0, display.frame.width, display.frame.height});
+        if (cut.isEmpty()) return failure(CaptureError::CropFailed);
+        return withScale(service.regionImage(cut.translated(display.frame.x, display.frame.y)), display.scale);
+      },
+      std::move(done));
+}
+
 void CaptureEngine::captureWindow(WindowId window, double scale, Callback<Image> done) {
   run<Image>([&service = service_, window, scale] { return withScale(service.windowImage(window), scale); },
              std::move(done));

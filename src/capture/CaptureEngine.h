@@ -28,6 +28,9 @@ class CaptureEngine {
   void shareableContent(Callback<Content> done);
   /// A whole display in device pixels; `display` as a recent shareableContent told it.
   void captureDisplay(const DisplayInfo& display, Callback<Image> done);
+  /// The part of a display inside `part`, relative to its top-left corner; no pixel outside it is moved. CropFailed
+  /// when it holds none of the display's pixels.
+  void captureDisplay(const DisplayInfo& display, const PixelRect& part, Callback<Image> done);
   /// One window by itself; `scale` is that of its display.
   void captureWindow(WindowId window, double scale, Callback<Image> done);
   /// A part of the desktop in device pixels.
