@@ -3,7 +3,6 @@
 #include <QPainter>
 #include <QScreen>
 
-#include "kit/Compositing.h"
 #include "kit/Theme.h"
 #include "kit/Tokens.h"
 
@@ -12,8 +11,7 @@ namespace vellora {
 FloatingPanel::FloatingPanel(QWidget* parent, Qt::WindowFlags flags)
     : QWidget(parent, flags | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
       padding_(tokens::space2, tokens::space2, tokens::space2, tokens::space2),
-      radius_(tokens::panelRadius),
-      composited_(isComposited(screen())) {
+      frame_(screen()) {
   setAttribute(Qt::WA_TranslucentBackground);
   followTheme(*this);
   updateMargins();
@@ -25,43 +23,30 @@ void FloatingPanel::setPadding(const QMargins& padding) {
 }
 
 void FloatingPanel::setRadius(double radius) {
-  radius_ = radius;
+  frame_.setRadius(radius);
   update();
 }
 
-QRect FloatingPanel::panelRect() const {
-  if (!composited_) return rect();
-  const int margin = PanelShadow::margin();
-  return rect().adjusted(margin, margin, -margin, -margin);
-}
-
-void FloatingPanel::movePanel(const QPoint& position) {
-  move(position - panelRect().topLeft());
-}
-
 void FloatingPanel::updateMargins() {
-  const int margin = composited_ ? PanelShadow::margin() : 0;
-  setContentsMargins(padding_ + QMargins(margin, margin, margin, margin));
+  const int room = frame_.margin();
+  setContentsMargins(padding_ + QMargins(room, room, room, room));
   update();
 }
 
 void FloatingPanel::showEvent(QShowEvent* event) {
-  if (const bool composited = isComposited(screen()); composited != composited_) {
-    composited_ = composited;
+  // The desktop may have begun or ceased to blend windows since this one was made; the panel itself stays where it is.
+  const QRect before = panelRect().translated(pos());
+  if (frame_.refresh(screen())) {
     updateMargins();
-    adjustSize();
+    const int room = frame_.margin();
+    setGeometry(before.adjusted(-room, -room, room, room));
   }
   QWidget::showEvent(event);
 }
 
 void FloatingPanel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const Palette& palette = Theme::shared().palette();
-  const QRectF panel = panelRect();
-  const double radius = composited_ ? radius_ : 0;
-  if (composited_) shadow_.paint(painter, panel, radius);
-  fillRounded(painter, panel, radius, palette.raised);
-  strokeRounded(painter, panel, radius, palette.line);
+  frame_.paint(painter, rect());
   paintPanel(painter, panelRect());
 }
 

@@ -2,11 +2,11 @@
 
 #include <QWidget>
 
-#include "kit/Paint.h"
+#include "kit/PanelFrame.h"
 
 namespace vellora {
 
-/// A frameless, raised, rounded window with the panels' shadow: bars, badges, alerts. Its layout's contents lie inside
+/// A frameless, raised, rounded window with the panels' shadow: bars, badges, toasts. Its layout's contents lie inside
 /// the panel; the shadow's room around it is part of the window. Where the desktop does not blend windows it is a
 /// square with a line around it.
 class FloatingPanel : public QWidget {
@@ -18,13 +18,12 @@ class FloatingPanel : public QWidget {
   /// Room between the panel's edge and its contents, in points.
   void setPadding(const QMargins& padding);
   void setRadius(double radius);
-  double radius() const { return radius_; }
 
   /// The panel itself, without the shadow's room, in the window's coordinates.
-  QRect panelRect() const;
+  QRect panelRect() const { return frame_.panel(rect()); }
 
   /// Moves the window so that the panel's top-left corner comes to `position` of the desktop.
-  void movePanel(const QPoint& position);
+  void movePanel(const QPoint& position) { move(position - panelRect().topLeft()); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -37,9 +36,7 @@ class FloatingPanel : public QWidget {
   void updateMargins();
 
   QMargins padding_;
-  double radius_;
-  bool composited_;
-  PanelShadow shadow_;
+  PanelFrame frame_;
 };
 
 }  // namespace vellora

@@ -1,6 +1,11 @@
 #include "kit/Tokens.h"
 
+#include <QFontDatabase>
 #include <QStringList>
+
+static void initFigureResources() {
+  Q_INIT_RESOURCE(figures);
+}
 
 namespace vellora {
 namespace {
@@ -12,6 +17,24 @@ QFont inter(int pixels, QFont::Weight weight) {
   font.setPixelSize(pixels);
   font.setWeight(weight);
   return font;
+}
+
+/// The family of the figures, loaded when the first clock or size is shown; empty when it cannot be loaded.
+QString figuresFamily() {
+  static const QString family = [] {
+    initFigureResources();
+    QString name;
+    for (const char* face : {"Regular", "Medium", "SemiBold"}) {
+      const int id = QFontDatabase::addApplicationFont(
+          QStringLiteral(":/vellora/figures/VelloraFigures-%1.otf").arg(QLatin1String(face)));
+      if (const QStringList families = QFontDatabase::applicationFontFamilies(id);
+          name.isEmpty() && !families.isEmpty()) {
+        name = families.first();
+      }
+    }
+    return name;
+  }();
+  return family;
 }
 
 }  // namespace
@@ -36,8 +59,14 @@ QFont titleFont() {
 }
 
 QFont tabularFont(const QFont& base) {
-  return base;
+  QStringList families = base.families();
+  if (families.isEmpty()) families << base.family();
+  if (const QString figures = figuresFamily(); !figures.isEmpty()) families.prepend(figures);
+  QFont font = base;
+  font.setFamilies(families);
+  return font;
 }
+
 QFont tabularFont() {
   return tabularFont(bodyFont());
 }
