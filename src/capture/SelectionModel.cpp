@@ -438,7 +438,6 @@ OverlayScene SelectionModel::scene() const {
     case Phase::Grabbed:
     case Phase::Adjusting:
     case Phase::Finished:
-    case Phase::Cancelled:
       scene.clear = rect_;
       scene.frame = OverlayFrame::Adjusting;
       scene.showsSize = true;
@@ -447,6 +446,8 @@ OverlayScene SelectionModel::scene() const {
         scene.loupe = cross_;
         scene.anchor = rect_.center();
       }
+      break;
+    case Phase::Cancelled:
       break;
   }
   if (scene.loupe && keyboardMoved_) scene.marker = cross_;
