@@ -47,6 +47,7 @@ SettingsRow::SettingsRow(QWidget* control, QWidget* parent)
   rows->setSpacing(tokens::space1);
   rows->addLayout(line, 1);
   rows->addWidget(notice_);
+  notice_->setContentsMargins(0, 0, 0, 5);
   setMinimumHeight(leastHeight);
   repaintOnThemeChange(*this);
 }

@@ -44,7 +44,7 @@ for face, label in (("Regular", "Regular"), ("Medium", "Medium"), ("SemiBold", "
         if tag in font:
             del font[tag]
 
-    widest = max(font["hmtx"][glyph][0] for glyph in font["hmtx"].metrics)
+    widest = max(font["hmtx"][glyph][0] for glyph in figures.values())
     for glyph, (_, bearing) in list(font["hmtx"].metrics.items()):
         font["hmtx"][glyph] = (widest, bearing)
 
