@@ -1,0 +1,138 @@
+#include "media/codecs/ImageLoader.h"
+
+#include <QBuffer>
+#include <QColorSpace>
+#include <QImageReader>
+#include <mutex>
+
+#include "base/AtomicFile.h"
+#include "media/codecs/HeifReader.h"
+#include "media/codecs/ImageConversion.h"
+#include "media/codecs/ImageFormat.h"
+
+namespace vellora {
+namespace {
+
+constexpr QColorSpace::NamedColorSpace workingSpace = QColorSpace::SRgb;
+
+const char* readerName(ImageFormat format) {
+  switch (format) {
+    case ImageFormat::Png:
+      return "png";
+    case ImageFormat::Jpeg:
+      return "jpeg";
+    case ImageFormat::WebP:
+      return "webp";
+    case ImageFormat::Tiff:
+      return "tiff";
+    case ImageFormat::Bmp:
+      return "bmp";
+    case ImageFormat::Gif:
+      return "gif";
+    case ImageFormat::Heif:
+    case ImageFormat::Unknown:
+      break;
+  }
+  return "";
+}
+
+ImageLoadError errorOf(FileError::Kind kind) {
+  switch (kind) {
+    case FileError::Kind::NotFound:
+      return ImageLoadError::NotFound;
+    case FileError::Kind::NotPermitted:
+      return ImageLoadError::NotPermitted;
+    case FileError::Kind::TooLarge:
+      return ImageLoadError::TooLarge;
+    case FileError::Kind::NoSpace:
+    case FileError::Kind::Other:
+      break;
+  }
+  return ImageLoadError::NotAFile;
+}
+
+bool isTooLarge(QSize size) {
+  return size.width() > imageLimits::edge || size.height() > imageLimits::edge ||
+         qint64{size.width()} * size.height() * 4 > imageLimits::decodedBytes;
+}
+
+Result<QImage, ImageLoadError> read(const QByteArray& data, ImageFormat format) {
+  // 16 bits per channel take twice the room of the result. The setting belongs to the whole process.
+  static std::once_flag limited;
+  std::call_once(limited, [] { QImageReader::setAllocationLimit(static_cast<int>(imageLimits::decodedBytes >> 19)); });
+
+  QByteArray bytes = data;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::ReadOnly);
+  QImageReader reader(&buffer, readerName(format));
+  reader.setAutoDetectImageFormat(false);
+  reader.setAutoTransform(true);
+  if (!QImageReader::supportedImageFormats().contains(readerName(format))) return failure(ImageLoadError::Unsupported);
+  const QSize size = reader.size();
+  if (!size.isValid() || size.isEmpty()) return failure(ImageLoadError::Damaged);
+  if (isTooLarge(size)) return failure(ImageLoadError::TooLarge);
+  QImage image;
+  if (!reader.read(&image) || image.isNull()) {
+    return failure(reader.error() == QImageReader::UnsupportedFormatError ? ImageLoadError::Unsupported
+                                                                          : ImageLoadError::Damaged);
+  }
+  return image;
+}
+
+/// 8 bits a channel, sRGB, in one of the two formats a bitmap has.
+QImage normalized(QImage image) {
+  const bool deep = image.depth() > 32;
+  const auto eightBit = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
+  if (!deep && image.format() != eightBit) image.convertTo(eightBit);
+  const QColorSpace space = image.colorSpace();
+  // With 16 bits a channel the colours are converted first, where rounding does not show.
+  if (!image.isNull() && space.isValid() && space != QColorSpace(workingSpace)) image.convertToColorSpace(workingSpace);
+  if (!image.isNull() && image.format() != eightBit) image.convertTo(eightBit);
+  return image;
+}
+
+}  // namespace
+
+QString localizationKey(ImageLoadError error) {
+  switch (error) {
+    case ImageLoadError::NotFound:
+      return QStringLiteral("load.error.notFound");
+    case ImageLoadError::NotPermitted:
+      return QStringLiteral("load.error.notPermitted");
+    case ImageLoadError::NotAFile:
+      return QStringLiteral("load.error.notAFile");
+    case ImageLoadError::TooLarge:
+      return QStringLiteral("load.error.tooLarge");
+    case ImageLoadError::NotAnImage:
+      return QStringLiteral("load.error.notAnImage");
+    case ImageLoadError::Unsupported:
+      return QStringLiteral("load.error.unsupported");
+    case ImageLoadError::Damaged:
+      return QStringLiteral("load.error.damaged");
+    case ImageLoadError::OutOfMemory:
+      return QStringLiteral("load.error.outOfMemory");
+  }
+  return QStringLiteral("load.error.damaged");
+}
+
+Result<LoadedImage, ImageLoadError> ImageLoader::fromFile(const QString& path) {
+  const auto data = AtomicFile::read(path, imageLimits::fileBytes);
+  if (!data) return failure(errorOf(data.error().kind));
+  return fromData(*data);
+}
+
+Result<LoadedImage, ImageLoadError> ImageLoader::fromData(const QByteArray& data) {
+  if (data.size() > imageLimits::fileBytes) return failure(ImageLoadError::TooLarge);
+  const ImageFormat format = imageFormatOf(data);
+  if (format == ImageFormat::Unknown) return failure(ImageLoadError::NotAnImage);
+  if (format == ImageFormat::Jpeg && !isCompleteJpeg(data)) return failure(ImageLoadError::Damaged);
+  auto image = format == ImageFormat::Heif ? readHeif(data) : read(data, format);
+  if (!image) return failure(image.error());
+  LoadedImage loaded;
+  loaded.bitmap = toBitmap(normalized(std::move(*image)));
+  if (loaded.bitmap.isNull()) return failure(ImageLoadError::OutOfMemory);
+  if (format == ImageFormat::Png) loaded.scale = pngScale(data);
+  return loaded;
+}
+
+}  // namespace vellora
