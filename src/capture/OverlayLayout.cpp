@@ -132,14 +132,15 @@ OverlayParts layOut(const OverlayScene& scene, const DisplayInfo& display, const
 
   if (scene.marker) {
     const int arm = pixels(overlay::markerArm, scale);
-    const int thickness = pixels(1, scale);
+    const int rim = pixels(1, scale);
+    const int thickness = 2 * rim + 1;
     const PixelPoint at = *scene.marker;
     // A gap in the middle leaves the pixel itself to be seen.
     const int gap = pixels(3, scale);
-    parts.marker = {{at.x - gap - arm, at.y, arm, thickness},
-                    {at.x + gap + 1, at.y, arm, thickness},
-                    {at.x, at.y - gap - arm, thickness, arm},
-                    {at.x, at.y + gap + 1, thickness, arm}};
+    parts.marker = {{at.x - gap - arm, at.y - rim, arm, thickness},
+                    {at.x + gap + 1, at.y - rim, arm, thickness},
+                    {at.x - rim, at.y - gap - arm, thickness, arm},
+                    {at.x - rim, at.y + gap + 1, thickness, arm}};
   }
 
   if (!texts.hint.isEmpty()) {

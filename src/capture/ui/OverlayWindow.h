@@ -1,0 +1,78 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include <QBackingStore>
+#include <QBasicTimer>
+#include <QElapsedTimer>
+#include <QWindow>
+
+#include "base/Bitmap.h"
+#include "capture/OverlayInput.h"
+#include "capture/ui/OverlayPainter.h"
+
+namespace vellora {
+
+/// The overlay over one display: a bare window outside the window manager's reach that covers it to the pixel. It draws
+/// its share of the scene and forwards the pointer; it decides nothing. Only what changes is painted, so that the pages
+/// of a large window that nothing is drawn on are never touched.
+class OverlayWindow final : public QWindow {
+  Q_OBJECT
+
+ public:
+  explicit OverlayWindow(const DisplayInfo& display);
+
+  const DisplayInfo& display() const { return display_; }
+
+  /// The display's picture. Until it is set the window stays hidden, unless `hasGround` says that the display server
+  /// paints the dimmed picture by itself.
+  void setStill(Bitmap still);
+  void setGroundPainted() { groundPainted_ = true; }
+  bool isReady() const { return groundPainted_ || painter_.hasStill(); }
+
+  /// What to show from now on, at once if the window is on screen.
+  void setScene(const OverlayScene& scene);
+  /// Starts the hint's time.
+  void startHint();
+
+ signals:
+  void pointerMoved(vellora::PixelPoint position, Qt::KeyboardModifiers modifiers);
+  void pointerPressed(Qt::MouseButton button, vellora::PixelPoint position, Qt::KeyboardModifiers modifiers,
+                      int clicks);
+  void pointerReleased(Qt::MouseButton button, vellora::PixelPoint position, Qt::KeyboardModifiers modifiers);
+
+ protected:
+  void exposeEvent(QExposeEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
+
+ private:
+  PixelPoint position(const QMouseEvent& event) const;
+  OverlayParts parts() const;
+  void refresh();
+  void paint(const std::vector<PixelRect>& rects);
+  void paintAll();
+  void setHintOpacity(double opacity);
+  void applyCursor();
+
+  const DisplayInfo display_;
+  OverlayPainter painter_;
+  QBackingStore store_;
+  OverlayScene scene_;
+  OverlayParts shown_;
+  bool groundPainted_ = false;
+  bool drawn_ = false;  // something has been painted since the window came up
+  QBasicTimer hintTimer_;
+  QElapsedTimer hintAge_;
+  double hintOpacity_ = 0;
+  std::optional<OverlayCursor> cursor_;
+  QElapsedTimer sincePress_;
+  PixelPoint lastPress_;
+  int clicks_ = 0;
+};
+
+}  // namespace vellora
