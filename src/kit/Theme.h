@@ -48,6 +48,7 @@ class Theme final : public QObject {
 
   /// Holds one appearance, whatever the desktop says; nothing follows the desktop again.
   void setAppearanceOverride(std::optional<Appearance> appearance);
+  std::optional<Appearance> appearanceOverride() const { return override_; }
   /// What the desktop's settings service told; nothing when there is none or it has no preference.
   void setDesktopAppearance(std::optional<Appearance> appearance);
 
