@@ -24,6 +24,8 @@ endif()
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
                     -Wconversion -Wno-sign-conversion)
+# Designated initialisers leave the other members at their defaults on purpose.
+add_compile_options(-Wno-missing-field-initializers)
 if(VELLORA_WERROR)
   add_compile_options(-Werror)
 endif()

@@ -1,0 +1,398 @@
+#include "app/AppDelegate.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QScreen>
+
+#include "app/LauncherWindow.h"
+#include "app/RecentRecordings.h"
+#include "app/StatusMenu.h"
+#include "app/TrayIcon.h"
+#include "app/settings/SettingsSnapshot.h"
+#include "app/settings/SettingsWindow.h"
+#include "base/Log.h"
+#include "kit/AlertDialog.h"
+#include "kit/Toast.h"
+#include "platform/linux/desktop/InstanceClient.h"
+
+namespace vellora {
+namespace {
+
+/// What this build can do; the menu shows the rest disabled.
+const std::set<Command>& availableCommands() {
+  static const std::set<Command> commands{Command::CaptureArea,
+                                          Command::CaptureWindow,
+                                          Command::CaptureFullscreen,
+                                          Command::CaptureFullscreenDelayed,
+                                          Command::LoadFromClipboard,
+                                          Command::LoadFromFile,
+                                          Command::ReopenLast,
+                                          Command::ReopenEntry,
+                                          Command::ClearHistory,
+                                          Command::OpenRecordingsFolder,
+                                          Command::CleanUpRecordings,
+                                          Command::OpenSettings,
+                                          Command::Quit};
+  return commands;
+}
+
+QScreen* pointerScreen() {
+  QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
+  return screen ? screen : QGuiApplication::primaryScreen();
+}
+
+/// A folder as people write it, with "~" for home.
+QString shownFolder(const QString& path, const QString& home) {
+  if (path == home) return QStringLiteral("~");
+  return path.startsWith(home + u'/') ? u'~' + path.mid(home.size()) : path;
+}
+
+}  // namespace
+
+AppDelegate::AppDelegate(Mode mode)
+    : mode_(mode),
+      accessGate_(
+          services_.access,
+          [this](Access missing, std::function<void()> openPage) { alertMissingAccess(missing, std::move(openPage)); }),
+      captures_({services_.captureEngine, services_.screens, services_.overlayPresenter, services_.runLoop},
+                accessGate_, {[this](int remaining) { showCountdown(remaining); }, [this] { hideCountdown(); }}),
+      windows_(
+          services_, [this](const CaptureOutcome& outcome) { reportOutcome(outcome); }, [this] { endWhenIdle(); }),
+      completion_(
+          services_.settings, services_.sessionStore, services_.captureOutput, services_.runLoop,
+          {[this](const CaptureDocument& document) { windows_.openEditor(document); },
+           [this](const CaptureDocument& document) { windows_.openPin(document); }},
+          [this] { captures_.cancelSessions(); }, [this](const CaptureOutcome& outcome) { reportOutcome(outcome); }),
+      pictureLoading_(services_.pasteboard, services_.runLoop),
+      hotKeyCenter_(services_.hotKeys),
+      instanceCommands_(captures_, [this](int index) { return reopenEntry(index); }),
+      instanceServer_({[this] { openLauncher(); }, [this] { openSettings(); },
+                       [this](InstanceServer::Command command, InstanceServer::Reply reply) {
+                         instanceCommands_.run(command, std::move(reply));
+                       }}) {
+  captures_.setCompletion(completion_);
+  captures_.setFailureHandler([this](CaptureError error) {
+    showToast("exclamationmark.triangle.fill", localized(localizationKey(error)), true);
+  });
+}
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::applicationWillFinishLaunching() {
+  migrateLegacyPreferences(*services_.preferences, services_.suites);
+  translations_.use(services_.localization.effectiveCode());
+}
+
+bool AppDelegate::applicationDidFinishLaunching() {
+  if (instanceServer_.start() == InstanceServer::Start::AlreadyRunning) {
+    if (!InstanceClient().activate()) log::error(QStringLiteral("the running instance does not answer"));
+    return false;
+  }
+  rebuildMenu();
+  trayIcon_ = std::make_unique<TrayIcon>(statusMenu_->menu());
+  trayIcon_->show();
+  reloadHotKeys();
+  services_.clipboardFiles.sweep();
+  hotKeysObserver_ = services_.notices.observe(notice::hotKeysChanged, [this] { hotKeysChanged(); });
+  languageObserver_ = services_.notices.observe(notice::languageChanged, [this] { languageChanged(); });
+  services_.preferences->setChangeHandler([this](const QStringList& keys) { settingsChangedElsewhere(keys); });
+  if (!TrayIcon::isTrayAvailable()) {
+    //% "Vellora is running. This desktop has no tray: start Vellora again to see its commands."
+    showToast("vellora", qtTrId("toast.noTray"), false);
+  }
+  writeSnapshotsIfAsked();
+  return true;
+}
+
+void AppDelegate::applicationWillTerminate() {
+  captures_.cancelSessions();
+  hotKeyCenter_.unregisterAll();
+  windows_.closePins();
+  // A copy's last step, on this thread, follows its encoding on the queue.
+  services_.captureOutput.waitForPendingWrites();
+  QCoreApplication::sendPostedEvents();
+  services_.sessionStore.waitForPendingWrites();
+  services_.clipboardFiles.waitForPendingWork();
+  services_.preferences->flush();
+}
+
+void AppDelegate::runOnce(const QStringList& words) {
+  instanceCommands_.run({words, QDir::currentPath()}, [this](const CommandOutcome& outcome) {
+    if (!outcome.standardOutput.isEmpty()) std::fprintf(stdout, "%s\n", qUtf8Printable(outcome.standardOutput));
+    if (!outcome.standardError.isEmpty()) std::fprintf(stderr, "vellora: %s\n", qUtf8Printable(outcome.standardError));
+    std::fflush(stdout);
+    commandEnded_ = true;
+    exitCode_ = outcome.exitCode;
+    endWhenIdle();
+  });
+}
+
+void AppDelegate::endWhenIdle() {
+  if (mode_ == Mode::OneShot && commandEnded_ && !windows_.hasOpenWindows()) QCoreApplication::exit(exitCode_);
+}
+
+void AppDelegate::perform(Command command, int index) {
+  switch (command) {
+    case Command::CaptureArea:
+      return captures_.captureArea();
+    case Command::CaptureWindow:
+      return captures_.captureWindow();
+    case Command::CaptureFullscreen:
+      return captures_.captureFullscreen();
+    case Command::CaptureFullscreenDelayed:
+      return captures_.captureFullscreenDelayed();
+    case Command::LoadFromClipboard:
+      return loadFromClipboard();
+    case Command::LoadFromFile:
+      return loadFromFile();
+    case Command::ReopenLast:
+      reopenEntry(0);
+      return;
+    case Command::ReopenEntry:
+      reopenEntry(index);
+      return;
+    case Command::ClearHistory:
+      return clearHistory();
+    case Command::OpenRecordingsFolder:
+      return openRecordingsFolder();
+    case Command::CleanUpRecordings:
+      return cleanUpRecordings();
+    case Command::OpenSettings:
+      return openSettings();
+    case Command::Quit:
+      return QCoreApplication::quit();
+    case Command::CaptureScrolling:
+    case Command::CaptureText:
+    case Command::CaptureElement:
+    case Command::CaptureAreaSized:
+    case Command::OpenCompressor:
+    case Command::ToggleRegionRecording:
+    case Command::TogglePauseRecording:
+    case Command::RecordWindow:
+    case Command::RecordFullscreen:
+    case Command::OpenRecentRecording:
+    case Command::ImportVideo:
+    case Command::ToggleLive:
+      return;  // disabled in the menu and without a hot key: see availableCommands()
+  }
+}
+
+void AppDelegate::rebuildMenu() {
+  if (!statusMenu_) {
+    statusMenu_ = std::make_unique<StatusMenu>([this] { return menuState(); },
+                                               [this](Command command, int index) { perform(command, index); });
+  } else {
+    statusMenu_->refresh();
+  }
+}
+
+MenuState AppDelegate::menuState() {
+  MenuState state;
+  services_.sessionStore.loadIndex();
+  const QLocale locale(services_.localization.effectiveCode());
+  for (const SessionStore::Item& item : services_.sessionStore.items()) {
+    state.history.push_back(
+        {item.label(locale, services_.runLoop.now()), item.hasThumbnail ? item.thumbnailFile() : QString()});
+  }
+  for (const RecordingBundle& bundle : listRecordings(recordingProjectsDirectory(services_.fileNames.movies()))) {
+    state.recordings.push_back({bundle.name, bundle.path});
+  }
+  state.canCleanUpRecordings = !state.recordings.empty();
+  for (const HotKeyAction action : allHotKeyActions) {
+    const auto binding = services_.hotKeySettings.binding(action);
+    if (binding && availableCommands().contains(commandOf(action))) state.shortcuts[commandOf(action)] = *binding;
+  }
+  state.available = availableCommands();
+  return state;
+}
+
+void AppDelegate::reloadHotKeys() {
+  hotKeyCenter_.reload(services_.hotKeySettings, [this](HotKeyAction action) { perform(commandOf(action)); });
+}
+
+void AppDelegate::hotKeysChanged() {
+  reloadHotKeys();
+  rebuildMenu();
+}
+
+void AppDelegate::languageChanged() {
+  translations_.use(services_.localization.effectiveCode());
+  rebuildMenu();
+  if (launcher_) launcher_->refresh();
+}
+
+void AppDelegate::settingsChangedElsewhere(const QStringList& keys) {
+  const bool hotKeys =
+      std::ranges::any_of(keys, [](const QString& key) { return key.startsWith(preferenceKey::hotKeyPrefix); });
+  if (hotKeys) services_.notices.post(notice::hotKeysChanged);
+  if (keys.contains(preferenceKey::appLanguage)) services_.notices.post(notice::languageChanged);
+}
+
+bool AppDelegate::reopenEntry(int index) {
+  if (index < 0 || static_cast<std::size_t>(index) >= services_.sessionStore.items().size()) return false;
+  services_.sessionStore.take(static_cast<std::size_t>(index), [this](std::optional<SessionStore::Entry> entry) {
+    if (!entry) {
+      //% "This capture can no longer be read"
+      showToast("exclamationmark.triangle.fill", qtTrId("toast.reopenFailed"), true);
+      return endWhenIdle();
+    }
+    const CapturePiece& piece = entry->pieces.front();
+    windows_.openEditor({{piece.image, piece.scale}, piece.png, std::nullopt, entry->capturedAt});
+  });
+  return true;
+}
+
+void AppDelegate::clearHistory() {
+  Alert alert;
+  //% "Clear the capture history?"
+  alert.title = qtTrId("alert.clearHistory.title");
+  //% "The last captures are deleted. Saved files stay where they are."
+  alert.body = qtTrId("alert.clearHistory.body");
+  //% "Clear History"
+  alert.buttons << qtTrId("alert.clearHistory.confirm");
+  //% "Cancel"
+  alert.buttons << qtTrId("alert.cancel");
+  alert.destructive = true;
+  AlertDialog::show(alert, [this](int button) {
+    if (button == 0) services_.sessionStore.clear();
+  });
+}
+
+void AppDelegate::loadFromClipboard() {
+  pictureLoading_.loadFromPasteboard([this](const PictureLoading::Outcome& outcome) { openLoaded(outcome); });
+}
+
+void AppDelegate::loadFromFile() {
+  auto* dialog = new QFileDialog;
+  dialog->setAttribute(Qt::WA_DeleteOnClose);
+  dialog->setFileMode(QFileDialog::ExistingFile);
+  //% "Open a picture"
+  dialog->setWindowTitle(qtTrId("load.file.title"));
+  //% "Pictures (%1)"
+  const QString filter = qtTrId("load.file.filter").arg(PictureLoading::fileNamePatterns());
+  dialog->setNameFilter(filter);
+  QObject::connect(dialog, &QFileDialog::fileSelected, dialog, [this](const QString& path) {
+    pictureLoading_.loadFromFile(path, [this](const PictureLoading::Outcome& outcome) { openLoaded(outcome); });
+  });
+  dialog->open();
+}
+
+void AppDelegate::openLoaded(const PictureLoading::Outcome& outcome) {
+  if (!outcome)
+    return showToast("exclamationmark.triangle.fill", localized(outcome.error().toLatin1().constData()), true);
+  const CapturedImage picture{outcome->bitmap, outcome->scale};
+  windows_.openEditor(
+      {picture, std::make_shared<SharedPng>(picture.image, picture.scale), std::nullopt, services_.runLoop.now()});
+}
+
+void AppDelegate::openRecordingsFolder() {
+  const QString folder = recordingProjectsDirectory(services_.fileNames.movies());
+  QDir().mkpath(folder);
+  services_.urlOpener.openFile(folder);
+}
+
+void AppDelegate::cleanUpRecordings() {
+  const auto bundles = listRecordings(recordingProjectsDirectory(services_.fileNames.movies()));
+  if (bundles.empty()) return;
+  qint64 bytes = 0;
+  for (const RecordingBundle& bundle : bundles) bytes += totalSize(bundle.path);
+  Alert alert;
+  //% "Move %n recording(s) to the Trash?"
+  alert.title = qtTrId("alert.cleanupRecordings.title", static_cast<int>(bundles.size()));
+  //% "They take up %1."
+  alert.body = qtTrId("alert.cleanupRecordings.body").arg(QLocale().formattedDataSize(bytes)) + u' ' +
+               //% "Recordings that are open stay."
+               qtTrId("alert.cleanupRecordings.openNote");
+  //% "Move to Trash"
+  alert.buttons << qtTrId("alert.cleanupRecordings.confirm") << qtTrId("alert.cancel");
+  alert.destructive = true;
+  AlertDialog::show(alert, [this, bundles](int button) {
+    if (button != 0) return;
+    for (const RecordingBundle& bundle : bundles) {
+      const auto moved = services_.trash.moveToTrash(bundle.path);
+      if (!moved) log::error(QStringLiteral("cleanup trash failed for %1").arg(moved.error().description()));
+    }
+    //% "Recordings moved to the Trash"
+    showToast("checkmark.circle.fill", qtTrId("toast.recordingsTrashed"), false);
+  });
+}
+
+void AppDelegate::reportOutcome(const CaptureOutcome& outcome) {
+  QStringList sentences;
+  for (LocalizedMessage message : outcomeMessages(outcome)) {
+    for (QString& argument : message.arguments) argument = shownFolder(argument, services_.fileNames.home());
+    sentences << localized(message.key, message.arguments);
+  }
+  showToast(outcomeIcon(outcome), sentences.join(QStringLiteral(" — ")), outcome.hasFailure());
+}
+
+void AppDelegate::showToast(const char* icon, const QString& text, bool isFailure) {
+  // A program that ends at once cannot keep a toast on the screen; the desktop's notification outlives it.
+  if (mode_ == Mode::OneShot && !windows_.hasOpenWindows()) {
+    if (::isatty(STDERR_FILENO) == 0) services_.notifier.notify(text, {});
+    return;
+  }
+  Toast::show(QString::fromLatin1(icon), text, isFailure ? ToastKind::Failure : ToastKind::Success, pointerScreen());
+}
+
+void AppDelegate::alertMissingAccess(Access missing, std::function<void()> openPage) {
+  Alert alert;
+  if (missing == Access::ScreenRecording) {
+    //% "Vellora may not see the screen"
+    alert.title = qtTrId("alert.screenRecording.title");
+    //% "Allow Vellora to record the screen in the desktop's privacy settings, then try again."
+    alert.body = qtTrId("alert.screenRecording.body");
+  } else {
+    //% "Vellora may not follow the pointer"
+    alert.title = qtTrId("alert.accessibility.title");
+    //% "Allow Vellora to use accessibility in the desktop's privacy settings, then try again."
+    alert.body = qtTrId("alert.accessibility.body");
+  }
+  //% "Open Settings"
+  alert.buttons << qtTrId("alert.screenRecording.open") << qtTrId("alert.cancel");
+  AlertDialog::show(alert, [openPage = std::move(openPage)](int button) {
+    if (button == 0) openPage();
+  });
+}
+
+void AppDelegate::showCountdown(int remaining) {
+  if (trayIcon_) trayIcon_->setCountdown(remaining);
+  if (!countdownPanel_) {
+    countdownPanel_ = std::make_unique<CountdownPanel>(&services_.hotKeys);
+    QObject::connect(countdownPanel_.get(), &CountdownPanel::cancelled, countdownPanel_.get(),
+                     [this] { services_.runLoop.post([this] { captures_.cancelSessions(); }); });
+  }
+  countdownPanel_->showRemaining(remaining, pointerScreen());
+}
+
+void AppDelegate::hideCountdown() {
+  if (trayIcon_) trayIcon_->setCountdown(std::nullopt);
+  countdownPanel_.reset();
+}
+
+void AppDelegate::openSettings() {
+  settingsWindow().present();
+  if (!TrayIcon::isTrayAvailable()) openLauncher();
+}
+
+void AppDelegate::openLauncher() {
+  if (!launcher_) {
+    launcher_ = std::make_unique<LauncherWindow>([this] { return menuState(); },
+                                                 [this](Command command, int index) { perform(command, index); });
+  }
+  launcher_->present();
+}
+
+void AppDelegate::writeSnapshotsIfAsked() {
+  const QString folder = qEnvironmentVariable("VELLORA_SETTINGS_SNAPSHOT");
+  if (folder.isEmpty()) return;
+  services_.runLoop.post([this, folder] { writeSettingsSnapshots(folder, settingsWindow()); });
+}
+
+}  // namespace vellora

@@ -1,0 +1,108 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include <QPointer>
+#include <QString>
+
+#include "app/AppServices.h"
+#include "app/CaptureWindows.h"
+#include "app/Command.h"
+#include "app/HotKeyCenter.h"
+#include "app/InstanceCommands.h"
+#include "app/PictureLoading.h"
+#include "app/StatusMenuModel.h"
+#include "app/Translations.h"
+#include "app/settings/GeneralSettingsModel.h"
+#include "app/settings/ShortcutsModel.h"
+#include "capture/CaptureCommands.h"
+#include "capture/ui/CountdownPanel.h"
+
+namespace vellora {
+
+class LauncherWindow;
+class SettingsWindow;
+class StatusMenu;
+class TrayIcon;
+
+/// The program with its windows: start-up, the status menu, every command's entry, and the orderly end. Main thread.
+class AppDelegate {
+ public:
+  enum class Mode {
+    Resident,  ///< in the tray, with hot keys, found by later starts
+    OneShot,   ///< carries out one command for the command line and ends with its windows
+  };
+
+  explicit AppDelegate(Mode mode);
+  ~AppDelegate();
+  AppDelegate(const AppDelegate&) = delete;
+  AppDelegate& operator=(const AppDelegate&) = delete;
+
+  /// Texts and the migration of earlier preferences: before anything reads a setting.
+  void applicationWillFinishLaunching();
+  /// Tray, hot keys, clean-up, observers. False when another instance is running already; it has been woken.
+  bool applicationDidFinishLaunching();
+  /// Closes pins and waits for every pending write.
+  void applicationWillTerminate();
+
+  /// Carries out one command, then ends the program as soon as none of its windows is open.
+  void runOnce(const QStringList& words);
+
+  /// Carries out a menu command; `index` names a history entry or a recording.
+  void perform(Command command, int index = -1);
+
+  void openSettings();
+  void openLauncher();
+
+ private:
+  void rebuildMenu();
+  void reloadHotKeys();
+  void hotKeysChanged();
+  void languageChanged();
+  void settingsChangedElsewhere(const QStringList& keys);
+  MenuState menuState();
+
+  bool reopenEntry(int index);
+  void clearHistory();
+  void loadFromClipboard();
+  void loadFromFile();
+  void openLoaded(const PictureLoading::Outcome& outcome);
+  void openRecordingsFolder();
+  void cleanUpRecordings();
+
+  void reportOutcome(const CaptureOutcome& outcome);
+  void showToast(const char* icon, const QString& text, bool isFailure);
+  void alertMissingAccess(Access missing, std::function<void()> openPage);
+  void showCountdown(int remaining);
+  void hideCountdown();
+  SettingsWindow& settingsWindow();
+  void writeSnapshotsIfAsked();
+  void endWhenIdle();
+
+  const Mode mode_;
+  AppServices services_;
+  Translations translations_;
+  AccessGate accessGate_;
+  CaptureCommands captures_;
+  CaptureWindows windows_;
+  CaptureCompletion completion_;
+  PictureLoading pictureLoading_;
+  HotKeyCenter hotKeyCenter_;
+  InstanceCommands instanceCommands_;
+  InstanceServer instanceServer_;
+  std::unique_ptr<StatusMenu> statusMenu_;
+  std::unique_ptr<TrayIcon> trayIcon_;
+  std::unique_ptr<CountdownPanel> countdownPanel_;
+  std::unique_ptr<LauncherWindow> launcher_;
+  std::unique_ptr<GeneralSettingsModel> generalModel_;
+  std::unique_ptr<ShortcutsModel> shortcutsModel_;
+  std::unique_ptr<SettingsWindow> settings_;
+  NotificationCenter::Subscription hotKeysObserver_;
+  NotificationCenter::Subscription languageObserver_;
+  // Of a one-shot run:
+  bool commandEnded_ = false;
+  int exitCode_ = 0;
+};
+
+}  // namespace vellora

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "preferences/HotKeyAction.h"
+
+namespace vellora {
+
+/// Everything a person can start from the menu.
+enum class Command {
+  CaptureArea,
+  CaptureWindow,
+  CaptureFullscreen,
+  CaptureScrolling,
+  CaptureText,
+  CaptureElement,
+  CaptureAreaSized,
+  CaptureFullscreenDelayed,
+  LoadFromClipboard,
+  LoadFromFile,
+  ReopenLast,
+  ReopenEntry,  ///< with an index
+  ClearHistory,
+  OpenCompressor,
+  ToggleRegionRecording,
+  TogglePauseRecording,
+  RecordWindow,
+  RecordFullscreen,
+  OpenRecentRecording,  ///< with an index
+  OpenRecordingsFolder,
+  CleanUpRecordings,
+  ImportVideo,
+  ToggleLive,
+  OpenSettings,
+  Quit,
+};
+
+/// A command as the menu shows it.
+struct CommandDescription {
+  Command command;
+  const char* titleKey;
+  const char* iconName;
+};
+
+const CommandDescription& describe(Command command);
+
+/// The hot key action that starts the same thing.
+std::optional<HotKeyAction> hotKeyActionOf(Command command);
+Command commandOf(HotKeyAction action);
+
+}  // namespace vellora

@@ -1,0 +1,55 @@
+#include "app/DesktopMain.h"
+
+#include <malloc.h>
+
+#include <QApplication>
+
+#include "app/AppDelegate.h"
+#include "app/Fonts.h"
+#include "app/TerminationSignals.h"
+#include "base/Log.h"
+#include "kit/Icons.h"
+
+namespace vellora {
+namespace {
+
+/// The words of a command given as "--capture …" or "--reopen …"; empty when the arguments give none.
+QStringList commandOf(QStringList arguments) {
+  if (arguments.isEmpty()) return {};
+  if (arguments.first() != u"--capture" && arguments.first() != u"--reopen") return {};
+  arguments.first().remove(0, 2);
+  return arguments;
+}
+
+}  // namespace
+
+int runDesktop(int argc, char** argv) {
+  // Two arenas serve the few threads well and keep what is freed in one place, where it can be given back.
+  ::mallopt(M_ARENA_MAX, 2);
+  registerFonts();
+  QApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("Vellora"));
+  QApplication::setApplicationVersion(QStringLiteral(VELLORA_VERSION));
+  QGuiApplication::setDesktopFileName(QStringLiteral("dev.orlo.Vellora"));
+  QApplication::setWindowIcon(icon(QStringLiteral("vellora")));
+  QApplication::setQuitOnLastWindowClosed(false);
+
+  const QStringList arguments = QApplication::arguments().mid(1);
+  const QStringList command = commandOf(arguments);
+  AppDelegate delegate(command.isEmpty() ? AppDelegate::Mode::Resident : AppDelegate::Mode::OneShot);
+  const TerminationSignals signals([] { QCoreApplication::quit(); });
+  delegate.applicationWillFinishLaunching();
+  if (command.isEmpty()) {
+    if (!delegate.applicationDidFinishLaunching()) return 0;
+    if (arguments.contains(QStringLiteral("--settings"))) delegate.openSettings();
+  } else {
+    QMetaObject::invokeMethod(
+        &application, [&] { delegate.runOnce(command); }, Qt::QueuedConnection);
+  }
+  const int exitCode = QApplication::exec();
+  delegate.applicationWillTerminate();
+  return exitCode;
+}
+
+}  // namespace vellora

@@ -1,0 +1,99 @@
+#include "cli/CommandTable.h"
+
+namespace vellora::cli {
+namespace {
+
+std::vector<OptionDescription> withCaptureOptions(std::vector<OptionDescription> own) {
+  const std::vector<OptionDescription> shared{
+      {"--delay", "S", "wait S seconds first"},
+      {"--save", "", "save to the folder of automatic saves"},
+      {"--copy", "", "put the picture on the clipboard"},
+      {"--edit", "", "open the picture in a window"},
+      {"--pin", "", "keep the picture above all other windows"},
+      {"--output", "FILE", "write the picture to FILE (PNG), replacing it", ValueHint::File},
+  };
+  own.insert(own.end(), shared.begin(), shared.end());
+  return own;
+}
+
+VerbDescription captureVerb() {
+  VerbDescription verb;
+  verb.name = "capture";
+  verb.summary = "take a picture of the screen";
+  verb.description =
+      "Without --save, --copy, --edit, --pin or --output the picture goes through the after-capture actions chosen in "
+      "the "
+      "settings. With --output alone it is only written to that file and does not enter the history. Positions and "
+      "sizes are "
+      "device pixels of the whole desktop, as the displays and windows verbs print them.";
+  verb.standsAlone = false;
+  verb.verbs = {
+      {"fullscreen",
+       "one display, by default the one under the pointer",
+       "",
+       {},
+       withCaptureOptions({{"--display", "ID", "the display with this id or name"}})},
+      {"area",
+       "a rectangle, dragged on the screen unless --region names one",
+       "",
+       {},
+       withCaptureOptions({{"--region", "X,Y,W,H", "this rectangle of the desktop, in device pixels"}})},
+      {"window",
+       "one window without what covers it, picked on the screen unless --window names one",
+       "",
+       {},
+       withCaptureOptions({{"--window", "ID", "the window with this id"}})},
+  };
+  return verb;
+}
+
+VerbDescription historyVerb() {
+  VerbDescription verb;
+  verb.name = "history";
+  verb.summary = "the ten last captures";
+  verb.standsAlone = false;
+  verb.verbs = {
+      {"list", "list them, the newest first", ""},
+      {"reopen", "open one again", "", {{"N", "its number in the list, from 1", false}}},
+      {"clear", "forget and delete all of them", ""},
+  };
+  return verb;
+}
+
+VerbDescription settingsVerb() {
+  VerbDescription verb;
+  verb.name = "settings";
+  verb.summary = "show the settings window, or read and change single settings";
+  verb.verbs = {
+      {"list", "list every setting with its value", ""},
+      {"get", "print one setting", "", {{"KEY", "the setting's name, as listed"}}},
+      {"set", "change one setting", "", {{"KEY", "the setting's name, as listed"}, {"VALUE", "its new value"}}},
+      {"reset", "return one setting to its default", "", {{"KEY", "the setting's name, as listed"}}},
+  };
+  return verb;
+}
+
+}  // namespace
+
+const std::vector<VerbDescription>& commandTable() {
+  static const std::vector<VerbDescription> table{
+      captureVerb(),
+      {"displays", "list the displays: id, position, size, scale, refresh rate", ""},
+      {"windows", "list the windows that can be captured, the frontmost first", ""},
+      historyVerb(),
+      settingsVerb(),
+      {"completion",
+       "print the completion script of a shell",
+       "",
+       {{"SHELL", "bash, zsh or fish", true, {"bash", "zsh", "fish"}}}},
+      {"manual", "print the manual page", ""},
+  };
+  return table;
+}
+
+const OptionDescription& jsonOption() {
+  static const OptionDescription option{"--json", "", "print one JSON object on standard output"};
+  return option;
+}
+
+}  // namespace vellora::cli

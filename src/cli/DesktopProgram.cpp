@@ -1,0 +1,55 @@
+#include "cli/DesktopProgram.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <vector>
+
+#include <QFile>
+#include <QFileInfo>
+
+#include "cli/CommandLine.h"
+#include "cli/Terminal.h"
+
+namespace vellora::cli {
+namespace {
+
+const QString programName = QStringLiteral("vellora-desktop");
+
+/// Beside this program in a build, below libexec when installed.
+QString programPath() {
+  const QString here = QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).absolutePath();
+  for (const QString& folder : {here, here + QStringLiteral("/../libexec/vellora")}) {
+    const QFileInfo candidate(folder + u'/' + programName);
+    if (candidate.isExecutable()) return candidate.absoluteFilePath();
+  }
+  return {};
+}
+
+}  // namespace
+
+int becomeDesktopProgram(const QStringList& arguments) {
+  if (!requireDesktop()) return Failed;
+  const QString path = programPath();
+  if (path.isEmpty()) {
+    printError(QStringLiteral("%1 is missing from this installation").arg(programName));
+    return Failed;
+  }
+  std::vector<QByteArray> words{QFile::encodeName(path)};
+  for (const QString& argument : arguments) words.push_back(argument.toUtf8());
+  std::vector<char*> pointers;
+  for (QByteArray& word : words) pointers.push_back(word.data());
+  pointers.push_back(nullptr);
+  ::execv(words.front().constData(), pointers.data());
+  printError(QStringLiteral("cannot start %1: %2").arg(path, QString::fromLocal8Bit(std::strerror(errno))));
+  return Failed;
+}
+
+bool requireDesktop() {
+  if (!qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) return true;
+  printError(QStringLiteral("there is no display here; set DISPLAY, or use verbs that need no window"));
+  return false;
+}
+
+}  // namespace vellora::cli

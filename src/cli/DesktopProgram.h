@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace vellora::cli {
+
+/// Becomes the program with the windows, which carries on in this process's place. Returns only when it cannot be
+/// started, with the exit code; the reason has been printed.
+int becomeDesktopProgram(const QStringList& arguments);
+
+/// Whether there is a desktop at all; without one a message is printed.
+bool requireDesktop();
+
+}  // namespace vellora::cli

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "cli/CommandLine.h"
+
+/// What each verb does; the result is the exit code.
+namespace vellora::cli {
+
+int launch();
+int capture(const Invocation& invocation);
+int listDisplays(const Invocation& invocation);
+int listWindows(const Invocation& invocation);
+int listHistory(const Invocation& invocation);
+int reopenFromHistory(const Invocation& invocation);
+int clearHistory(const Invocation& invocation);
+int showSettings();
+int listSettings(const Invocation& invocation);
+int getSetting(const Invocation& invocation);
+int setSetting(const Invocation& invocation);
+int resetSetting(const Invocation& invocation);
+
+}  // namespace vellora::cli

@@ -1,0 +1,93 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include <QLocale>
+#include <QString>
+
+#include "base/Lifetime.h"
+#include "base/RunLoop.h"
+#include "base/SerialQueue.h"
+#include "editor/CapturePiece.h"
+#include "editor/SessionDocument.h"
+
+namespace vellora {
+
+/// The history: the ten most recent captures, each a folder with its pieces as PNG files, a thumbnail and
+/// "session.json". A session folder appears under its name complete or not at all, and several processes may add to one
+/// history. Main thread; files are read and written on the queue "dev.orlo.vellora.session-store".
+class SessionStore {
+ public:
+  static constexpr std::size_t limit = 10;
+
+  /// One line of the history.
+  struct Item {
+    QString directory;  ///< absolute; its last component is the session's id
+    std::int64_t pixelWidth = 0;
+    std::int64_t pixelHeight = 0;
+    Date savedAt;
+    bool hasThumbnail = false;  ///< whether thumbnailFile() can be read
+
+    QString id() const;
+    QString thumbnailFile() const;  ///< shown 48 × 30 points
+    /// "1280 × 720 — 14:03:12"; an earlier day's line carries the day.
+    QString label(const QLocale& locale, Date now) const;
+  };
+
+  /// What reopening hands back.
+  struct Entry {
+    std::vector<CapturePiece> pieces;
+    Json annotations = Json::array();
+    Json backdrop;
+    Date capturedAt;
+  };
+
+  /// Decodes a picture file; nothing when it is no picture. Called on the store's queue.
+  using PictureReader = std::function<std::optional<Bitmap>(const QString& path)>;
+
+  /// "Vellora/Sessions" in the user's application support folder.
+  static QString defaultDirectory(const QString& applicationSupport);
+
+  SessionStore(QString sessionsDirectory, RunLoop& runLoop, PictureReader reader);
+  ~SessionStore();
+
+  /// Newest first.
+  const std::vector<Item>& items() const { return items_; }
+
+  /// Reads the index anew: takes in what other processes added or removed, and deletes folders that hold no session.
+  void loadIndex();
+
+  /// Records a finished capture as the newest entry; does nothing without pieces.
+  void push(std::vector<CapturePiece> pieces, const Json& annotations, const Json& backdrop, Date capturedAt);
+
+  /// Takes an entry out of the history, on disk too, and delivers it on the main thread; nothing when there is no such
+  /// entry or it cannot be read.
+  void take(std::size_t index, std::function<void(std::optional<Entry>)> completion);
+
+  /// Forgets and deletes every listed session.
+  void clear();
+
+  /// Waits until every write and deletion asked for so far has landed. The one wait of termination.
+  void waitForPendingWrites() { ioQueue_.drain(); }
+
+  /// Called on the main thread after a write ended, with whether it succeeded.
+  void setWriteObserver(std::function<void(bool)> observer) { writeObserver_ = std::move(observer); }
+
+ private:
+  void prune();
+  void removeFolderLater(const QString& directory);
+  void writeFinished(const QString& id, bool success, bool hasThumbnail);
+
+  const QString sessionsDirectory_;
+  RunLoop& runLoop_;
+  const PictureReader reader_;
+  std::vector<Item> items_;
+  std::vector<QString> pendingWrites_;  ///< ids of sessions whose folders are not there yet
+  std::function<void(bool)> writeObserver_;
+  Lifetime lifetime_;
+  SerialQueue ioQueue_{"dev.orlo.vellora.session-store"};
+};
+
+}  // namespace vellora
