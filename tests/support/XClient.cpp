@@ -144,7 +144,7 @@ void TestWindow::waitUntilViewable(bool viewable) const {
     const auto reply = owned(xcb_get_window_attributes_reply(client_.connection(), cookie, nullptr));
     return reply && (reply->map_state == XCB_MAP_STATE_VIEWABLE) == viewable;
   });
-  EXPECT_TRUE(reached) << "the window did not " << (viewable ? "appear" : "disappear");
+  EXPECT_TRUE(reached) << options_.title << " did not " << (viewable ? "appear" : "disappear");
 }
 
 void TestWindow::map() {

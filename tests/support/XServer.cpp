@@ -125,8 +125,17 @@ bool XServer::startBus() {
 bool XServer::startWindowManager() {
   windowManager_ = spawn({"openbox"});
   const XClient client(*this);
-  const bool ready = waitFor([&] { return !client.property(client.root(), "_NET_SUPPORTING_WM_CHECK").empty(); }) &&
-                     waitFor([&] { return !client.property(client.root(), "_NET_WORKAREA").empty(); });
+  const auto announced = [&] { return !client.property(client.root(), "_NET_SUPPORTING_WM_CHECK").empty(); };
+  // It announces itself before it listens, and a window shown in between would stay hidden for ever: it is ready once
+  // it has put a frame around a window.
+  const auto frames = [&] {
+    TestWindow probe(*this, {.frame = {0, 0, 20, 20}, .mapped = false});
+    xcb_map_window(client.connection(), probe.id());
+    client.sync();
+    return waitFor([&] { return probe.topLevel() != probe.id(); }, 0.2);
+  };
+  const bool ready = waitFor(announced) && waitFor(frames) &&
+                     waitFor([&] { return client.property(client.root(), "_NET_CLIENT_LIST").empty(); });
   if (!ready) ADD_FAILURE() << "openbox did not start";
   return ready;
 }
