@@ -15,7 +15,9 @@
 namespace vellora {
 namespace {
 
-constexpr int leastHeight = 48;
+constexpr int rowMargin = 7;
+constexpr int noticeGap = 5;  // below the notice, beside the row's margin
+constexpr int leastHeight = 48 - 2 * rowMargin;
 
 }  // namespace
 
@@ -37,18 +39,18 @@ SettingsRow::SettingsRow(QWidget* control, QWidget* parent)
   texts->addWidget(help_);
   auto* const line = new QHBoxLayout;
   line->setSpacing(0);
+  line->addStrut(leastHeight);
   line->addWidget(iconRoom_, 0, Qt::AlignVCenter);
   line->addLayout(texts, 1);
   line->addSpacing(tokens::space4);
   line->addWidget(control_, 0, Qt::AlignVCenter);
   auto* const rows = new QVBoxLayout(this);
   // The control's room for its focus ring is part of the margin.
-  rows->setContentsMargins(tokens::space4, 7, tokens::space4 - tokens::focusRingRoom, 7);
+  rows->setContentsMargins(tokens::space4, rowMargin, tokens::space4 - tokens::focusRingRoom, rowMargin);
   rows->setSpacing(tokens::space1);
   rows->addLayout(line, 1);
   rows->addWidget(notice_);
-  notice_->setContentsMargins(0, 0, 0, 5);
-  setMinimumHeight(leastHeight);
+  notice_->setContentsMargins(0, 0, 0, noticeGap);
   repaintOnThemeChange(*this);
 }
 
@@ -66,6 +68,9 @@ void SettingsRow::setHelp(const QString& help) {
 void SettingsRow::setIconName(const QString& name) {
   iconName_ = name;
   iconRoom_->setVisible(!name.isEmpty());
+  const int indent = name.isEmpty() ? 0 : iconRoom_->width();
+  const bool mirrored = layoutDirection() == Qt::RightToLeft;
+  notice_->setContentsMargins(mirrored ? 0 : indent, 0, mirrored ? indent : 0, noticeGap);
   update();
 }
 

@@ -146,8 +146,12 @@ void followTheme(QWidget& window) {
     QToolTip::setFont(secondaryFont());
     window.update();
   };
-  window.setFont(bodyFont());
   apply();
+  // A menu may be styled once more with the menu it is part of.
+  constexpr char followed[] = "velloraFollowsTheme";
+  if (window.property(followed).toBool()) return;
+  window.setProperty(followed, true);
+  window.setFont(bodyFont());
   QObject::connect(&Theme::shared(), &Theme::changed, &window, apply);
 }
 

@@ -17,12 +17,15 @@ namespace {
 
 class Logo final : public QWidget {
  public:
-  Logo() { setFixedSize(72, 72); }
+  Logo() { setFixedSize(64, 64); }
 
  protected:
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
-    paintIcon(painter, QStringLiteral("vellora"), rect(), Theme::shared().palette().text);
+    // The drawing leaves a sixteenth free on each side.
+    const double inset = width() * 8.0 / 112;
+    paintIcon(painter, QStringLiteral("vellora"), QRectF(rect()).adjusted(-inset, -inset, inset, inset),
+              Theme::shared().palette().text);
   }
 };
 
@@ -61,6 +64,7 @@ AboutPage::AboutPage(AboutInfo info, std::function<void(const QString&)> open, Q
   group_ = addGroup();
   auto* const licenceName = new TextLabel(TextLabel::Role::Secondary, info_.licence);
   licenceName->setWordWrap(false);
+  licenceName->setContentsMargins(0, 0, tokens::focusRingRoom, 0);
   licence_ = new SettingsRow(licenceName);
   licence_->setVisible(!info_.licence.isEmpty());
   group_->addRow(licence_);

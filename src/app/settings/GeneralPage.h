@@ -27,6 +27,7 @@ class GeneralPage final : public RetranslatablePage {
   ~GeneralPage() override;
 
   void retranslate() override;
+  void refresh() override;
 
  private:
   struct ActionRow {
@@ -38,7 +39,6 @@ class GeneralPage final : public RetranslatablePage {
   void addClipboard();
   void addFolder();
   void addLanguage();
-  void refresh();
   void toggle(AfterCaptureAction action, bool on);
   void chooseFolder();
 

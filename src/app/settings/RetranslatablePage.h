@@ -11,6 +11,8 @@ class RetranslatablePage : public SettingsPage {
  public:
   using SettingsPage::SettingsPage;
   virtual void retranslate() = 0;
+  /// Reads the values anew, which another program may have changed meanwhile.
+  virtual void refresh() {}
 };
 
 }  // namespace vellora

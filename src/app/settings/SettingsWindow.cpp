@@ -4,12 +4,11 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPushButton>
 #include <QShortcut>
 #include <QStackedWidget>
-#include <QStyle>
 #include <QVBoxLayout>
 
+#include "app/settings/PageButton.h"
 #include "app/settings/ShortcutsPage.h"
 #include "kit/Icons.h"
 #include "kit/Paint.h"
@@ -20,7 +19,6 @@ namespace vellora {
 namespace {
 
 constexpr int sidebarWidth = 192;
-constexpr int pageButtonHeight = 34;
 
 QString iconOf(SettingsPageId page) {
   switch (page) {
@@ -64,64 +62,6 @@ QString identifier(SettingsPageId page) {
   return {};
 }
 
-/// A page's entry in the sidebar.
-class SettingsWindow::PageButton final : public QPushButton {
- public:
-  PageButton(const QString& iconName, QWidget* parent) : QPushButton(parent), iconName_(iconName) {
-    setCheckable(true);
-    setAutoExclusive(true);  // the arrow keys move among them
-    setFont(bodyFont());
-    setFocusPolicy(Qt::StrongFocus);
-    setAttribute(Qt::WA_Hover);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    repaintOnThemeChange(*this);
-  }
-
-  QSize sizeHint() const override { return {sidebarWidth - 2 * tokens::space3, pageButtonHeight}; }
-  QSize minimumSizeHint() const override { return {96, pageButtonHeight}; }
-
- protected:
-  bool hitButton(const QPoint& position) const override { return rect().contains(position); }
-
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    const Palette& palette = Theme::shared().palette();
-    const QRectF edge = QRectF(rect());
-    if (isChecked()) {
-      fillRounded(painter, edge, tokens::controlRadius, palette.selection);
-    } else if (isDown() || underMouse()) {
-      fillRounded(painter, edge, tokens::controlRadius, isDown() ? palette.pressed : palette.hover);
-    }
-    const QRect inner = rect().adjusted(tokens::space2 + 2, 0, -tokens::space2, 0);
-    const auto place = [&](const QRect& logical) { return QStyle::visualRect(layoutDirection(), inner, logical); };
-    const QRect iconRect =
-        place({inner.left(), inner.center().y() + 1 - tokens::menuIcon / 2, tokens::menuIcon, tokens::menuIcon});
-    paintIcon(painter, iconName_, snapped(painter, iconRect), isChecked() ? palette.accent : palette.secondaryText);
-    painter.setFont(font());
-    painter.setPen(palette.text);
-    painter.drawText(place(inner.adjusted(tokens::menuIcon + tokens::space2 + 2, 0, 0, 0)),
-                     static_cast<int>(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignVCenter),
-                     text());
-    if (focus_.visible()) strokeRounded(painter, edge, tokens::controlRadius, palette.accent, tokens::focusRingWidth);
-  }
-
-  void focusInEvent(QFocusEvent* event) override {
-    focus_.focusIn(*event);
-    QPushButton::focusInEvent(event);
-    update();
-  }
-
-  void focusOutEvent(QFocusEvent* event) override {
-    focus_.focusOut();
-    QPushButton::focusOutEvent(event);
-    update();
-  }
-
- private:
-  QString iconName_;
-  KeyboardFocus focus_;
-};
-
 SettingsWindow::SettingsWindow(SettingsContext context, QWidget* parent)
     : QWidget(parent, Qt::Window),
       context_(std::move(context)),
@@ -132,7 +72,7 @@ SettingsWindow::SettingsWindow(SettingsContext context, QWidget* parent)
   followTheme(*this);
   setWindowIcon(icon(QStringLiteral("vellora")));
   setMinimumSize(640, 440);
-  resize(780, 640);
+  resize(800, 680);
   auto* const entries = new QVBoxLayout(sidebar_);
   entries->setContentsMargins(tokens::space3, tokens::space4, tokens::space3, tokens::space4);
   entries->setSpacing(2);
@@ -208,6 +148,12 @@ void SettingsWindow::present() {
   activateWindow();
 }
 
+void SettingsWindow::refresh() {
+  for (RetranslatablePage* const made : pages_) {
+    if (made != nullptr) made->refresh();
+  }
+}
+
 void SettingsWindow::retranslate() {
   //% "Vellora Settings"
   setWindowTitle(qtTrId("settings.title"));
@@ -236,6 +182,11 @@ void SettingsWindow::keyPressEvent(QKeyEvent* event) {
     return;
   }
   QWidget::keyPressEvent(event);
+}
+
+void SettingsWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) refresh();
+  QWidget::changeEvent(event);
 }
 
 void SettingsWindow::closeEvent(QCloseEvent* event) {

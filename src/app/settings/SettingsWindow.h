@@ -13,6 +13,8 @@ class QStackedWidget;
 
 namespace vellora {
 
+class PageButton;
+
 /// What the settings window works on; everything outlives it.
 struct SettingsContext {
   Settings& settings;
@@ -50,6 +52,9 @@ class SettingsWindow final : public QWidget {
   /// Shows the window, or brings it to the front.
   void present();
 
+  /// Reads all values anew; the window does it by itself when it becomes the active one.
+  void refresh();
+
  signals:
   /// The window was closed; its owner may destroy it later, from the event loop.
   void closed();
@@ -57,11 +62,10 @@ class SettingsWindow final : public QWidget {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  class PageButton;
-
   void retranslate();
   void step(int by);
 

@@ -75,8 +75,8 @@ void ShortcutsPage::retranslate() {
   setTitle(qtTrId("settings.shortcuts.title"));
   //% "Global shortcuts"
   group_->setTitle(qtTrId("settings.shortcuts.group"));
-  //% "They work in every program. Click a shortcut, then press the new combination: with Ctrl, Alt or Super, or a
-  //function key alone."
+  //% "They work in every program. Click a shortcut and press the new combination: "
+  //% "with Ctrl, Alt or Super, or a function key alone."
   group_->setInfo(qtTrId("settings.shortcuts.info"));
   for (std::size_t i = 0; i < entries_.size(); ++i) {
     const QString title = qtTrId(titleKey(allHotKeyActions[i]));

@@ -20,6 +20,7 @@ class ShortcutsPage final : public RetranslatablePage {
   ~ShortcutsPage() override;
 
   void retranslate() override;
+  void refresh() override;
 
   ShortcutRecorder* recorder(HotKeyAction action) const;
   SettingsRow* row(HotKeyAction action) const;
@@ -33,7 +34,6 @@ class ShortcutsPage final : public RetranslatablePage {
   };
 
   void addEntry(std::size_t index);
-  void refresh();
   void refreshNotice(std::size_t index);
 
   ShortcutsModel& model_;
