@@ -5,6 +5,7 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 #include "media/DeflateBlock.h"
@@ -69,8 +70,17 @@ class PixelMatcher {
   static constexpr std::size_t leastNear = sizeof(Pixel) == 1 ? 3 : 1;
   static constexpr std::size_t leastFar = sizeof(Pixel) == 1 ? 5 : 2;
 
-  /// Which bytes of a word have to agree where it is looked up.
-  static constexpr std::uint64_t keyBytes = sizeof(Pixel) == 1 ? 0xFF'FFFF'FFFFULL : ~std::uint64_t{0};
+  /// How many pixels, and which bits of a word, have to agree where it is looked up.
+  static constexpr std::size_t keyPixels = sizeof(Pixel) == 1 ? 5 : 2;
+  static constexpr std::uint64_t keyBits = ~std::uint64_t{0} >> (64 - 8 * sizeof(Pixel) * keyPixels);
+
+  /// An earlier place with the same pixels.
+  struct Seen {
+    std::size_t pixels = 0;
+    std::uint32_t distance = 0;
+  };
+  /// Where the pixels at `x` were seen last, if they still are in the window; remembers this place.
+  Seen lookUp(const Pixel* row, std::uint32_t rowNumber, std::size_t x);
 
   static std::uint64_t word(const Pixel* pixels) {
     std::uint64_t value;
@@ -106,6 +116,24 @@ class PixelMatcher {
 };
 
 template <class Pixel>
+inline typename PixelMatcher<Pixel>::Seen PixelMatcher<Pixel>::lookUp(const Pixel* row, std::uint32_t rowNumber,
+                                                                      std::size_t x) {
+  const std::uint64_t key = word(row + x) & keyBits;
+  const std::uint32_t here = rowNumber + static_cast<std::uint32_t>(x);
+  const std::uint32_t candidate = std::exchange(last_[hash(key)], here);
+  if (candidate < first_ || candidate >= here) return {};
+  const Pixel* const there = pixels_.data() + (candidate - first_);
+  if ((word(there) & keyBits) != key) return {};
+  const std::size_t back = here - candidate;
+  const std::size_t rowsBack = back <= x ? 0 : 1 + (back - x - 1) / width_;
+  const std::size_t distance = back * bytesPerPixel_ + rowsBack;
+  if (distance > windowBytes) return {};
+  // A match ends with either row: the filter bytes between rows are not its business.
+  const std::size_t column = x + rowsBack * width_ - back;
+  return {common(row + x, there, width_ - std::max(x, column)), static_cast<std::uint32_t>(distance)};
+}
+
+template <class Pixel>
 void PixelMatcher<Pixel>::match(std::uint8_t filter, DeflateBlock<Pixel>& block) {
   const Pixel* const row = pixels_.data() + rows_ * width_;
   const std::uint32_t rowNumber = first_ + static_cast<std::uint32_t>(rows_ * width_);
@@ -137,25 +165,9 @@ void PixelMatcher<Pixel>::match(std::uint8_t filter, DeflateBlock<Pixel>& block)
       take(up, rowBytes_);
       continue;
     }
-    std::size_t seen = 0;
-    std::uint32_t seenDistance = 0;
-    const std::uint64_t next = word(row + x) & keyBytes;
-    const std::uint32_t here = rowNumber + static_cast<std::uint32_t>(x);
-    std::uint32_t& slot = last_[hash(next)];
-    const std::uint32_t candidate = slot;
-    slot = here;
-    if (candidate >= first_ && candidate < here && (word(pixels_.data() + (candidate - first_)) & keyBytes) == next) {
-      const auto back = here - candidate;
-      const std::uint32_t rowsBack = back <= x ? 0 : 1 + static_cast<std::uint32_t>((back - x - 1) / width_);
-      const std::uint32_t distance = back * bytesPerPixel_ + rowsBack;
-      if (distance <= windowBytes) {
-        const std::size_t column = x + rowsBack * width_ - back;
-        seen = common(row + x, pixels_.data() + (candidate - first_), std::min(rest, width_ - column));
-        seenDistance = distance;
-      }
-    }
-    if (seen >= leastFar && seen > left + 1 && seen > up) {
-      take(seen, seenDistance);
+    const Seen earlier = rest >= keyPixels ? lookUp(row, rowNumber, x) : Seen{};
+    if (earlier.pixels >= leastFar && earlier.pixels > left + 1 && earlier.pixels > up) {
+      take(earlier.pixels, earlier.distance);
     } else if (left >= leastNear && left + 1 >= up) {
       take(left, bytesPerPixel_);
     } else if (up >= leastFar) {

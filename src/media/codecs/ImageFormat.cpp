@@ -64,6 +64,20 @@ bool isCompleteJpeg(const QByteArray& data) {
   return false;
 }
 
+bool isCompleteBmp(const QByteArray& data) {
+  constexpr qsizetype throughCompression = 34;
+  if (data.size() < throughCompression) return false;
+  const auto valueAt = [&](qsizetype position) { return qFromLittleEndian<std::int32_t>(data.constData() + position); };
+  constexpr int oldestHeader = 12, plain = 0, withMasks = 3;
+  if (valueAt(14) == oldestHeader || (valueAt(30) != plain && valueAt(30) != withMasks)) return true;
+  const qint64 width = valueAt(18), height = std::abs(qint64{valueAt(22)});
+  const qint64 bits = qFromLittleEndian<std::uint16_t>(data.constData() + 28);
+  const auto offset = static_cast<std::uint32_t>(valueAt(10));
+  // No overflow: 2^31 × 2^16 bits a row, checked before it is multiplied by the rows.
+  const qint64 rowBytes = (width * bits + 31) / 32 * 4;
+  return width > 0 && height > 0 && rowBytes <= data.size() && rowBytes * height <= data.size() - qint64{offset};
+}
+
 double pngScale(const QByteArray& data) {
   constexpr qsizetype signature = 8, overhead = 12;
   for (qsizetype position = signature; position + overhead <= data.size();) {

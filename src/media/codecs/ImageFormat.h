@@ -14,6 +14,10 @@ ImageFormat imageFormatOf(const QByteArray& data);
 /// grey and say nothing.
 bool isCompleteJpeg(const QByteArray& data);
 
+/// Whether the rows that an uncompressed BMP announces are all there; true for the rare compressed ones. Decoders leave
+/// missing rows black.
+bool isCompleteBmp(const QByteArray& data);
+
 /// The device pixels per point that a PNG's pHYs chunk states: 144 dots per inch are 2. 1 when there is none, and for
 /// densities that are no common display scale, such as a scanner's.
 double pngScale(const QByteArray& data);

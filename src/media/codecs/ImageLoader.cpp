@@ -126,6 +126,7 @@ Result<LoadedImage, ImageLoadError> ImageLoader::fromData(const QByteArray& data
   const ImageFormat format = imageFormatOf(data);
   if (format == ImageFormat::Unknown) return failure(ImageLoadError::NotAnImage);
   if (format == ImageFormat::Jpeg && !isCompleteJpeg(data)) return failure(ImageLoadError::Damaged);
+  if (format == ImageFormat::Bmp && !isCompleteBmp(data)) return failure(ImageLoadError::Damaged);
   auto image = format == ImageFormat::Heif ? readHeif(data) : read(data, format);
   if (!image) return failure(image.error());
   LoadedImage loaded;
