@@ -21,14 +21,15 @@ constexpr std::array<std::string_view, 6> pictureTypes{"image/png",  "image/tiff
 
 class Reader {
  public:
-  explicit Reader(xcb::Display display)
+  Reader(xcb::Display display, int cancel)
       : display_(std::move(display)),
         connection_(display_.connection.get()),
         window_(xcb::makeExchangeWindow(display_)),
         clipboard_(xcb::atom(connection_, "CLIPBOARD")),
         incr_(xcb::atom(connection_, "INCR")),
         property_(xcb::atom(connection_, "VELLORA_CLIPBOARD")),
-        end_(xcb::monotonicMilliseconds() + wholeMilliseconds) {}
+        end_(xcb::monotonicMilliseconds() + wholeMilliseconds),
+        cancel_(cancel) {}
 
   std::optional<ClipboardPicture> read() {
     const auto targets = convert(xcb::atom(connection_, "TARGETS"));
@@ -58,7 +59,7 @@ class Reader {
     xcb_delete_property(connection_, window_, property_);
     xcb_convert_selection(connection_, window_, clipboard_, target, property_, XCB_CURRENT_TIME);
     const std::int64_t until = deadline();
-    while (const auto event = xcb::waitForEvent(connection_, until)) {
+    while (const auto event = xcb::waitForEvent(connection_, until, cancel_)) {
       if (xcb::kindOf(*event) != XCB_SELECTION_NOTIFY) continue;
       const auto& notice = reinterpret_cast<const xcb_selection_notify_event_t&>(*event);
       if (notice.requestor != window_ || notice.target != target) continue;
@@ -94,7 +95,7 @@ class Reader {
 
   std::optional<std::vector<std::byte>> receivePieces() {
     std::vector<std::byte> bytes;
-    while (const auto event = xcb::waitForEvent(connection_, deadline())) {
+    while (const auto event = xcb::waitForEvent(connection_, deadline(), cancel_)) {
       if (xcb::kindOf(*event) != XCB_PROPERTY_NOTIFY) continue;
       const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(*event);
       if (change.atom != property_ || change.state != XCB_PROPERTY_NEW_VALUE) continue;
@@ -113,15 +114,16 @@ class Reader {
   xcb_atom_t incr_;
   xcb_atom_t property_;
   std::int64_t end_;
+  int cancel_;
   bool silent_ = false;
 };
 
 }  // namespace
 
-std::optional<ClipboardPicture> readClipboardPicture() {
+std::optional<ClipboardPicture> readClipboardPicture(int cancel) {
   auto display = xcb::openDisplay();
   if (!display) return std::nullopt;
-  return Reader(std::move(*display)).read();
+  return Reader(std::move(*display), cancel).read();
 }
 
 }  // namespace vellora

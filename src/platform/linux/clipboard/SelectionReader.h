@@ -14,7 +14,8 @@ struct ClipboardPicture {
 };
 
 /// Fetches the picture on the X clipboard, lossless types first. Nothing when there is none, it is larger than 512 MiB,
-/// or its owner is silent for two seconds. Blocks meanwhile: any thread but the main one.
-std::optional<ClipboardPicture> readClipboardPicture();
+/// or its owner is silent for two seconds. Blocks meanwhile: any thread but the main one. Gives up at once when the
+/// descriptor `cancel` (-1: none) can be read.
+std::optional<ClipboardPicture> readClipboardPicture(int cancel = -1);
 
 }  // namespace vellora

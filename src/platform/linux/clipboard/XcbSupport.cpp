@@ -4,6 +4,7 @@
 #include <time.h>
 
 #include <algorithm>
+#include <array>
 
 namespace vellora::xcb {
 
@@ -40,7 +41,7 @@ std::int64_t monotonicMilliseconds() {
   return std::int64_t{time.tv_sec} * 1000 + time.tv_nsec / 1000000;
 }
 
-Owned<xcb_generic_event_t> waitForEvent(xcb_connection_t* connection, std::int64_t deadline) {
+Owned<xcb_generic_event_t> waitForEvent(xcb_connection_t* connection, std::int64_t deadline, int cancel) {
   xcb_flush(connection);
   while (xcb_connection_has_error(connection) == 0) {
     if (Owned<xcb_generic_event_t> event{xcb_poll_for_event(connection)}) return event;
@@ -49,8 +50,9 @@ Owned<xcb_generic_event_t> waitForEvent(xcb_connection_t* connection, std::int64
       timeout = static_cast<int>(std::max<std::int64_t>(0, deadline - monotonicMilliseconds()));
       if (timeout == 0) return nullptr;
     }
-    pollfd waiting{xcb_get_file_descriptor(connection), POLLIN, 0};
-    ::poll(&waiting, 1, timeout);
+    std::array<pollfd, 2> waiting{{{xcb_get_file_descriptor(connection), POLLIN, 0}, {cancel, POLLIN, 0}}};
+    ::poll(waiting.data(), waiting.size(), timeout);
+    if (waiting[1].revents != 0) return nullptr;
   }
   return nullptr;
 }

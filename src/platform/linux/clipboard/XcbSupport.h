@@ -39,9 +39,10 @@ xcb_atom_t atom(xcb_connection_t* connection, std::string_view name);
 /// Milliseconds of a clock that never jumps.
 std::int64_t monotonicMilliseconds();
 
-/// Waits for an event until the moment `deadline` (monotonicMilliseconds; negative: for ever). Nothing when time ran
-/// out or the server is gone.
-Owned<xcb_generic_event_t> waitForEvent(xcb_connection_t* connection, std::int64_t deadline);
+/// Waits for an event until the moment `deadline` (monotonicMilliseconds; negative: for ever) or until the descriptor
+/// `cancel`
+/// (-1: none) can be read. Nothing when it ended without an event or the server is gone.
+Owned<xcb_generic_event_t> waitForEvent(xcb_connection_t* connection, std::int64_t deadline, int cancel = -1);
 
 /// The kind of an event, whoever sent it.
 inline std::uint8_t kindOf(const xcb_generic_event_t& event) {

@@ -1,5 +1,8 @@
 #include "platform/linux/desktop/DesktopPasteboard.h"
 
+#include <sys/eventfd.h>
+#include <unistd.h>
+
 #include <memory>
 
 #include <QFile>
@@ -27,7 +30,13 @@ std::optional<Pasteboard::ImageOffer> offerOf(const std::optional<ClipboardPictu
 DesktopPasteboard::DesktopPasteboard(RunLoop& runLoop) : DesktopPasteboard(runLoop, vellora::holderProgram()) {}
 
 DesktopPasteboard::DesktopPasteboard(RunLoop& runLoop, std::string holderProgram)
-    : runLoop_(runLoop), holderProgram_(std::move(holderProgram)) {}
+    : runLoop_(runLoop), holderProgram_(std::move(holderProgram)), cancel_(::eventfd(0, EFD_CLOEXEC)) {}
+
+DesktopPasteboard::~DesktopPasteboard() {
+  ::eventfd_write(cancel_, 1);
+  queue_.drain();
+  ::close(cancel_);
+}
 
 bool DesktopPasteboard::write(PasteboardContent content) {
   const QByteArray tiff = content.png.isEmpty() && content.tiff ? content.tiff() : QByteArray();
@@ -43,8 +52,8 @@ bool DesktopPasteboard::write(PasteboardContent content) {
 
 void DesktopPasteboard::readImage(std::function<void(std::optional<ImageOffer>)> done) {
   auto shared = std::make_shared<std::function<void(std::optional<ImageOffer>)>>(lifetime_.guard(std::move(done)));
-  queue_.async([&runLoop = runLoop_, shared] {
-    runLoop.post([shared, offer = offerOf(readClipboardPicture())]() mutable { (*shared)(std::move(offer)); });
+  queue_.async([&runLoop = runLoop_, shared, cancel = cancel_] {
+    runLoop.post([shared, offer = offerOf(readClipboardPicture(cancel))]() mutable { (*shared)(std::move(offer)); });
   });
 }
 

@@ -17,6 +17,8 @@ class DesktopPasteboard final : public Pasteboard {
   explicit DesktopPasteboard(RunLoop& runLoop);
   /// With the holder's executable in another place than usual.
   DesktopPasteboard(RunLoop& runLoop, std::string holderProgram);
+  /// Ends a reading under way at once.
+  ~DesktopPasteboard() override;
 
   bool write(PasteboardContent content) override;
   void readImage(std::function<void(std::optional<ImageOffer>)> done) override;
@@ -24,6 +26,7 @@ class DesktopPasteboard final : public Pasteboard {
  private:
   RunLoop& runLoop_;
   const std::string holderProgram_;
+  const int cancel_;  ///< readable once this object goes
   SerialQueue queue_{"dev.orlo.vellora.pasteboard"};
   Lifetime lifetime_;
 };

@@ -16,6 +16,8 @@ namespace {
 constexpr int shortAnswerMilliseconds = 2000;
 
 InstanceError errorFor(const QDBusMessage& reply) {
+  // The bus's answer to a call that must not start the service; Qt has no value for it.
+  if (reply.errorName() == QLatin1String("org.freedesktop.DBus.Error.NameHasNoOwner")) return InstanceError::NotRunning;
   switch (QDBusError(reply).type()) {
     case QDBusError::ServiceUnknown:
     case QDBusError::Disconnected:

@@ -19,26 +19,31 @@ constexpr char introspection[] =
     "direction=\"out\"/>"
     "</method></interface>";
 
-/// Answers one delayed call exactly once.
+/// Answers one delayed call exactly once. Knows the connection by name only: a copy would keep it, and the callers
+/// waiting on it, alive beyond the server.
 class PendingReply {
  public:
-  PendingReply(QDBusConnection connection, QDBusMessage call)
-      : connection_(std::move(connection)), call_(std::move(call)) {}
+  PendingReply(QString connectionName, QDBusMessage call)
+      : connectionName_(std::move(connectionName)), call_(std::move(call)) {}
   PendingReply(const PendingReply&) = delete;
   PendingReply& operator=(const PendingReply&) = delete;
   ~PendingReply() {
     if (!answered_) {
-      connection_.send(
-          call_.createErrorReply(QLatin1String(instanceBus::errorAbandoned), QStringLiteral("not answered")));
+      send(call_.createErrorReply(QLatin1String(instanceBus::errorAbandoned), QStringLiteral("not answered")));
     }
   }
   void answer(const CommandOutcome& outcome) {
     if (std::exchange(answered_, true)) return;
-    connection_.send(call_.createReply({outcome.exitCode, outcome.standardOutput, outcome.standardError}));
+    send(call_.createReply({outcome.exitCode, outcome.standardOutput, outcome.standardError}));
   }
 
  private:
-  QDBusConnection connection_;
+  void send(const QDBusMessage& message) {
+    const QDBusConnection connection(connectionName_);
+    if (connection.isConnected()) connection.send(message);
+  }
+
+  QString connectionName_;
   QDBusMessage call_;
   bool answered_ = false;
 };
@@ -71,7 +76,7 @@ class InstanceServer::Object final : public QDBusVirtualObject {
   bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
     if (message.type() != QDBusMessage::MethodCallMessage) return false;
     if (!message.interface().isEmpty() && message.interface() != QLatin1String(instanceBus::interface)) return false;
-    if (message.member() == QLatin1String("Run")) return run(message, connection);
+    if (message.member() == QLatin1String("Run")) return run(message);
     const std::function<void()>* handler = nullptr;
     const std::function<void()> nothing = [] {};
     if (message.member() == QLatin1String("Activate")) handler = &handlers_.activate;
@@ -85,10 +90,10 @@ class InstanceServer::Object final : public QDBusVirtualObject {
   }
 
  private:
-  bool run(const QDBusMessage& message, const QDBusConnection& connection) {
+  bool run(const QDBusMessage& message) {
     if (message.signature() != QLatin1String("ass")) return false;
     message.setDelayedReply(true);
-    const auto pending = std::make_shared<PendingReply>(connection, message);
+    const auto pending = std::make_shared<PendingReply>(connectionName_, message);
     if (handlers_.run) {
       handlers_.run({message.arguments().at(0).toStringList(), message.arguments().at(1).toString()},
                     [pending](const CommandOutcome& outcome) { pending->answer(outcome); });
