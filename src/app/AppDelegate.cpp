@@ -213,7 +213,12 @@ MenuState AppDelegate::menuState() {
 }
 
 void AppDelegate::reloadHotKeys() {
-  hotKeyCenter_.reload(services_.hotKeySettings, [this](HotKeyAction action) { perform(commandOf(action)); });
+  // A combination that would do nothing yet is left to the other programs.
+  std::vector<HotKeyAction> actions;
+  for (const HotKeyAction action : allHotKeyActions) {
+    if (availableCommands().contains(commandOf(action))) actions.push_back(action);
+  }
+  hotKeyCenter_.reload(services_.hotKeySettings, actions, [this](HotKeyAction action) { perform(commandOf(action)); });
 }
 
 void AppDelegate::hotKeysChanged() {

@@ -17,9 +17,10 @@ void HotKeyCenter::unregisterAll() {
   refused_.clear();
 }
 
-void HotKeyCenter::reload(const HotKeySettings& settings, const std::function<void(HotKeyAction)>& perform) {
+void HotKeyCenter::reload(const HotKeySettings& settings, const std::vector<HotKeyAction>& actions,
+                          const std::function<void(HotKeyAction)>& perform) {
   unregisterAll();
-  for (const HotKeyAction action : allHotKeyActions) {
+  for (const HotKeyAction action : actions) {
     const auto binding = settings.binding(action);
     if (!binding) continue;
     if (registerHotKey(binding->keyCode, binding->carbonModifiers, [perform, action] { perform(action); })) continue;

@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <set>
+#include <vector>
 
 #include "platform/HotKeyService.h"
 #include "preferences/HotKeySettings.h"
