@@ -26,7 +26,9 @@ FileError FileError::fromErrno(int error, const QString& path) {
   return {kind, path, QString::fromLocal8Bit(std::strerror(error))};
 }
 
-QString FileError::description() const { return path + QStringLiteral(": ") + message; }
+QString FileError::description() const {
+  return path + QStringLiteral(": ") + message;
+}
 
 namespace AtomicFile {
 namespace {
@@ -39,7 +41,8 @@ class TemporaryFile {
  public:
   static Result<TemporaryFile, FileError> create(const QString& folder, mode_t mode) {
     for (int tries = 0; tries < 100; ++tries) {
-      const QString name = QStringLiteral(".vellora-%1.tmp").arg(QRandomGenerator::global()->generate64(), 16, 16, QChar(u'0'));
+      const QString name =
+          QStringLiteral(".vellora-%1.tmp").arg(QRandomGenerator::global()->generate64(), 16, 16, QChar(u'0'));
       QByteArray path = QFile::encodeName(QDir(folder).filePath(name));
       const int fd = ::open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode);
       if (fd >= 0) return TemporaryFile(fd, std::move(path));
@@ -118,7 +121,8 @@ Result<void, FileError> write(const QString& path, std::span<const std::byte> da
   struct stat old {};
   if (::stat(QFile::encodeName(target).constData(), &old) == 0) file->allow(old.st_mode & 07777);
   if (const int error = file->fill(data, durability)) return failure(FileError::fromErrno(error, path));
-  if (const int error = file->moveReplacing(QFile::encodeName(target))) return failure(FileError::fromErrno(error, path));
+  if (const int error = file->moveReplacing(QFile::encodeName(target)))
+    return failure(FileError::fromErrno(error, path));
   if (durability == Durability::PowerCut) syncFolder(folder);
   return {};
 }

@@ -25,8 +25,8 @@ struct FileError {
 /// Whether a write waits until the disk holds it (survives a power cut) or leaves that to the system (survives a kill).
 enum class Durability { Kill, PowerCut };
 
-/// Files that appear whole or not at all: bytes go to a hidden temporary file in the same folder, which then takes the final
-/// name in one step. A kill at any moment leaves the old content or the new one. Any thread.
+/// Files that appear whole or not at all: bytes go to a hidden temporary file in the same folder, which then takes the
+/// final name in one step. A kill at any moment leaves the old content or the new one. Any thread.
 namespace AtomicFile {
 
 /// Writes or replaces `path`. A replaced file keeps its permissions; a link is followed.
@@ -34,8 +34,8 @@ Result<void, FileError> write(const QString& path, std::span<const std::byte> da
                               Durability durability = Durability::Kill);
 Result<void, FileError> write(const QString& path, const QByteArray& data, Durability durability = Durability::Kill);
 
-/// Writes a new file in `folder` under the first free name of "stem.ext", "stem (2).ext", …, never replacing anything, also
-/// when another process picks the same name at the same moment. Returns the path taken.
+/// Writes a new file in `folder` under the first free name of "stem.ext", "stem (2).ext", …, never replacing anything,
+/// also when another process picks the same name at the same moment. Returns the path taken.
 Result<QString, FileError> writeNew(const QString& folder, const QString& stem, const QString& extension,
                                     std::span<const std::byte> data, Durability durability = Durability::Kill);
 Result<QString, FileError> writeNew(const QString& folder, const QString& stem, const QString& extension,

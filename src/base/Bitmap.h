@@ -15,15 +15,16 @@ enum class PixelAlpha {
   Premultiplied,  ///< alpha; the colour bytes are already multiplied by it
 };
 
-/// An image in memory: 4 bytes a pixel in the order blue, green, red, alpha (the layout of X11's 24 and 32 bit visuals and of
-/// QImage's RGB32 and ARGB32_Premultiplied on little-endian machines). A handle: copies share the pixels. Pixels are
-/// written only by whoever made the bitmap, before handing it on; after that every thread may read.
+/// An image in memory: 4 bytes a pixel in the order blue, green, red, alpha (the layout of X11's 24 and 32 bit visuals
+/// and of QImage's RGB32 and ARGB32_Premultiplied on little-endian machines). A handle: copies share the pixels. Pixels
+/// are written only by whoever made the bitmap, before handing it on; after that every thread may read.
 class Bitmap {
  public:
   Bitmap() = default;
 
   /// Wraps memory owned elsewhere; `owner` keeps it alive. `stride` is in bytes, at least width × 4.
-  Bitmap(const std::byte* pixels, PixelSize size, std::size_t stride, PixelAlpha alpha, std::shared_ptr<const void> owner)
+  Bitmap(const std::byte* pixels, PixelSize size, std::size_t stride, PixelAlpha alpha,
+         std::shared_ptr<const void> owner)
       : pixels_(pixels), size_(size), stride_(stride), alpha_(alpha), owner_(std::move(owner)) {}
 
   /// The largest accepted edge in pixels and the largest accepted area in bytes.

@@ -46,14 +46,24 @@ QByteArray serialize(const Json& value) {
   return QByteArray::fromStdString(value.dump(-1, ' ', false, Json::error_handler_t::replace));
 }
 
-Json fromPoint(Point point) { return Json::array({point.x, point.y}); }
-Json fromSize(Size size) { return Json::array({size.width, size.height}); }
-Json fromRect(const Rect& rect) { return Json::array({fromPoint(rect.origin), fromSize(rect.size)}); }
+Json fromPoint(Point point) {
+  return Json::array({point.x, point.y});
+}
+Json fromSize(Size size) {
+  return Json::array({size.width, size.height});
+}
+Json fromRect(const Rect& rect) {
+  return Json::array({fromPoint(rect.origin), fromSize(rect.size)});
+}
 Json fromColor(const ColorComponents& c) {
   return Json{{"red", c.red}, {"green", c.green}, {"blue", c.blue}, {"alpha", c.alpha}};
 }
-Json fromDate(Date date) { return Json(date.secondsSinceReference); }
-Json fromString(const QString& text) { return Json(text.toStdString()); }
+Json fromDate(Date date) {
+  return Json(date.secondsSinceReference);
+}
+Json fromString(const QString& text) {
+  return Json(text.toStdString());
+}
 
 std::optional<double> number(const Json& value) {
   if (!value.is_number()) return std::nullopt;

@@ -18,8 +18,8 @@ namespace vellora {
 /// JSON with keys in the order they were written.
 using Json = nlohmann::ordered_json;
 
-/// The stored forms of the shared values: a point is [x, y], a size [width, height], a rectangle [[x, y], [width, height]], a
-/// colour an object with the keys red, green, blue, alpha, a date seconds since 2001-01-01 00:00:00 UTC.
+/// The stored forms of the shared values: a point is [x, y], a size [width, height], a rectangle [[x, y], [width,
+/// height]], a colour an object with the keys red, green, blue, alpha, a date seconds since 2001-01-01 00:00:00 UTC.
 namespace json {
 
 /// Documents nested deeper than this are refused.

@@ -5,8 +5,9 @@
 
 namespace vellora {
 
-/// Ties callbacks to their owner: a guarded callback does nothing once the Lifetime is gone. Guarded callbacks run on the
-/// thread that destroys the owner (the main thread); they may be carried through others. Declare it as the last member.
+/// Ties callbacks to their owner: a guarded callback does nothing once the Lifetime is gone. Guarded callbacks run on
+/// the thread that destroys the owner (the main thread); they may be carried through others. Declare it as the last
+/// member.
 class Lifetime {
  public:
   Lifetime() : token_(std::make_shared<char>()) {}

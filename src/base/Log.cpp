@@ -38,6 +38,8 @@ void write(Level level, const QString& text) {
   [[maybe_unused]] const auto written = ::write(STDERR_FILENO, bytes.constData(), static_cast<size_t>(bytes.size()));
 }
 
-void setSink(Sink sink) { currentSink.store(sink); }
+void setSink(Sink sink) {
+  currentSink.store(sink);
+}
 
 }  // namespace vellora::log

@@ -28,7 +28,9 @@ class QtTimer final : public Timer {
 
 }  // namespace
 
-void QtRunLoop::post(Task task) { QMetaObject::invokeMethod(&context_, std::move(task), Qt::QueuedConnection); }
+void QtRunLoop::post(Task task) {
+  QMetaObject::invokeMethod(&context_, std::move(task), Qt::QueuedConnection);
+}
 
 TimerHandle QtRunLoop::after(double seconds, Task task) {
   return std::make_unique<QtTimer>(seconds, false, std::move(task));
@@ -38,7 +40,9 @@ TimerHandle QtRunLoop::every(double seconds, Task task) {
   return std::make_unique<QtTimer>(seconds, true, std::move(task));
 }
 
-Date QtRunLoop::now() const { return Date::fromDateTime(QDateTime::currentDateTimeUtc()); }
+Date QtRunLoop::now() const {
+  return Date::fromDateTime(QDateTime::currentDateTimeUtc());
+}
 
 double QtRunLoop::hostTime() const {
   timespec time{};

@@ -10,8 +10,8 @@
 namespace vellora {
 
 /// Runs tasks one after the other on a thread of its own. Each queue has one owner and a label in reverse-DNS form
-/// ("dev.orlo.vellora.session-store"); the label's last part names the thread. The thread starts with the first task and
-/// sleeps without waking while there is none. A task must not throw.
+/// ("dev.orlo.vellora.session-store"); the label's last part names the thread. The thread starts with the first task
+/// and sleeps without waking while there is none. A task must not throw.
 class SerialQueue {
  public:
   using Task = std::function<void()>;

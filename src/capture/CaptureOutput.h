@@ -26,7 +26,7 @@ struct CaptureOutputRequest {
   bool save = false;
   QString saveFolder;
   NamePrecision namePrecision = NamePrecision::Milliseconds;  ///< of the saved file's name
-  QString outputFile;  ///< absolute; written, or replaced, when not empty
+  QString outputFile;                                         ///< absolute; written, or replaced, when not empty
   ClipboardMode clipboardMode = ClipboardMode::FileAndImage;
 };
 

@@ -13,8 +13,8 @@ namespace vellora {
 /// What a copy puts on the clipboard. Empty fields are left out.
 struct PasteboardContent {
   QByteArray png;
-  /// Makes the TIFF form; called on the main thread when a program first asks for it, so that a large picture is encoded
-  /// twice only when somebody wants it.
+  /// Makes the TIFF form; called on the main thread when a program first asks for it, so that a large picture is
+  /// encoded twice only when somebody wants it.
   std::function<QByteArray()> tiff;
   QString filePath;  ///< absolute; offered as a file URL
 };
@@ -24,7 +24,8 @@ class Pasteboard {
  public:
   virtual ~Pasteboard() = default;
 
-  /// Takes over the clipboard; false when the desktop has none. What was written goes on pasting after the process ends.
+  /// Takes over the clipboard; false when the desktop has none. What was written goes on pasting after the process
+  /// ends.
   virtual bool write(PasteboardContent content) = 0;
 
   /// What the clipboard's picture is: encoded bytes of some image type, or the local file it names.
@@ -32,8 +33,8 @@ class Pasteboard {
     QByteArray encoded;
     QString filePath;
   };
-  /// Asks for a picture; nothing when there is none or its owner does not answer within two seconds. The callback comes on
-  /// the main thread, never from inside this call.
+  /// Asks for a picture; nothing when there is none or its owner does not answer within two seconds. The callback comes
+  /// on the main thread, never from inside this call.
   virtual void readImage(std::function<void(std::optional<ImageOffer>)> done) = 0;
 };
 

@@ -11,8 +11,8 @@
 
 namespace vellora {
 
-/// One flat table of values by key that outlives the process. Readers get nothing when the key is absent or its value has
-/// another type; nothing is rewritten on reading. Main thread.
+/// One flat table of values by key that outlives the process. Readers get nothing when the key is absent or its value
+/// has another type; nothing is rewritten on reading. Main thread.
 class PreferenceStore {
  public:
   virtual ~PreferenceStore() = default;

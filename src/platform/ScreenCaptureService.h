@@ -14,14 +14,14 @@ namespace vellora {
 using DisplayId = std::uint32_t;
 using WindowId = std::uint32_t;
 
-/// One display of the desktop. Positions on the desktop are device pixels: with displays of different scales it is the only
-/// space without gaps or overlaps.
+/// One display of the desktop. Positions on the desktop are device pixels: with displays of different scales it is the
+/// only space without gaps or overlaps.
 struct DisplayInfo {
   DisplayId id = 0;
-  QString name;              ///< the connector or monitor name, "DP-1"
-  PixelRect frame;           ///< on the desktop, in device pixels
-  double scale = 1;          ///< device pixels per point
-  double refreshRate = 60;   ///< in Hz; 60 where the display does not tell
+  QString name;             ///< the connector or monitor name, "DP-1"
+  PixelRect frame;          ///< on the desktop, in device pixels
+  double scale = 1;         ///< device pixels per point
+  double refreshRate = 60;  ///< in Hz; 60 where the display does not tell
   bool isPrimary = false;
   friend bool operator==(const DisplayInfo&, const DisplayInfo&) = default;
 };
@@ -30,9 +30,9 @@ struct DisplayInfo {
 struct WindowInfo {
   WindowId id = 0;
   QString title;
-  QString application;  ///< the program's class name, "Firefox"
+  QString application;         ///< the program's class name, "Firefox"
   std::int64_t processId = 0;  ///< 0 when unknown
-  PixelRect frame;      ///< with its decorations, without its shadow, on the desktop
+  PixelRect frame;             ///< with its decorations, without its shadow, on the desktop
   friend bool operator==(const WindowInfo&, const WindowInfo&) = default;
 };
 
@@ -49,8 +49,9 @@ enum class ScreenCaptureError {
   Failed,        ///< the desktop refused or memory is short
 };
 
-/// Still images of the desktop. Pixels are the desktop's own, without the pointer. Every call may take tens of milliseconds:
-/// call it from a queue, not from the main thread. Calls from several threads are served one after the other.
+/// Still images of the desktop. Pixels are the desktop's own, without the pointer. Every call may take tens of
+/// milliseconds: call it from a queue, not from the main thread. Calls from several threads are served one after the
+/// other.
 class ScreenCaptureService {
  public:
   virtual ~ScreenCaptureService() = default;

@@ -25,8 +25,12 @@ void VirtualRunLoop::post(Task task) {
   posted_.notify_all();
 }
 
-TimerHandle VirtualRunLoop::after(double seconds, Task task) { return add(seconds, 0, std::move(task)); }
-TimerHandle VirtualRunLoop::every(double seconds, Task task) { return add(seconds, seconds, std::move(task)); }
+TimerHandle VirtualRunLoop::after(double seconds, Task task) {
+  return add(seconds, 0, std::move(task));
+}
+TimerHandle VirtualRunLoop::every(double seconds, Task task) {
+  return add(seconds, seconds, std::move(task));
+}
 
 TimerHandle VirtualRunLoop::add(double seconds, double interval, Task task) {
   const std::uint64_t number = next_++;

@@ -11,7 +11,8 @@
 
 namespace vellora::test {
 
-/// A RunLoop whose time stands still until the test moves it. Timers fire in the order of their moments, then of their making.
+/// A RunLoop whose time stands still until the test moves it. Timers fire in the order of their moments, then of their
+/// making.
 class VirtualRunLoop final : public RunLoop {
  public:
   void post(Task task) override;

@@ -1,3 +1,5 @@
 #include "app/DesktopMain.h"
 
-int main(int argc, char** argv) { return vellora::runDesktop(argc, argv); }
+int main(int argc, char** argv) {
+  return vellora::runDesktop(argc, argv);
+}

@@ -1,3 +1,5 @@
 #include "cli/Program.h"
 
-int main(int argc, char** argv) { return vellora::cli::run(argc, argv); }
+int main(int argc, char** argv) {
+  return vellora::cli::run(argc, argv);
+}

@@ -1,3 +1,5 @@
 #include "platform/linux/clipboard/HolderLauncher.h"
 
-int main() { return vellora::runClipboardHolder(); }
+int main() {
+  return vellora::runClipboardHolder();
+}
