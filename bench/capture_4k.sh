@@ -52,6 +52,6 @@ hyperfine --shell=none --warmup "$warmup" --runs "$runs" "$@"
 echo "File sizes in bytes:"
 for name in scrot maim vellora; do
   [ -e "$folder/$name.png" ] || continue
-  different=$(/usr/bin/compare -metric AE "$folder/maim.png" "$folder/$name.png" null: 2>&1 || true)
-  printf '  %-8s %9d   pixels unlike maim: %s\n' "$name" "$(wc -c < "$folder/$name.png")" "$different"
+  different=$(/usr/bin/compare -metric AE "$folder/desktop.png" "$folder/$name.png" null: 2>&1 || true)
+  printf '  %-8s %9d   pixels unlike the desktop: %s\n' "$name" "$(wc -c < "$folder/$name.png")" "$different"
 done
