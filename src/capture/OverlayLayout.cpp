@@ -119,7 +119,9 @@ OverlayParts layOut(const OverlayScene& scene, const DisplayInfo& display, const
   }
 
   if (scene.loupe) {
-    const int glass = overlay::loupePixels * pixels(overlay::loupeZoom, scale) + 2 * pixels(overlay::loupeRim, scale);
+    // A pixel of air around the rim takes its smoothed edge.
+    const int glass =
+        overlay::loupePixels * pixels(overlay::loupeZoom, scale) + 2 * pixels(overlay::loupeRim, scale) + 4;
     const int captionGap = pixels(overlay::captionGap, scale);
     const PixelSize caption{pixels(overlay::captionWidth, scale), pixels(overlay::captionHeight, scale)};
     const PixelRect block = loupePlace(*scene.loupe, {glass, glass + captionGap + caption.height}, bounds,

@@ -426,6 +426,7 @@ OverlayScene SelectionModel::scene() const {
       // A cross hair moved by keys is about to draw, not to take a window.
       scene.clear = keyboardMoved_ ? std::nullopt : highlighted();
       scene.frame = scene.clear ? OverlayFrame::Highlight : OverlayFrame::None;
+      scene.showsSize = scene.clear.has_value();
       scene.loupe = cross_;
       break;
     case Phase::Dragging:

@@ -151,11 +151,13 @@ void OverlayPainter::paintMarker(QPainter& painter, const OverlayParts& parts) c
 }
 
 void OverlayPainter::paintLoupe(QPainter& painter, const OverlayParts& parts) const {
-  const QRectF glass = local(*parts.loupe);
+  // Nothing may reach beyond the announced rectangle, smoothed edges included.
+  const QRectF glass = QRectF(local(*parts.loupe)).adjusted(1, 1, -1, -1);
   const double rim = std::max(1.0, std::round(pixels(overlay::loupeRim)));
-  const QRectF inner = glass.adjusted(rim, rim, -rim, -rim);
   const int count = overlay::loupePixels;
-  const double cell = inner.width() / count;
+  const double cell = std::max(1.0, std::round(pixels(overlay::loupeZoom)));
+  QRectF inner(0, 0, count * cell, count * cell);
+  inner.moveCenter(glass.center());
   const PixelPoint center{parts.loupePixel.x - display_.frame.x, parts.loupePixel.y - display_.frame.y};
 
   const QImage still = sharedImage(still_);
@@ -163,7 +165,7 @@ void OverlayPainter::paintLoupe(QPainter& painter, const OverlayParts& parts) co
 
   painter.setPen(Qt::NoPen);
   painter.setBrush(chromeGround());
-  painter.drawEllipse(glass.adjusted(-0.5, -0.5, 0.5, 0.5));
+  painter.drawEllipse(glass);
   if (!source.isNull()) {
     QBrush magnified(source);
     magnified.setTransform(QTransform(cell, 0, 0, cell, inner.x(), inner.y()));
@@ -194,7 +196,7 @@ void OverlayPainter::paintLoupe(QPainter& painter, const OverlayParts& parts) co
   painter.drawRect(middle.adjusted(-line / 2, -line / 2, line / 2, line / 2));
 
   painter.setPen(QPen(Qt::white, rim));
-  painter.drawEllipse(glass.adjusted(rim / 2, rim / 2, -rim / 2, -rim / 2));
+  painter.drawEllipse(inner.adjusted(-rim / 2 + 0.5, -rim / 2 + 0.5, rim / 2 - 0.5, rim / 2 - 0.5));
 
   if (still.isNull() || !still.rect().contains(center.x, center.y)) return;
   const QColor color = still.pixelColor(center.x, center.y);

@@ -128,12 +128,14 @@ void OverlayWindow::timerEvent(QTimerEvent* event) {
 
 void OverlayWindow::exposeEvent(QExposeEvent*) {
   if (!isExposed()) return;
-  if (!drawn_) {
+  const bool first = !drawn_;
+  if (first) {
     drawn_ = true;
     store_.resize(size());
     shown_ = parts();
   }
   paintAll();
+  if (first) emit appeared();
 }
 
 void OverlayWindow::paintAll() {

@@ -30,6 +30,7 @@ class OverlayWindow final : public QWindow {
   /// paints the dimmed picture by itself.
   void setStill(Bitmap still);
   void setGroundPainted() { groundPainted_ = true; }
+  bool hasAppeared() const { return drawn_; }
   bool isReady() const { return groundPainted_ || painter_.hasStill(); }
 
   /// What to show from now on, at once if the window is on screen.
@@ -38,6 +39,8 @@ class OverlayWindow final : public QWindow {
   void startHint();
 
  signals:
+  /// The window is on screen and painted for the first time.
+  void appeared();
   void pointerMoved(vellora::PixelPoint position, Qt::KeyboardModifiers modifiers);
   void pointerPressed(Qt::MouseButton button, vellora::PixelPoint position, Qt::KeyboardModifiers modifiers,
                       int clicks);

@@ -100,6 +100,7 @@ void QtOverlayPresenter::prepare(const std::vector<DisplayInfo>& displays) {
 }
 
 void QtOverlayPresenter::connectWindow(OverlayWindow& window) {
+  connect(&window, &OverlayWindow::appeared, this, &QtOverlayPresenter::windowAppeared);
   connect(&window, &OverlayWindow::pointerMoved, this, [this](PixelPoint position, Qt::KeyboardModifiers modifiers) {
     if (input_ != nullptr) input_->pointerMoved(position, toModifiers(modifiers));
   });
@@ -147,8 +148,13 @@ void QtOverlayPresenter::reveal() {
   grabber_ = active != windows_.end() ? *active : windows_.front();
   grabAttempts_ = 0;
   grab();
+}
+
+/// One window more has its first frame; the hint comes after the last of them, because fonts may have to be read from
+/// disk.
+void QtOverlayPresenter::windowAppeared() {
+  if (!std::ranges::all_of(windows_, [](const OverlayWindow* window) { return window->hasAppeared(); })) return;
   emit shown();
-  // The texts come after the first frame: fonts may have to be read from disk.
   QTimer::singleShot(0, this, run_->guard([this] {
     for (OverlayWindow* window : windows_) {
       if (window->display().id == scene_.display) window->startHint();

@@ -33,7 +33,7 @@ class QtOverlayPresenter final : public QObject, public OverlayPresenter {
   KeyModifiers modifiers() const override;
 
  signals:
-  /// The overlays are on the screens.
+  /// The overlays are on the screens, painted.
   void shown();
 
  protected:
@@ -43,6 +43,7 @@ class QtOverlayPresenter final : public QObject, public OverlayPresenter {
   void connectWindow(OverlayWindow& window);
   void stillArrived(OverlayWindow& window, const CaptureEngine::Image& image);
   void reveal();
+  void windowAppeared();
   void grab();
   void releaseGrabs();
   void watchDisplays(bool watch);

@@ -1,9 +1,10 @@
 // Runs one overlay session on the display it finds itself on, for tests and measurements:
-//   overlay_probe area|adjust|window [PICTURE.png]
+//   overlay_probe area|adjust|window [PICTURE.png [TEXTS.qm]]
 // Prints "ready" before the session begins, "shown MILLISECONDS" when the overlays are up, and at the end
 // "took X,Y WIDTHxHEIGHT scale S after MILLISECONDS" or "nothing".
 #include <QApplication>
 #include <QImage>
+#include <QTranslator>
 #include <cstdio>
 #include <cstring>
 #include <memory>
@@ -14,16 +15,18 @@
 #include "capture/ui/OverlayPainter.h"
 #include "capture/ui/QtOverlayPresenter.h"
 #include "platform/linux/x11/X11ScreenCapture.h"
-#include "platform/linux/x11/X11ScreenService.h"
+#include "platform/linux/x11/X11Screens.h"
 
 int main(int argc, char** argv) {
   using namespace vellora;
   QApplication application(argc, argv);
   const QString mode = QString::fromUtf8(argc > 1 ? argv[1] : "area");
   const QString file = QString::fromUtf8(argc > 2 ? argv[2] : "");
+  QTranslator texts;
+  if (argc > 3 && texts.load(QString::fromUtf8(argv[3]))) QApplication::installTranslator(&texts);
   QtRunLoop loop;
   X11ScreenCapture capture;
-  X11ScreenService screens;
+  X11Screens screens;
   CaptureEngine engine(capture, loop);
   QtOverlayPresenter presenter(engine);
   engine.shareableContentNow();
