@@ -186,7 +186,7 @@ bool X11ImageReader::read(xcb_drawable_t drawable, const X11PixelFormat& format,
     sharedMemoryRefused_ = true;
     return readWhole(drawable, format, source, target, at);
   }
-  if (stripRows == source.height || grab == ServerGrab::AlreadyHeld) {
+  if (stripRows == source.height || grab != ServerGrab::Take) {
     return readStrips(strips, drawable, format, source, stripRows, target, at);
   }
   const X11ServerGrab held(connection_);

@@ -44,7 +44,11 @@ void convertPixels(const std::byte* source, int count, const X11PixelFormat& for
 /// kept between two reads. Without shared memory (a forwarded connection) the picture comes as one answer.
 class X11ImageReader {
  public:
-  enum class ServerGrab { Take, AlreadyHeld };
+  enum class ServerGrab {
+    Take,         ///< a large picture is taken while the server is held
+    AlreadyHeld,  ///< the caller holds it
+    NotNeeded,    ///< nobody else draws there
+  };
 
   explicit X11ImageReader(X11Connection& connection) : connection_(connection) {}
 
