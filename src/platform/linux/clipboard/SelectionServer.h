@@ -32,8 +32,8 @@ class SelectionServer {
   struct Transfer {
     Bytes rest;
     std::shared_ptr<const std::vector<std::byte>> keeper;
-    xcb_atom_t type;
-    std::int64_t lastMove;
+    xcb_atom_t type = XCB_ATOM_NONE;
+    std::int64_t lastMove = 0;
   };
   using TransferKey = std::pair<xcb_window_t, xcb_atom_t>;
   struct Answer {

@@ -23,8 +23,8 @@ constexpr char introspection[] =
 /// waiting on it, alive beyond the server.
 class PendingReply {
  public:
-  PendingReply(QString connectionName, QDBusMessage call)
-      : connectionName_(std::move(connectionName)), call_(std::move(call)) {}
+  PendingReply(const QString& connectionName, const QDBusMessage& call)
+      : connectionName_(connectionName), call_(call) {}
   PendingReply(const PendingReply&) = delete;
   PendingReply& operator=(const PendingReply&) = delete;
   ~PendingReply() {
