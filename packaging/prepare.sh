@@ -1,5 +1,8 @@
 # Shared by ./run and ./check; sourced by bash in the root of the tree.
 
+# Checkouts in different folders share what the compiler has already made.
+export CCACHE_BASEDIR=$PWD
+
 say() { printf '\033[1m==>\033[0m %s\n' "$*" >&2; }
 fail() { printf 'error: %s\n' "$*" >&2; exit 1; }
 
