@@ -14,12 +14,15 @@
 #include "app/RecentRecordings.h"
 #include "app/StatusMenu.h"
 #include "app/TrayIcon.h"
+#include "app/settings/FunctionKeyMode.h"
 #include "app/settings/SettingsSnapshot.h"
 #include "app/settings/SettingsWindow.h"
 #include "base/Log.h"
 #include "kit/AlertDialog.h"
 #include "kit/Toast.h"
 #include "platform/linux/desktop/InstanceClient.h"
+#include "preferences/LegacyMigration.h"
+#include "preferences/PreferenceKeys.h"
 
 namespace vellora {
 namespace {
@@ -221,6 +224,14 @@ void AppDelegate::reloadHotKeys() {
   hotKeyCenter_.reload(services_.hotKeySettings, actions, [this](HotKeyAction action) { perform(commandOf(action)); });
 }
 
+void AppDelegate::suspendHotKeys(bool suspended) {
+  if (suspended) {
+    hotKeyCenter_.unregisterAll();
+  } else {
+    reloadHotKeys();
+  }
+}
+
 void AppDelegate::hotKeysChanged() {
   reloadHotKeys();
   rebuildMenu();
@@ -392,6 +403,25 @@ void AppDelegate::openLauncher() {
                                                  [this](Command command, int index) { perform(command, index); });
   }
   launcher_->present();
+}
+
+SettingsWindow& AppDelegate::settingsWindow() {
+  if (settings_) return *settings_;
+  const HotKeyAccess hotKeys{[this](HotKeyAction action) { return !hotKeyCenter_.isTakenElsewhere(action); },
+                             [this](bool suspended) { suspendHotKeys(suspended); }, [] { return functionKeysNeedFn(); }};
+  settings_ = std::make_unique<SettingsWindow>(SettingsContext{
+      services_.settings, services_.localization, services_.hotKeySettings, services_.notices, services_.fileNames, hotKeys,
+      AboutInfo{QStringLiteral(VELLORA_VERSION), QStringLiteral("GPL-3.0-or-later"), {}, {}, {}}, [this](const QString& address) {
+        if (address.startsWith(u'/')) {
+          services_.urlOpener.openFile(address);
+        } else {
+          services_.urlOpener.openUrl(address);
+        }
+      }});
+  // Its pages are worth more memory than the moment it takes to build them again.
+  QObject::connect(settings_.get(), &SettingsWindow::closed, settings_.get(),
+                   [this] { services_.runLoop.post([this] { settings_.reset(); }); });
+  return *settings_;
 }
 
 void AppDelegate::writeSnapshotsIfAsked() {

@@ -14,8 +14,6 @@
 #include "app/PictureLoading.h"
 #include "app/StatusMenuModel.h"
 #include "app/Translations.h"
-#include "app/settings/GeneralSettingsModel.h"
-#include "app/settings/ShortcutsModel.h"
 #include "capture/CaptureCommands.h"
 #include "capture/ui/CountdownPanel.h"
 
@@ -58,6 +56,7 @@ class AppDelegate {
  private:
   void rebuildMenu();
   void reloadHotKeys();
+  void suspendHotKeys(bool suspended);
   void hotKeysChanged();
   void languageChanged();
   void settingsChangedElsewhere(const QStringList& keys);
@@ -95,8 +94,6 @@ class AppDelegate {
   std::unique_ptr<TrayIcon> trayIcon_;
   std::unique_ptr<CountdownPanel> countdownPanel_;
   std::unique_ptr<LauncherWindow> launcher_;
-  std::unique_ptr<GeneralSettingsModel> generalModel_;
-  std::unique_ptr<ShortcutsModel> shortcutsModel_;
   std::unique_ptr<SettingsWindow> settings_;
   NotificationCenter::Subscription hotKeysObserver_;
   NotificationCenter::Subscription languageObserver_;

@@ -38,7 +38,7 @@ int runDesktop(int argc, char** argv) {
   const QStringList arguments = QApplication::arguments().mid(1);
   const QStringList command = commandOf(arguments);
   AppDelegate delegate(command.isEmpty() ? AppDelegate::Mode::Resident : AppDelegate::Mode::OneShot);
-  const TerminationSignals signals([] { QCoreApplication::quit(); });
+  const TerminationSignals termination([] { QCoreApplication::quit(); });
   delegate.applicationWillFinishLaunching();
   if (command.isEmpty()) {
     if (!delegate.applicationDidFinishLaunching()) return 0;

@@ -22,9 +22,10 @@ class HotKeyCenter {
   bool registerHotKey(std::uint32_t keyCode, std::uint32_t carbonModifiers, std::function<void()> handler);
   void unregisterAll();
 
-  /// Lets go of everything and grabs what `settings` say now; `perform` runs an action. Remembers which actions could
-  /// not be grabbed.
-  void reload(const HotKeySettings& settings, const std::function<void(HotKeyAction)>& perform);
+  /// Lets go of everything and grabs what `settings` say now for `actions`; `perform` runs one. Remembers which of them
+  /// could not be grabbed.
+  void reload(const HotKeySettings& settings, const std::vector<HotKeyAction>& actions,
+              const std::function<void(HotKeyAction)>& perform);
 
   /// Whether the action has no working hot key because another program holds its combination.
   bool isTakenElsewhere(HotKeyAction action) const { return refused_.contains(action); }

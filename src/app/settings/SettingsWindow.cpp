@@ -173,7 +173,9 @@ void SettingsWindow::paintEvent(QPaintEvent*) {
   painter.fillRect(sidebar_->geometry(), palette.sunken);
   const bool mirrored = layoutDirection() == Qt::RightToLeft;
   const double edge = mirrored ? sidebar_->x() : sidebar_->geometry().right();
-  painter.fillRect(snapped(painter, QRectF(edge, 0, tokens::strokeWidth, height())), palette.line);
+  QRectF line = snapped(painter, QRectF(edge, 0, 1, height()));
+  line.setWidth(hairline(painter));
+  painter.fillRect(line, palette.line);
 }
 
 void SettingsWindow::keyPressEvent(QKeyEvent* event) {
