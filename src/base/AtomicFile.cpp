@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -99,11 +100,24 @@ class TemporaryFile {
   QByteArray path_;
 };
 
+/// An open file, closed with it.
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : number_(number) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() {
+    if (number_ >= 0) ::close(number_);
+  }
+  int number() const { return number_; }
+
+ private:
+  const int number_;
+};
+
 void syncFolder(const QString& folder) {
-  const int fd = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (fd < 0) return;
-  ::fsync(fd);
-  ::close(fd);
+  const Descriptor opened(::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (opened.number() >= 0) ::fsync(opened.number());
 }
 
 std::span<const std::byte> bytesOf(const QByteArray& data) {
@@ -153,19 +167,27 @@ Result<QString, FileError> writeNew(const QString& folder, const QString& stem, 
 }
 
 Result<QByteArray, FileError> read(const QString& path, qint64 limit) {
-  const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-  if (fd < 0) return failure(FileError::fromErrno(errno, path));
+  const Descriptor file(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  if (file.number() < 0) return failure(FileError::fromErrno(errno, path));
   struct stat info {};
-  const bool regular = ::fstat(fd, &info) == 0 && S_ISREG(info.st_mode);
-  if (!regular || info.st_size > limit) {
-    ::close(fd);
-    return failure(FileError::fromErrno(regular ? EFBIG : EINVAL, path));
+  if (::fstat(file.number(), &info) != 0) return failure(FileError::fromErrno(errno, path));
+  if (!S_ISREG(info.st_mode)) return failure(FileError::fromErrno(S_ISDIR(info.st_mode) ? EISDIR : EINVAL, path));
+  if (info.st_size > limit) return failure(FileError::fromErrno(EFBIG, path));
+  // One byte more than the size, so that the end shows without growing; files of the system state no size.
+  constexpr qint64 leastRoom = 4096;
+  QByteArray data;
+  data.resize(std::min(std::max<qint64>(info.st_size + 1, leastRoom), limit + 1));
+  qint64 filled = 0;
+  while (true) {
+    const ssize_t count = ::read(file.number(), data.data() + filled, static_cast<std::size_t>(data.size() - filled));
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return failure(FileError::fromErrno(errno, path));
+    filled += count;
+    if (filled > limit) return failure(FileError::fromErrno(EFBIG, path));
+    if (count == 0) break;
+    if (filled == data.size()) data.resize(std::min(data.size() * 2, limit + 1));
   }
-  QFile file;
-  file.open(fd, QIODevice::ReadOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle);
-  QByteArray data = file.read(limit + 1);
-  if (file.error() != QFileDevice::NoError) return failure(FileError{FileError::Kind::Other, path, file.errorString()});
-  if (data.size() > limit) return failure(FileError::fromErrno(EFBIG, path));
+  data.resize(filled);
   return data;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <optional>
 
 namespace vellora {
@@ -73,10 +74,11 @@ struct PixelRect {
   PixelRect intersected(const PixelRect& other) const {
     const int left = std::max(x, other.x);
     const int top = std::max(y, other.y);
-    const int w = std::min(right(), other.right()) - left;
-    const int h = std::min(bottom(), other.bottom()) - top;
+    // In 64 bits: rectangles from outside may reach beyond the range of int.
+    const auto w = std::min(std::int64_t{x} + width, std::int64_t{other.x} + other.width) - left;
+    const auto h = std::min(std::int64_t{y} + height, std::int64_t{other.y} + other.height) - top;
     if (w <= 0 || h <= 0) return {left, top, 0, 0};
-    return {left, top, w, h};
+    return {left, top, static_cast<int>(w), static_cast<int>(h)};
   }
   friend bool operator==(const PixelRect&, const PixelRect&) = default;
 };

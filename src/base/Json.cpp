@@ -1,13 +1,16 @@
 #include "base/Json.h"
 
+#include <array>
 #include <cmath>
 
 namespace vellora::json {
 namespace {
 
-/// Checked before parsing, so that no hostile nesting reaches the parser at all.
-bool nestingWithinLimit(const QByteArray& text) {
-  int depth = 0;
+/// Checked before parsing, so that no hostile nesting or width reaches the parser at all: ordered objects look a key up
+/// among all those before it, which takes the square of their number.
+std::optional<Error> limitBroken(const QByteArray& text) {
+  std::array<int, maximumDepth + 1> members{};  // by depth, of the object open there
+  std::size_t depth = 0;
   bool inString = false;
   for (qsizetype i = 0; i < text.size(); ++i) {
     const char c = text[i];
@@ -18,11 +21,13 @@ bool nestingWithinLimit(const QByteArray& text) {
     }
     if (c == '"') inString = true;
     if (c == '{' || c == '[') {
-      if (++depth > maximumDepth) return false;
+      if (++depth > maximumDepth) return Error::TooDeep;
+      members[depth] = 0;
     }
-    if (c == '}' || c == ']') --depth;
+    if ((c == '}' || c == ']') && depth > 0) --depth;
+    if (c == ':' && ++members[depth] > maximumMembers) return Error::TooWide;
   }
-  return true;
+  return std::nullopt;
 }
 
 std::optional<std::pair<double, double>> pairOfNumbers(const Json& value) {
@@ -36,7 +41,7 @@ std::optional<std::pair<double, double>> pairOfNumbers(const Json& value) {
 }  // namespace
 
 Result<Json, Error> parse(const QByteArray& text) {
-  if (!nestingWithinLimit(text)) return failure(Error::TooDeep);
+  if (const auto broken = limitBroken(text)) return failure(*broken);
   Json value = Json::parse(text.begin(), text.end(), nullptr, /*allow_exceptions=*/false);
   if (value.is_discarded()) return failure(Error::Malformed);
   return value;

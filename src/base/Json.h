@@ -24,8 +24,10 @@ namespace json {
 
 /// Documents nested deeper than this are refused.
 inline constexpr int maximumDepth = 64;
+/// Objects with more members than this are refused.
+inline constexpr int maximumMembers = 4096;
 
-enum class Error { Malformed, TooDeep };
+enum class Error { Malformed, TooDeep, TooWide };
 
 /// Parses outside text. Never throws.
 Result<Json, Error> parse(const QByteArray& text);
