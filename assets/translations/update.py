@@ -42,9 +42,16 @@ def main():
         path = HERE / f"vellora_{language}.ts"
         command = [LUPDATE, "-silent", "-no-obsolete", "-locations", "none", "-source-language", "en",
                    "-target-language", language.replace("-", "_"), str(SOURCES), "-ts", str(path)]
-        subprocess.run(command, check=True)
+        # What lupdate says about C++ it cannot follow is of no interest unless it fails.
+        run = subprocess.run(command, stderr=subprocess.PIPE, text=True)
+        if run.returncode != 0:
+            print(run.stderr, file=sys.stderr, end="")
+            return run.returncode
         if language == "en":
             fill_english(path)
+        unfinished = path.read_text(encoding="utf-8").count('type="unfinished"')
+        if unfinished:
+            print(f"{path.name}: {unfinished} texts wait for a translation")
     return 0
 
 

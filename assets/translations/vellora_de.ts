@@ -5,459 +5,460 @@
     <name></name>
     <message id="toast.noTray">
         <source>Vellora is running. This desktop has no tray: start Vellora again to see its commands.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vellora läuft. Diese Arbeitsumgebung hat keinen Infobereich: Starten Sie Vellora erneut, um die Befehle zu sehen.</translation>
     </message>
     <message id="toast.reopenFailed">
         <source>This capture can no longer be read</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Aufnahme kann nicht mehr gelesen werden</translation>
     </message>
     <message id="alert.clearHistory.title">
         <source>Clear the capture history?</source>
-        <translation type="unfinished"></translation>
+        <translation>Verlauf der Aufnahmen leeren?</translation>
     </message>
     <message id="alert.clearHistory.body">
         <source>The last captures are deleted. Saved files stay where they are.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die letzten Aufnahmen werden gelöscht. Gespeicherte Dateien bleiben, wo sie sind.</translation>
     </message>
     <message id="alert.clearHistory.confirm">
         <source>Clear History</source>
-        <translation type="unfinished"></translation>
+        <translation>Verlauf leeren</translation>
     </message>
     <message id="alert.cancel">
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
     <message id="load.file.title">
         <source>Open a picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild öffnen</translation>
     </message>
     <message id="load.file.filter">
         <source>Pictures (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Bilder (%1)</translation>
     </message>
     <message id="alert.cleanupRecordings.title" numerus="yes">
         <source>Move %n recording(s) to the Trash?</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Aufzeichnung in den Papierkorb verschieben?</numerusform>
+            <numerusform>%n Aufzeichnungen in den Papierkorb verschieben?</numerusform>
         </translation>
     </message>
     <message id="alert.cleanupRecordings.body">
         <source>They take up %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Belegter Speicherplatz: %1.</translation>
     </message>
     <message id="alert.cleanupRecordings.openNote">
         <source>Recordings that are open stay.</source>
-        <translation type="unfinished"></translation>
+        <translation>Geöffnete Aufzeichnungen bleiben erhalten.</translation>
     </message>
     <message id="alert.cleanupRecordings.confirm">
         <source>Move to Trash</source>
-        <translation type="unfinished"></translation>
+        <translation>In den Papierkorb verschieben</translation>
     </message>
     <message id="toast.recordingsTrashed">
         <source>Recordings moved to the Trash</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufzeichnungen in den Papierkorb verschoben</translation>
     </message>
     <message id="alert.screenRecording.title">
         <source>Vellora may not see the screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Vellora darf den Bildschirm nicht sehen</translation>
     </message>
     <message id="alert.screenRecording.body">
         <source>Allow Vellora to record the screen in the desktop&apos;s privacy settings, then try again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Erlauben Sie Vellora in den Datenschutzeinstellungen der Arbeitsumgebung, den Bildschirm aufzuzeichnen, und versuchen Sie es dann erneut.</translation>
     </message>
     <message id="alert.accessibility.title">
         <source>Vellora may not follow the pointer</source>
-        <translation type="unfinished"></translation>
+        <translation>Vellora darf dem Mauszeiger nicht folgen</translation>
     </message>
     <message id="alert.accessibility.body">
         <source>Allow Vellora to use accessibility in the desktop&apos;s privacy settings, then try again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Erlauben Sie Vellora in den Datenschutzeinstellungen der Arbeitsumgebung, die Bedienungshilfen zu verwenden, und versuchen Sie es dann erneut.</translation>
     </message>
     <message id="alert.screenRecording.open">
         <source>Open Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen öffnen</translation>
     </message>
     <message id="load.error.noPicture">
         <source>The clipboard holds no picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Zwischenablage enthält kein Bild</translation>
     </message>
     <message id="settings.about.title">
         <source>About</source>
-        <translation type="unfinished"></translation>
+        <translation>Info</translation>
     </message>
     <message id="settings.about.summary">
         <source>Screenshots, recordings and live streams</source>
-        <translation type="unfinished"></translation>
+        <translation>Bildschirmfotos, Aufzeichnungen und Livestreams</translation>
     </message>
     <message id="settings.about.version">
         <source>Version %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Version %1</translation>
     </message>
     <message id="settings.about.licence">
         <source>Licence</source>
-        <translation type="unfinished"></translation>
+        <translation>Lizenz</translation>
     </message>
     <message id="settings.about.website">
         <source>Website</source>
-        <translation type="unfinished"></translation>
+        <translation>Website</translation>
     </message>
     <message id="settings.about.issues">
         <source>Report a problem</source>
-        <translation type="unfinished"></translation>
+        <translation>Problem melden</translation>
     </message>
     <message id="settings.about.licences">
         <source>Licences of fonts, icons and libraries</source>
-        <translation type="unfinished"></translation>
+        <translation>Lizenzen der Schriften, Symbole und Bibliotheken</translation>
     </message>
     <message id="settings.general.title">
         <source>General</source>
-        <translation type="unfinished"></translation>
+        <translation>Allgemein</translation>
     </message>
     <message id="settings.general.afterCapture">
         <source>After a capture</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach einer Aufnahme</translation>
     </message>
     <message id="settings.clipboard.title">
         <source>Clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Zwischenablage</translation>
     </message>
     <message id="settings.clipboard.copyAs">
         <source>Copy captures as</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahmen kopieren als</translation>
     </message>
     <message id="settings.clipboard.info">
         <source>Some programs paste files, others paste pictures. With both, each takes the one it understands.</source>
-        <translation type="unfinished"></translation>
+        <translation>Manche Programme fügen Dateien ein, andere Bilder. Mit beidem nimmt jedes, was es versteht.</translation>
     </message>
     <message id="settings.general.saving">
         <source>Saving</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern</translation>
     </message>
     <message id="settings.general.saveFolder">
         <source>Folder for captures</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner für Aufnahmen</translation>
     </message>
     <message id="settings.general.choose">
         <source>Choose…</source>
-        <translation type="unfinished"></translation>
+        <translation>Auswählen&#xa0;…</translation>
     </message>
     <message id="settings.general.resetDesktop">
         <source>Use Desktop</source>
-        <translation type="unfinished"></translation>
+        <translation>Schreibtisch verwenden</translation>
     </message>
     <message id="settings.general.resetDesktopHelp">
         <source>Save captures to the Desktop folder again</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahmen wieder im Ordner „Schreibtisch“ speichern</translation>
     </message>
     <message id="settings.general.language">
         <source>Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Sprache</translation>
     </message>
     <message id="settings.general.interfaceLanguage">
         <source>Language of the interface</source>
-        <translation type="unfinished"></translation>
+        <translation>Sprache der Oberfläche</translation>
     </message>
     <message id="settings.general.systemLanguage">
         <source>As on the desktop</source>
-        <translation type="unfinished"></translation>
+        <translation>Systemsprache</translation>
     </message>
     <message id="settings.general.keepOneAction">
         <source>At least one action has to stay on.</source>
-        <translation type="unfinished"></translation>
+        <translation>Mindestens eine Aktion muss eingeschaltet bleiben.</translation>
     </message>
     <message id="settings.general.chooseTitle">
         <source>Choose a folder for captures</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner für Aufnahmen auswählen</translation>
     </message>
     <message id="settings.general.showEditor">
         <source>Open in the editor</source>
-        <translation type="unfinished"></translation>
+        <translation>Im Editor öffnen</translation>
     </message>
     <message id="settings.general.copy">
         <source>Copy to the clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>In die Zwischenablage kopieren</translation>
     </message>
     <message id="settings.general.save">
         <source>Save as a file</source>
-        <translation type="unfinished"></translation>
+        <translation>Als Datei speichern</translation>
     </message>
     <message id="settings.general.pin">
         <source>Pin to the screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Auf dem Bildschirm anheften</translation>
     </message>
     <message id="settings.general.showEditorHelp">
         <source>Draw on it, crop it and set it on a backdrop.</source>
-        <translation type="unfinished"></translation>
+        <translation>Darauf zeichnen, zuschneiden und vor einen Hintergrund setzen.</translation>
     </message>
     <message id="settings.general.copyHelp">
         <source>Ready to be pasted into another program.</source>
-        <translation type="unfinished"></translation>
+        <translation>Bereit zum Einfügen in ein anderes Programm.</translation>
     </message>
     <message id="settings.general.saveHelp">
         <source>As a PNG picture in the folder below.</source>
-        <translation type="unfinished"></translation>
+        <translation>Als PNG-Bild im unten angegebenen Ordner.</translation>
     </message>
     <message id="settings.general.pinHelp">
         <source>It stays above all windows. Takes the place of the editor.</source>
-        <translation type="unfinished"></translation>
+        <translation>Bleibt über allen Fenstern und ersetzt das Öffnen im Editor.</translation>
     </message>
     <message id="settings.clipboard.fileAndImage">
         <source>File and picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei und Bild</translation>
     </message>
     <message id="settings.clipboard.fileOnly">
         <source>File only</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur Datei</translation>
     </message>
     <message id="settings.clipboard.imageOnly">
         <source>Picture only</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur Bild</translation>
     </message>
     <message id="settings.shortcuts.title">
         <source>Shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>Tastenkürzel</translation>
     </message>
     <message id="settings.title">
         <source>Vellora Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Vellora-Einstellungen</translation>
     </message>
     <message id="settings.pages">
         <source>Settings pages</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungsseiten</translation>
     </message>
     <message id="shortcut.recording">
         <source>Press the keys…</source>
-        <translation type="unfinished"></translation>
+        <translation>Tasten drücken&#xa0;…</translation>
     </message>
     <message id="shortcut.recordingHelp">
         <source>Press the new combination. Esc stops, Delete goes back to the default.</source>
-        <translation type="unfinished"></translation>
+        <translation>Drücken Sie die neue Kombination. Esc bricht ab, Entf stellt den Standard wieder her.</translation>
     </message>
     <message id="shortcut.none">
         <source>None</source>
-        <translation type="unfinished"></translation>
+        <translation>Keines</translation>
     </message>
     <message id="shortcut.startHelp">
         <source>Click to record another combination</source>
-        <translation type="unfinished"></translation>
+        <translation>Klicken, um eine andere Kombination festzulegen</translation>
     </message>
     <message id="settings.shortcuts.conflict">
         <source>%1 already belongs to “%2”.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 gehört bereits zu „%2“.</translation>
     </message>
     <message id="settings.shortcuts.group">
         <source>Global shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>Globale Tastenkürzel</translation>
     </message>
     <message id="settings.shortcuts.info">
-        <source>They work in every program. Click a shortcut, then press the new combination: with Ctrl, Alt or Super, or a
-</source>
-        <translation type="unfinished"></translation>
+        <source>They work in every program. Click a shortcut and press the new combination: with Ctrl, Alt or Super, or a function key alone.</source>
+        <oldsource>They work in every program. Click a shortcut, then press the new combination: with Ctrl, Alt or Super, or a
+</oldsource>
+        <translation>Sie gelten in jedem Programm. Klicken Sie auf ein Tastenkürzel und drücken Sie die neue Kombination: mit Strg, Alt oder Super, oder eine Funktionstaste allein.</translation>
     </message>
     <message id="shortcut.reset">
         <source>Back to the default</source>
-        <translation type="unfinished"></translation>
+        <translation>Standard wiederherstellen</translation>
     </message>
     <message id="settings.shortcuts.heldElsewhere">
         <source>Another program holds %1. Choose another combination, or free it there.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wird von einem anderen Programm verwendet. Wählen Sie eine andere Kombination oder geben Sie diese dort frei.</translation>
     </message>
     <message id="settings.shortcuts.fnHint">
         <source>If the F-keys of this keyboard do something else, hold Fn as well.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wenn die F-Tasten dieser Tastatur etwas anderes tun, halten Sie zusätzlich Fn gedrückt.</translation>
     </message>
     <message id="menu.captureArea">
         <source>Capture Area</source>
-        <translation type="unfinished"></translation>
+        <translation>Bereich aufnehmen</translation>
     </message>
     <message id="menu.captureWindow">
         <source>Capture Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Fenster aufnehmen</translation>
     </message>
     <message id="menu.captureFullscreen">
         <source>Capture Full Screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Ganzen Bildschirm aufnehmen</translation>
     </message>
     <message id="menu.captureScrolling">
         <source>Capture Scrolling Page</source>
-        <translation type="unfinished"></translation>
+        <translation>Scrollbare Seite aufnehmen</translation>
     </message>
     <message id="menu.captureText">
         <source>Capture Text</source>
-        <translation type="unfinished"></translation>
+        <translation>Text aufnehmen</translation>
     </message>
     <message id="menu.moreCaptures">
         <source>More Captures</source>
-        <translation type="unfinished"></translation>
+        <translation>Weitere Aufnahmen</translation>
     </message>
     <message id="menu.captureElement">
         <source>Capture Element</source>
-        <translation type="unfinished"></translation>
+        <translation>Element aufnehmen</translation>
     </message>
     <message id="menu.captureAreaSized">
         <source>Capture Fixed Size…</source>
-        <translation type="unfinished"></translation>
+        <translation>Feste Größe aufnehmen&#xa0;…</translation>
     </message>
     <message id="menu.captureFullscreenDelayed">
         <source>Capture Full Screen in 3 Seconds</source>
-        <translation type="unfinished"></translation>
+        <translation>Ganzen Bildschirm in 3&#xa0;Sekunden aufnehmen</translation>
     </message>
     <message id="menu.loadFromClipboard">
         <source>Load from Clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus Zwischenablage laden</translation>
     </message>
     <message id="menu.loadFromFile">
         <source>Load from File…</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus Datei laden&#xa0;…</translation>
     </message>
     <message id="menu.reopen">
         <source>Reopen Last Capture</source>
-        <translation type="unfinished"></translation>
+        <translation>Letzte Aufnahme erneut öffnen</translation>
     </message>
     <message id="menu.reopenMore">
         <source>Recent Captures</source>
-        <translation type="unfinished"></translation>
+        <translation>Letzte Aufnahmen</translation>
     </message>
     <message id="menu.clearHistory">
         <source>Clear History…</source>
-        <translation type="unfinished"></translation>
+        <translation>Verlauf leeren&#xa0;…</translation>
     </message>
     <message id="menu.compressImages">
         <source>Compress Images…</source>
-        <translation type="unfinished"></translation>
+        <translation>Bilder komprimieren&#xa0;…</translation>
     </message>
     <message id="menu.recordRegion">
         <source>Record Area</source>
-        <translation type="unfinished"></translation>
+        <translation>Bereich aufzeichnen</translation>
     </message>
     <message id="menu.stopRecording">
         <source>Stop Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufzeichnung beenden</translation>
     </message>
     <message id="menu.pauseRecording">
         <source>Pause Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufzeichnung anhalten</translation>
     </message>
     <message id="menu.resumeRecording">
         <source>Resume Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufzeichnung fortsetzen</translation>
     </message>
     <message id="menu.recordWindow">
         <source>Record Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Fenster aufzeichnen</translation>
     </message>
     <message id="menu.recordFullscreen">
         <source>Record Full Screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Ganzen Bildschirm aufzeichnen</translation>
     </message>
     <message id="menu.recentRecordings">
         <source>Recent Recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>Letzte Aufzeichnungen</translation>
     </message>
     <message id="menu.openRecordingsFolder">
         <source>Open Recordings Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner mit Aufzeichnungen öffnen</translation>
     </message>
     <message id="menu.cleanupRecordings">
         <source>Clean Up Recordings…</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufzeichnungen aufräumen&#xa0;…</translation>
     </message>
     <message id="menu.importVideo">
         <source>Import Video…</source>
-        <translation type="unfinished"></translation>
+        <translation>Video importieren&#xa0;…</translation>
     </message>
     <message id="menu.startLive">
         <source>Go Live…</source>
-        <translation type="unfinished"></translation>
+        <translation>Livestream starten&#xa0;…</translation>
     </message>
     <message id="menu.stopLive">
         <source>Stop Live</source>
-        <translation type="unfinished"></translation>
+        <translation>Livestream beenden</translation>
     </message>
     <message id="menu.settings">
         <source>Settings…</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen&#xa0;…</translation>
     </message>
     <message id="menu.quit">
         <source>Quit Vellora</source>
-        <translation type="unfinished"></translation>
+        <translation>Vellora beenden</translation>
     </message>
     <message id="toast.copiedAndSavedTo">
         <source>Copied and saved to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopiert und gespeichert in %1</translation>
     </message>
     <message id="toast.copied">
         <source>Copied</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopiert</translation>
     </message>
     <message id="toast.savedTo">
         <source>Saved to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Gespeichert in %1</translation>
     </message>
     <message id="toast.captureOutputFailed">
         <source>Copying or saving failed; the capture is kept in the history</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopieren oder Speichern fehlgeschlagen; die Aufnahme bleibt im Verlauf</translation>
     </message>
     <message id="countdown.help">
         <source>Capture in a moment. Click or press Escape to cancel.</source>
-        <translation type="unfinished"></translation>
+        <translation>Gleich erfolgt die Aufnahme. Zum Abbrechen klicken oder Esc drücken.</translation>
     </message>
     <message id="countdown.name">
         <source>Countdown</source>
-        <translation type="unfinished"></translation>
+        <translation>Countdown</translation>
     </message>
     <message id="overlay.badge.scaledSize">
         <source>%1 px  ·  %2 × %3 pt</source>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;px  ·  %2 × %3&#xa0;pt</translation>
     </message>
     <message id="overlay.hint.area">
         <source>Drag an area or click a window  ·  Space from the keyboard  ·  Esc cancels</source>
-        <translation type="unfinished"></translation>
+        <translation>Bereich ziehen oder Fenster anklicken  ·  Leertaste: mit der Tastatur  ·  Esc: Abbrechen</translation>
     </message>
     <message id="overlay.hint.text">
         <source>Drag over the text to read  ·  Esc cancels</source>
-        <translation type="unfinished"></translation>
+        <translation>Über den zu lesenden Text ziehen  ·  Esc: Abbrechen</translation>
     </message>
     <message id="overlay.hint.scrolling">
         <source>Drag over the part that scrolls  ·  Esc cancels</source>
-        <translation type="unfinished"></translation>
+        <translation>Über den scrollbaren Teil ziehen  ·  Esc: Abbrechen</translation>
     </message>
     <message id="overlay.hint.recording">
         <source>Drag the area to record or click a window  ·  Esc cancels</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufzuzeichnenden Bereich ziehen oder Fenster anklicken  ·  Esc: Abbrechen</translation>
     </message>
     <message id="overlay.hint.adjust">
         <source>Drag the handles or use the arrow keys  ·  Return takes it  ·  Esc starts over</source>
-        <translation type="unfinished"></translation>
+        <translation>Griffe ziehen oder Pfeiltasten verwenden  ·  Eingabe: Übernehmen  ·  Esc: Neu beginnen</translation>
     </message>
     <message id="overlay.hint.window">
         <source>Click a window  ·  Tab goes through them  ·  Esc cancels</source>
-        <translation type="unfinished"></translation>
+        <translation>Fenster anklicken  ·  Tab: Nächstes Fenster  ·  Esc: Abbrechen</translation>
     </message>
     <message id="picture.view">
         <source>Captured picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufgenommenes Bild</translation>
     </message>
     <message id="picture.copy">
         <source>Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopieren</translation>
     </message>
     <message id="picture.save">
         <source>Save</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern</translation>
     </message>
     <message id="picture.close">
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen</translation>
     </message>
     <message id="picture.status">
         <source>%1 × %2 px  ·  %3 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2&#xa0;px  ·  %3&#xa0;%</translation>
     </message>
     <message id="history.yesterday">
         <source>Yesterday</source>
-        <translation type="unfinished"></translation>
+        <translation>Gestern</translation>
     </message>
 </context>
 </TS>

@@ -251,10 +251,10 @@
             <translation>Global shortcuts</translation>
         </message>
         <message id="settings.shortcuts.info">
-            <source>They work in every program. Click a shortcut, then press the new combination: with Ctrl, Alt or Super, or a
-</source>
-            <translation>They work in every program. Click a shortcut, then press the new combination: with Ctrl, Alt or Super, or a
-</translation>
+            <source>They work in every program. Click a shortcut and press the new combination: with Ctrl, Alt or Super, or a function key alone.</source>
+            <oldsource>They work in every program. Click a shortcut, then press the new combination: with Ctrl, Alt or Super, or a
+</oldsource>
+            <translation>They work in every program. Click a shortcut and press the new combination: with Ctrl, Alt or Super, or a function key alone.</translation>
         </message>
         <message id="shortcut.reset">
             <source>Back to the default</source>

@@ -5,459 +5,460 @@
     <name></name>
     <message id="toast.noTray">
         <source>Vellora is running. This desktop has no tray: start Vellora again to see its commands.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vellora se está ejecutando. Este escritorio no tiene bandeja del sistema: inicie Vellora de nuevo para ver sus comandos.</translation>
     </message>
     <message id="toast.reopenFailed">
         <source>This capture can no longer be read</source>
-        <translation type="unfinished"></translation>
+        <translation>Esta captura ya no se puede leer</translation>
     </message>
     <message id="alert.clearHistory.title">
         <source>Clear the capture history?</source>
-        <translation type="unfinished"></translation>
+        <translation>¿Borrar el historial de capturas?</translation>
     </message>
     <message id="alert.clearHistory.body">
         <source>The last captures are deleted. Saved files stay where they are.</source>
-        <translation type="unfinished"></translation>
+        <translation>Se eliminarán las últimas capturas. Los archivos guardados permanecen donde están.</translation>
     </message>
     <message id="alert.clearHistory.confirm">
         <source>Clear History</source>
-        <translation type="unfinished"></translation>
+        <translation>Borrar historial</translation>
     </message>
     <message id="alert.cancel">
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelar</translation>
     </message>
     <message id="load.file.title">
         <source>Open a picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Abrir una imagen</translation>
     </message>
     <message id="load.file.filter">
         <source>Pictures (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Imágenes (%1)</translation>
     </message>
     <message id="alert.cleanupRecordings.title" numerus="yes">
         <source>Move %n recording(s) to the Trash?</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>¿Mover %n grabación a la papelera?</numerusform>
+            <numerusform>¿Mover %n grabaciones a la papelera?</numerusform>
         </translation>
     </message>
     <message id="alert.cleanupRecordings.body">
         <source>They take up %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Espacio ocupado: %1.</translation>
     </message>
     <message id="alert.cleanupRecordings.openNote">
         <source>Recordings that are open stay.</source>
-        <translation type="unfinished"></translation>
+        <translation>Las grabaciones abiertas se conservan.</translation>
     </message>
     <message id="alert.cleanupRecordings.confirm">
         <source>Move to Trash</source>
-        <translation type="unfinished"></translation>
+        <translation>Mover a la papelera</translation>
     </message>
     <message id="toast.recordingsTrashed">
         <source>Recordings moved to the Trash</source>
-        <translation type="unfinished"></translation>
+        <translation>Grabaciones movidas a la papelera</translation>
     </message>
     <message id="alert.screenRecording.title">
         <source>Vellora may not see the screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Vellora no tiene permiso para ver la pantalla</translation>
     </message>
     <message id="alert.screenRecording.body">
         <source>Allow Vellora to record the screen in the desktop&apos;s privacy settings, then try again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Permita que Vellora grabe la pantalla en la configuración de privacidad del escritorio e inténtelo de nuevo.</translation>
     </message>
     <message id="alert.accessibility.title">
         <source>Vellora may not follow the pointer</source>
-        <translation type="unfinished"></translation>
+        <translation>Vellora no tiene permiso para seguir el puntero</translation>
     </message>
     <message id="alert.accessibility.body">
         <source>Allow Vellora to use accessibility in the desktop&apos;s privacy settings, then try again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Permita que Vellora use las funciones de accesibilidad en la configuración de privacidad del escritorio e inténtelo de nuevo.</translation>
     </message>
     <message id="alert.screenRecording.open">
         <source>Open Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Abrir configuración</translation>
     </message>
     <message id="load.error.noPicture">
         <source>The clipboard holds no picture</source>
-        <translation type="unfinished"></translation>
+        <translation>El portapapeles no contiene ninguna imagen</translation>
     </message>
     <message id="settings.about.title">
         <source>About</source>
-        <translation type="unfinished"></translation>
+        <translation>Acerca de</translation>
     </message>
     <message id="settings.about.summary">
         <source>Screenshots, recordings and live streams</source>
-        <translation type="unfinished"></translation>
+        <translation>Capturas de pantalla, grabaciones y emisiones en directo</translation>
     </message>
     <message id="settings.about.version">
         <source>Version %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Versión %1</translation>
     </message>
     <message id="settings.about.licence">
         <source>Licence</source>
-        <translation type="unfinished"></translation>
+        <translation>Licencia</translation>
     </message>
     <message id="settings.about.website">
         <source>Website</source>
-        <translation type="unfinished"></translation>
+        <translation>Sitio web</translation>
     </message>
     <message id="settings.about.issues">
         <source>Report a problem</source>
-        <translation type="unfinished"></translation>
+        <translation>Informar de un problema</translation>
     </message>
     <message id="settings.about.licences">
         <source>Licences of fonts, icons and libraries</source>
-        <translation type="unfinished"></translation>
+        <translation>Licencias de tipos de letra, iconos y bibliotecas</translation>
     </message>
     <message id="settings.general.title">
         <source>General</source>
-        <translation type="unfinished"></translation>
+        <translation>General</translation>
     </message>
     <message id="settings.general.afterCapture">
         <source>After a capture</source>
-        <translation type="unfinished"></translation>
+        <translation>Después de una captura</translation>
     </message>
     <message id="settings.clipboard.title">
         <source>Clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Portapapeles</translation>
     </message>
     <message id="settings.clipboard.copyAs">
         <source>Copy captures as</source>
-        <translation type="unfinished"></translation>
+        <translation>Copiar las capturas como</translation>
     </message>
     <message id="settings.clipboard.info">
         <source>Some programs paste files, others paste pictures. With both, each takes the one it understands.</source>
-        <translation type="unfinished"></translation>
+        <translation>Algunas aplicaciones pegan archivos; otras, imágenes. Con ambos, cada una toma lo que entiende.</translation>
     </message>
     <message id="settings.general.saving">
         <source>Saving</source>
-        <translation type="unfinished"></translation>
+        <translation>Guardado</translation>
     </message>
     <message id="settings.general.saveFolder">
         <source>Folder for captures</source>
-        <translation type="unfinished"></translation>
+        <translation>Carpeta de capturas</translation>
     </message>
     <message id="settings.general.choose">
         <source>Choose…</source>
-        <translation type="unfinished"></translation>
+        <translation>Elegir…</translation>
     </message>
     <message id="settings.general.resetDesktop">
         <source>Use Desktop</source>
-        <translation type="unfinished"></translation>
+        <translation>Usar el Escritorio</translation>
     </message>
     <message id="settings.general.resetDesktopHelp">
         <source>Save captures to the Desktop folder again</source>
-        <translation type="unfinished"></translation>
+        <translation>Volver a guardar las capturas en la carpeta Escritorio</translation>
     </message>
     <message id="settings.general.language">
         <source>Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Idioma</translation>
     </message>
     <message id="settings.general.interfaceLanguage">
         <source>Language of the interface</source>
-        <translation type="unfinished"></translation>
+        <translation>Idioma de la interfaz</translation>
     </message>
     <message id="settings.general.systemLanguage">
         <source>As on the desktop</source>
-        <translation type="unfinished"></translation>
+        <translation>Idioma del sistema</translation>
     </message>
     <message id="settings.general.keepOneAction">
         <source>At least one action has to stay on.</source>
-        <translation type="unfinished"></translation>
+        <translation>Al menos una acción debe permanecer activada.</translation>
     </message>
     <message id="settings.general.chooseTitle">
         <source>Choose a folder for captures</source>
-        <translation type="unfinished"></translation>
+        <translation>Elegir una carpeta para las capturas</translation>
     </message>
     <message id="settings.general.showEditor">
         <source>Open in the editor</source>
-        <translation type="unfinished"></translation>
+        <translation>Abrir en el editor</translation>
     </message>
     <message id="settings.general.copy">
         <source>Copy to the clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Copiar al portapapeles</translation>
     </message>
     <message id="settings.general.save">
         <source>Save as a file</source>
-        <translation type="unfinished"></translation>
+        <translation>Guardar como archivo</translation>
     </message>
     <message id="settings.general.pin">
         <source>Pin to the screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Fijar en la pantalla</translation>
     </message>
     <message id="settings.general.showEditorHelp">
         <source>Draw on it, crop it and set it on a backdrop.</source>
-        <translation type="unfinished"></translation>
+        <translation>Para dibujar sobre ella, recortarla y colocarla sobre un fondo.</translation>
     </message>
     <message id="settings.general.copyHelp">
         <source>Ready to be pasted into another program.</source>
-        <translation type="unfinished"></translation>
+        <translation>Lista para pegarla en otra aplicación.</translation>
     </message>
     <message id="settings.general.saveHelp">
         <source>As a PNG picture in the folder below.</source>
-        <translation type="unfinished"></translation>
+        <translation>Como imagen PNG en la carpeta indicada más abajo.</translation>
     </message>
     <message id="settings.general.pinHelp">
         <source>It stays above all windows. Takes the place of the editor.</source>
-        <translation type="unfinished"></translation>
+        <translation>Permanece por encima de todas las ventanas y sustituye a la apertura en el editor.</translation>
     </message>
     <message id="settings.clipboard.fileAndImage">
         <source>File and picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Archivo e imagen</translation>
     </message>
     <message id="settings.clipboard.fileOnly">
         <source>File only</source>
-        <translation type="unfinished"></translation>
+        <translation>Solo archivo</translation>
     </message>
     <message id="settings.clipboard.imageOnly">
         <source>Picture only</source>
-        <translation type="unfinished"></translation>
+        <translation>Solo imagen</translation>
     </message>
     <message id="settings.shortcuts.title">
         <source>Shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>Atajos</translation>
     </message>
     <message id="settings.title">
         <source>Vellora Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Configuración de Vellora</translation>
     </message>
     <message id="settings.pages">
         <source>Settings pages</source>
-        <translation type="unfinished"></translation>
+        <translation>Páginas de configuración</translation>
     </message>
     <message id="shortcut.recording">
         <source>Press the keys…</source>
-        <translation type="unfinished"></translation>
+        <translation>Pulse las teclas…</translation>
     </message>
     <message id="shortcut.recordingHelp">
         <source>Press the new combination. Esc stops, Delete goes back to the default.</source>
-        <translation type="unfinished"></translation>
+        <translation>Pulse la nueva combinación. Esc cancela, Supr restablece el valor predeterminado.</translation>
     </message>
     <message id="shortcut.none">
         <source>None</source>
-        <translation type="unfinished"></translation>
+        <translation>Ninguno</translation>
     </message>
     <message id="shortcut.startHelp">
         <source>Click to record another combination</source>
-        <translation type="unfinished"></translation>
+        <translation>Haga clic para definir otra combinación</translation>
     </message>
     <message id="settings.shortcuts.conflict">
         <source>%1 already belongs to “%2”.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ya pertenece a «%2».</translation>
     </message>
     <message id="settings.shortcuts.group">
         <source>Global shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>Atajos globales</translation>
     </message>
     <message id="settings.shortcuts.info">
-        <source>They work in every program. Click a shortcut, then press the new combination: with Ctrl, Alt or Super, or a
-</source>
-        <translation type="unfinished"></translation>
+        <source>They work in every program. Click a shortcut and press the new combination: with Ctrl, Alt or Super, or a function key alone.</source>
+        <oldsource>They work in every program. Click a shortcut, then press the new combination: with Ctrl, Alt or Super, or a
+</oldsource>
+        <translation>Funcionan en todas las aplicaciones. Haga clic en un atajo y pulse la nueva combinación: con Ctrl, Alt o Súper, o una tecla de función sola.</translation>
     </message>
     <message id="shortcut.reset">
         <source>Back to the default</source>
-        <translation type="unfinished"></translation>
+        <translation>Restablecer el valor predeterminado</translation>
     </message>
     <message id="settings.shortcuts.heldElsewhere">
         <source>Another program holds %1. Choose another combination, or free it there.</source>
-        <translation type="unfinished"></translation>
+        <translation>Otra aplicación usa %1. Elija otra combinación o libérela en esa aplicación.</translation>
     </message>
     <message id="settings.shortcuts.fnHint">
         <source>If the F-keys of this keyboard do something else, hold Fn as well.</source>
-        <translation type="unfinished"></translation>
+        <translation>Si las teclas F de este teclado hacen otra cosa, mantenga pulsada también la tecla Fn.</translation>
     </message>
     <message id="menu.captureArea">
         <source>Capture Area</source>
-        <translation type="unfinished"></translation>
+        <translation>Capturar área</translation>
     </message>
     <message id="menu.captureWindow">
         <source>Capture Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Capturar ventana</translation>
     </message>
     <message id="menu.captureFullscreen">
         <source>Capture Full Screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Capturar pantalla completa</translation>
     </message>
     <message id="menu.captureScrolling">
         <source>Capture Scrolling Page</source>
-        <translation type="unfinished"></translation>
+        <translation>Capturar página con desplazamiento</translation>
     </message>
     <message id="menu.captureText">
         <source>Capture Text</source>
-        <translation type="unfinished"></translation>
+        <translation>Capturar texto</translation>
     </message>
     <message id="menu.moreCaptures">
         <source>More Captures</source>
-        <translation type="unfinished"></translation>
+        <translation>Más capturas</translation>
     </message>
     <message id="menu.captureElement">
         <source>Capture Element</source>
-        <translation type="unfinished"></translation>
+        <translation>Capturar elemento</translation>
     </message>
     <message id="menu.captureAreaSized">
         <source>Capture Fixed Size…</source>
-        <translation type="unfinished"></translation>
+        <translation>Capturar tamaño fijo…</translation>
     </message>
     <message id="menu.captureFullscreenDelayed">
         <source>Capture Full Screen in 3 Seconds</source>
-        <translation type="unfinished"></translation>
+        <translation>Capturar pantalla completa en 3&#xa0;segundos</translation>
     </message>
     <message id="menu.loadFromClipboard">
         <source>Load from Clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Cargar desde el portapapeles</translation>
     </message>
     <message id="menu.loadFromFile">
         <source>Load from File…</source>
-        <translation type="unfinished"></translation>
+        <translation>Cargar desde un archivo…</translation>
     </message>
     <message id="menu.reopen">
         <source>Reopen Last Capture</source>
-        <translation type="unfinished"></translation>
+        <translation>Reabrir la última captura</translation>
     </message>
     <message id="menu.reopenMore">
         <source>Recent Captures</source>
-        <translation type="unfinished"></translation>
+        <translation>Capturas recientes</translation>
     </message>
     <message id="menu.clearHistory">
         <source>Clear History…</source>
-        <translation type="unfinished"></translation>
+        <translation>Borrar historial…</translation>
     </message>
     <message id="menu.compressImages">
         <source>Compress Images…</source>
-        <translation type="unfinished"></translation>
+        <translation>Comprimir imágenes…</translation>
     </message>
     <message id="menu.recordRegion">
         <source>Record Area</source>
-        <translation type="unfinished"></translation>
+        <translation>Grabar área</translation>
     </message>
     <message id="menu.stopRecording">
         <source>Stop Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Detener grabación</translation>
     </message>
     <message id="menu.pauseRecording">
         <source>Pause Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Pausar grabación</translation>
     </message>
     <message id="menu.resumeRecording">
         <source>Resume Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Reanudar grabación</translation>
     </message>
     <message id="menu.recordWindow">
         <source>Record Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Grabar ventana</translation>
     </message>
     <message id="menu.recordFullscreen">
         <source>Record Full Screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Grabar pantalla completa</translation>
     </message>
     <message id="menu.recentRecordings">
         <source>Recent Recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>Grabaciones recientes</translation>
     </message>
     <message id="menu.openRecordingsFolder">
         <source>Open Recordings Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Abrir la carpeta de grabaciones</translation>
     </message>
     <message id="menu.cleanupRecordings">
         <source>Clean Up Recordings…</source>
-        <translation type="unfinished"></translation>
+        <translation>Limpiar grabaciones…</translation>
     </message>
     <message id="menu.importVideo">
         <source>Import Video…</source>
-        <translation type="unfinished"></translation>
+        <translation>Importar vídeo…</translation>
     </message>
     <message id="menu.startLive">
         <source>Go Live…</source>
-        <translation type="unfinished"></translation>
+        <translation>Emitir en directo…</translation>
     </message>
     <message id="menu.stopLive">
         <source>Stop Live</source>
-        <translation type="unfinished"></translation>
+        <translation>Detener el directo</translation>
     </message>
     <message id="menu.settings">
         <source>Settings…</source>
-        <translation type="unfinished"></translation>
+        <translation>Configuración…</translation>
     </message>
     <message id="menu.quit">
         <source>Quit Vellora</source>
-        <translation type="unfinished"></translation>
+        <translation>Salir de Vellora</translation>
     </message>
     <message id="toast.copiedAndSavedTo">
         <source>Copied and saved to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Copiada y guardada en %1</translation>
     </message>
     <message id="toast.copied">
         <source>Copied</source>
-        <translation type="unfinished"></translation>
+        <translation>Copiada</translation>
     </message>
     <message id="toast.savedTo">
         <source>Saved to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Guardada en %1</translation>
     </message>
     <message id="toast.captureOutputFailed">
         <source>Copying or saving failed; the capture is kept in the history</source>
-        <translation type="unfinished"></translation>
+        <translation>No se pudo copiar o guardar; la captura se conserva en el historial</translation>
     </message>
     <message id="countdown.help">
         <source>Capture in a moment. Click or press Escape to cancel.</source>
-        <translation type="unfinished"></translation>
+        <translation>La captura se hará en un momento. Haga clic o pulse Esc para cancelar.</translation>
     </message>
     <message id="countdown.name">
         <source>Countdown</source>
-        <translation type="unfinished"></translation>
+        <translation>Cuenta atrás</translation>
     </message>
     <message id="overlay.badge.scaledSize">
         <source>%1 px  ·  %2 × %3 pt</source>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;px  ·  %2 × %3&#xa0;pt</translation>
     </message>
     <message id="overlay.hint.area">
         <source>Drag an area or click a window  ·  Space from the keyboard  ·  Esc cancels</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrastre un área o haga clic en una ventana  ·  Espacio: con el teclado  ·  Esc: cancelar</translation>
     </message>
     <message id="overlay.hint.text">
         <source>Drag over the text to read  ·  Esc cancels</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrastre sobre el texto que se va a leer  ·  Esc: cancelar</translation>
     </message>
     <message id="overlay.hint.scrolling">
         <source>Drag over the part that scrolls  ·  Esc cancels</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrastre sobre la parte que se desplaza  ·  Esc: cancelar</translation>
     </message>
     <message id="overlay.hint.recording">
         <source>Drag the area to record or click a window  ·  Esc cancels</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrastre el área que desea grabar o haga clic en una ventana  ·  Esc: cancelar</translation>
     </message>
     <message id="overlay.hint.adjust">
         <source>Drag the handles or use the arrow keys  ·  Return takes it  ·  Esc starts over</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrastre los tiradores o use las teclas de flecha  ·  Intro: aceptar  ·  Esc: empezar de nuevo</translation>
     </message>
     <message id="overlay.hint.window">
         <source>Click a window  ·  Tab goes through them  ·  Esc cancels</source>
-        <translation type="unfinished"></translation>
+        <translation>Haga clic en una ventana  ·  Tab: ventana siguiente  ·  Esc: cancelar</translation>
     </message>
     <message id="picture.view">
         <source>Captured picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Imagen capturada</translation>
     </message>
     <message id="picture.copy">
         <source>Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>Copiar</translation>
     </message>
     <message id="picture.save">
         <source>Save</source>
-        <translation type="unfinished"></translation>
+        <translation>Guardar</translation>
     </message>
     <message id="picture.close">
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Cerrar</translation>
     </message>
     <message id="picture.status">
         <source>%1 × %2 px  ·  %3 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2&#xa0;px  ·  %3&#xa0;%</translation>
     </message>
     <message id="history.yesterday">
         <source>Yesterday</source>
-        <translation type="unfinished"></translation>
+        <translation>Ayer</translation>
     </message>
 </context>
 </TS>

@@ -5,458 +5,459 @@
     <name></name>
     <message id="toast.noTray">
         <source>Vellora is running. This desktop has no tray: start Vellora again to see its commands.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vellora 正在运行。此桌面没有系统托盘：再次启动 Vellora 即可查看其命令。</translation>
     </message>
     <message id="toast.reopenFailed">
         <source>This capture can no longer be read</source>
-        <translation type="unfinished"></translation>
+        <translation>此截图已无法读取</translation>
     </message>
     <message id="alert.clearHistory.title">
         <source>Clear the capture history?</source>
-        <translation type="unfinished"></translation>
+        <translation>清空截图历史记录？</translation>
     </message>
     <message id="alert.clearHistory.body">
         <source>The last captures are deleted. Saved files stay where they are.</source>
-        <translation type="unfinished"></translation>
+        <translation>最近的截图将被删除。已保存的文件会保留在原处。</translation>
     </message>
     <message id="alert.clearHistory.confirm">
         <source>Clear History</source>
-        <translation type="unfinished"></translation>
+        <translation>清空历史记录</translation>
     </message>
     <message id="alert.cancel">
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>取消</translation>
     </message>
     <message id="load.file.title">
         <source>Open a picture</source>
-        <translation type="unfinished"></translation>
+        <translation>打开图片</translation>
     </message>
     <message id="load.file.filter">
         <source>Pictures (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>图片 (%1)</translation>
     </message>
     <message id="alert.cleanupRecordings.title" numerus="yes">
         <source>Move %n recording(s) to the Trash?</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>将 %n 个录屏移到回收站？</numerusform>
         </translation>
     </message>
     <message id="alert.cleanupRecordings.body">
         <source>They take up %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>占用空间：%1。</translation>
     </message>
     <message id="alert.cleanupRecordings.openNote">
         <source>Recordings that are open stay.</source>
-        <translation type="unfinished"></translation>
+        <translation>已打开的录屏会保留。</translation>
     </message>
     <message id="alert.cleanupRecordings.confirm">
         <source>Move to Trash</source>
-        <translation type="unfinished"></translation>
+        <translation>移到回收站</translation>
     </message>
     <message id="toast.recordingsTrashed">
         <source>Recordings moved to the Trash</source>
-        <translation type="unfinished"></translation>
+        <translation>录屏已移到回收站</translation>
     </message>
     <message id="alert.screenRecording.title">
         <source>Vellora may not see the screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Vellora 无权查看屏幕</translation>
     </message>
     <message id="alert.screenRecording.body">
         <source>Allow Vellora to record the screen in the desktop&apos;s privacy settings, then try again.</source>
-        <translation type="unfinished"></translation>
+        <translation>请在桌面的隐私设置中允许 Vellora 录制屏幕，然后重试。</translation>
     </message>
     <message id="alert.accessibility.title">
         <source>Vellora may not follow the pointer</source>
-        <translation type="unfinished"></translation>
+        <translation>Vellora 无权跟踪指针</translation>
     </message>
     <message id="alert.accessibility.body">
         <source>Allow Vellora to use accessibility in the desktop&apos;s privacy settings, then try again.</source>
-        <translation type="unfinished"></translation>
+        <translation>请在桌面的隐私设置中允许 Vellora 使用辅助功能，然后重试。</translation>
     </message>
     <message id="alert.screenRecording.open">
         <source>Open Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>打开设置</translation>
     </message>
     <message id="load.error.noPicture">
         <source>The clipboard holds no picture</source>
-        <translation type="unfinished"></translation>
+        <translation>剪贴板中没有图片</translation>
     </message>
     <message id="settings.about.title">
         <source>About</source>
-        <translation type="unfinished"></translation>
+        <translation>关于</translation>
     </message>
     <message id="settings.about.summary">
         <source>Screenshots, recordings and live streams</source>
-        <translation type="unfinished"></translation>
+        <translation>截图、录屏与直播</translation>
     </message>
     <message id="settings.about.version">
         <source>Version %1</source>
-        <translation type="unfinished"></translation>
+        <translation>版本 %1</translation>
     </message>
     <message id="settings.about.licence">
         <source>Licence</source>
-        <translation type="unfinished"></translation>
+        <translation>许可证</translation>
     </message>
     <message id="settings.about.website">
         <source>Website</source>
-        <translation type="unfinished"></translation>
+        <translation>网站</translation>
     </message>
     <message id="settings.about.issues">
         <source>Report a problem</source>
-        <translation type="unfinished"></translation>
+        <translation>报告问题</translation>
     </message>
     <message id="settings.about.licences">
         <source>Licences of fonts, icons and libraries</source>
-        <translation type="unfinished"></translation>
+        <translation>字体、图标和库的许可证</translation>
     </message>
     <message id="settings.general.title">
         <source>General</source>
-        <translation type="unfinished"></translation>
+        <translation>常规</translation>
     </message>
     <message id="settings.general.afterCapture">
         <source>After a capture</source>
-        <translation type="unfinished"></translation>
+        <translation>截图后</translation>
     </message>
     <message id="settings.clipboard.title">
         <source>Clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>剪贴板</translation>
     </message>
     <message id="settings.clipboard.copyAs">
         <source>Copy captures as</source>
-        <translation type="unfinished"></translation>
+        <translation>截图复制为</translation>
     </message>
     <message id="settings.clipboard.info">
         <source>Some programs paste files, others paste pictures. With both, each takes the one it understands.</source>
-        <translation type="unfinished"></translation>
+        <translation>有些程序粘贴文件，有些程序粘贴图片。两者都复制时，各程序会取用自己支持的形式。</translation>
     </message>
     <message id="settings.general.saving">
         <source>Saving</source>
-        <translation type="unfinished"></translation>
+        <translation>保存</translation>
     </message>
     <message id="settings.general.saveFolder">
         <source>Folder for captures</source>
-        <translation type="unfinished"></translation>
+        <translation>截图保存位置</translation>
     </message>
     <message id="settings.general.choose">
         <source>Choose…</source>
-        <translation type="unfinished"></translation>
+        <translation>选择…</translation>
     </message>
     <message id="settings.general.resetDesktop">
         <source>Use Desktop</source>
-        <translation type="unfinished"></translation>
+        <translation>使用桌面</translation>
     </message>
     <message id="settings.general.resetDesktopHelp">
         <source>Save captures to the Desktop folder again</source>
-        <translation type="unfinished"></translation>
+        <translation>重新将截图保存到桌面文件夹</translation>
     </message>
     <message id="settings.general.language">
         <source>Language</source>
-        <translation type="unfinished"></translation>
+        <translation>语言</translation>
     </message>
     <message id="settings.general.interfaceLanguage">
         <source>Language of the interface</source>
-        <translation type="unfinished"></translation>
+        <translation>界面语言</translation>
     </message>
     <message id="settings.general.systemLanguage">
         <source>As on the desktop</source>
-        <translation type="unfinished"></translation>
+        <translation>跟随系统</translation>
     </message>
     <message id="settings.general.keepOneAction">
         <source>At least one action has to stay on.</source>
-        <translation type="unfinished"></translation>
+        <translation>至少要保留一项操作为开启状态。</translation>
     </message>
     <message id="settings.general.chooseTitle">
         <source>Choose a folder for captures</source>
-        <translation type="unfinished"></translation>
+        <translation>选择保存截图的文件夹</translation>
     </message>
     <message id="settings.general.showEditor">
         <source>Open in the editor</source>
-        <translation type="unfinished"></translation>
+        <translation>在编辑器中打开</translation>
     </message>
     <message id="settings.general.copy">
         <source>Copy to the clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>复制到剪贴板</translation>
     </message>
     <message id="settings.general.save">
         <source>Save as a file</source>
-        <translation type="unfinished"></translation>
+        <translation>保存为文件</translation>
     </message>
     <message id="settings.general.pin">
         <source>Pin to the screen</source>
-        <translation type="unfinished"></translation>
+        <translation>固定在屏幕上</translation>
     </message>
     <message id="settings.general.showEditorHelp">
         <source>Draw on it, crop it and set it on a backdrop.</source>
-        <translation type="unfinished"></translation>
+        <translation>可在上面绘制、裁剪，并添加背景。</translation>
     </message>
     <message id="settings.general.copyHelp">
         <source>Ready to be pasted into another program.</source>
-        <translation type="unfinished"></translation>
+        <translation>可直接粘贴到其他程序中。</translation>
     </message>
     <message id="settings.general.saveHelp">
         <source>As a PNG picture in the folder below.</source>
-        <translation type="unfinished"></translation>
+        <translation>以 PNG 图片格式保存到下方的文件夹中。</translation>
     </message>
     <message id="settings.general.pinHelp">
         <source>It stays above all windows. Takes the place of the editor.</source>
-        <translation type="unfinished"></translation>
+        <translation>始终显示在所有窗口之上，且不再打开编辑器。</translation>
     </message>
     <message id="settings.clipboard.fileAndImage">
         <source>File and picture</source>
-        <translation type="unfinished"></translation>
+        <translation>文件和图片</translation>
     </message>
     <message id="settings.clipboard.fileOnly">
         <source>File only</source>
-        <translation type="unfinished"></translation>
+        <translation>仅文件</translation>
     </message>
     <message id="settings.clipboard.imageOnly">
         <source>Picture only</source>
-        <translation type="unfinished"></translation>
+        <translation>仅图片</translation>
     </message>
     <message id="settings.shortcuts.title">
         <source>Shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>快捷键</translation>
     </message>
     <message id="settings.title">
         <source>Vellora Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Vellora 设置</translation>
     </message>
     <message id="settings.pages">
         <source>Settings pages</source>
-        <translation type="unfinished"></translation>
+        <translation>设置页面</translation>
     </message>
     <message id="shortcut.recording">
         <source>Press the keys…</source>
-        <translation type="unfinished"></translation>
+        <translation>请按下按键…</translation>
     </message>
     <message id="shortcut.recordingHelp">
         <source>Press the new combination. Esc stops, Delete goes back to the default.</source>
-        <translation type="unfinished"></translation>
+        <translation>请按下新的组合键。Esc 取消，Delete 恢复默认值。</translation>
     </message>
     <message id="shortcut.none">
         <source>None</source>
-        <translation type="unfinished"></translation>
+        <translation>无</translation>
     </message>
     <message id="shortcut.startHelp">
         <source>Click to record another combination</source>
-        <translation type="unfinished"></translation>
+        <translation>单击以设置其他组合键</translation>
     </message>
     <message id="settings.shortcuts.conflict">
         <source>%1 already belongs to “%2”.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 已分配给“%2”。</translation>
     </message>
     <message id="settings.shortcuts.group">
         <source>Global shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>全局快捷键</translation>
     </message>
     <message id="settings.shortcuts.info">
-        <source>They work in every program. Click a shortcut, then press the new combination: with Ctrl, Alt or Super, or a
-</source>
-        <translation type="unfinished"></translation>
+        <source>They work in every program. Click a shortcut and press the new combination: with Ctrl, Alt or Super, or a function key alone.</source>
+        <oldsource>They work in every program. Click a shortcut, then press the new combination: with Ctrl, Alt or Super, or a
+</oldsource>
+        <translation>在所有程序中都有效。单击某个快捷键，然后按下新的组合键：须包含 Ctrl、Alt 或 Super，或单独使用一个功能键。</translation>
     </message>
     <message id="shortcut.reset">
         <source>Back to the default</source>
-        <translation type="unfinished"></translation>
+        <translation>恢复默认值</translation>
     </message>
     <message id="settings.shortcuts.heldElsewhere">
         <source>Another program holds %1. Choose another combination, or free it there.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 已被其他程序占用。请选择其他组合键，或在该程序中取消占用。</translation>
     </message>
     <message id="settings.shortcuts.fnHint">
         <source>If the F-keys of this keyboard do something else, hold Fn as well.</source>
-        <translation type="unfinished"></translation>
+        <translation>如果此键盘的 F 键另有功能，请同时按住 Fn 键。</translation>
     </message>
     <message id="menu.captureArea">
         <source>Capture Area</source>
-        <translation type="unfinished"></translation>
+        <translation>截取区域</translation>
     </message>
     <message id="menu.captureWindow">
         <source>Capture Window</source>
-        <translation type="unfinished"></translation>
+        <translation>截取窗口</translation>
     </message>
     <message id="menu.captureFullscreen">
         <source>Capture Full Screen</source>
-        <translation type="unfinished"></translation>
+        <translation>截取全屏</translation>
     </message>
     <message id="menu.captureScrolling">
         <source>Capture Scrolling Page</source>
-        <translation type="unfinished"></translation>
+        <translation>截取滚动页面</translation>
     </message>
     <message id="menu.captureText">
         <source>Capture Text</source>
-        <translation type="unfinished"></translation>
+        <translation>截取文字</translation>
     </message>
     <message id="menu.moreCaptures">
         <source>More Captures</source>
-        <translation type="unfinished"></translation>
+        <translation>更多截图方式</translation>
     </message>
     <message id="menu.captureElement">
         <source>Capture Element</source>
-        <translation type="unfinished"></translation>
+        <translation>截取界面元素</translation>
     </message>
     <message id="menu.captureAreaSized">
         <source>Capture Fixed Size…</source>
-        <translation type="unfinished"></translation>
+        <translation>截取固定尺寸…</translation>
     </message>
     <message id="menu.captureFullscreenDelayed">
         <source>Capture Full Screen in 3 Seconds</source>
-        <translation type="unfinished"></translation>
+        <translation>3 秒后截取全屏</translation>
     </message>
     <message id="menu.loadFromClipboard">
         <source>Load from Clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>从剪贴板载入</translation>
     </message>
     <message id="menu.loadFromFile">
         <source>Load from File…</source>
-        <translation type="unfinished"></translation>
+        <translation>从文件载入…</translation>
     </message>
     <message id="menu.reopen">
         <source>Reopen Last Capture</source>
-        <translation type="unfinished"></translation>
+        <translation>重新打开上次截图</translation>
     </message>
     <message id="menu.reopenMore">
         <source>Recent Captures</source>
-        <translation type="unfinished"></translation>
+        <translation>最近的截图</translation>
     </message>
     <message id="menu.clearHistory">
         <source>Clear History…</source>
-        <translation type="unfinished"></translation>
+        <translation>清空历史记录…</translation>
     </message>
     <message id="menu.compressImages">
         <source>Compress Images…</source>
-        <translation type="unfinished"></translation>
+        <translation>压缩图片…</translation>
     </message>
     <message id="menu.recordRegion">
         <source>Record Area</source>
-        <translation type="unfinished"></translation>
+        <translation>录制区域</translation>
     </message>
     <message id="menu.stopRecording">
         <source>Stop Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>停止录制</translation>
     </message>
     <message id="menu.pauseRecording">
         <source>Pause Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>暂停录制</translation>
     </message>
     <message id="menu.resumeRecording">
         <source>Resume Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>继续录制</translation>
     </message>
     <message id="menu.recordWindow">
         <source>Record Window</source>
-        <translation type="unfinished"></translation>
+        <translation>录制窗口</translation>
     </message>
     <message id="menu.recordFullscreen">
         <source>Record Full Screen</source>
-        <translation type="unfinished"></translation>
+        <translation>录制全屏</translation>
     </message>
     <message id="menu.recentRecordings">
         <source>Recent Recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>最近的录屏</translation>
     </message>
     <message id="menu.openRecordingsFolder">
         <source>Open Recordings Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>打开录屏文件夹</translation>
     </message>
     <message id="menu.cleanupRecordings">
         <source>Clean Up Recordings…</source>
-        <translation type="unfinished"></translation>
+        <translation>清理录屏…</translation>
     </message>
     <message id="menu.importVideo">
         <source>Import Video…</source>
-        <translation type="unfinished"></translation>
+        <translation>导入视频…</translation>
     </message>
     <message id="menu.startLive">
         <source>Go Live…</source>
-        <translation type="unfinished"></translation>
+        <translation>开始直播…</translation>
     </message>
     <message id="menu.stopLive">
         <source>Stop Live</source>
-        <translation type="unfinished"></translation>
+        <translation>结束直播</translation>
     </message>
     <message id="menu.settings">
         <source>Settings…</source>
-        <translation type="unfinished"></translation>
+        <translation>设置…</translation>
     </message>
     <message id="menu.quit">
         <source>Quit Vellora</source>
-        <translation type="unfinished"></translation>
+        <translation>退出 Vellora</translation>
     </message>
     <message id="toast.copiedAndSavedTo">
         <source>Copied and saved to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>已复制并保存到 %1</translation>
     </message>
     <message id="toast.copied">
         <source>Copied</source>
-        <translation type="unfinished"></translation>
+        <translation>已复制</translation>
     </message>
     <message id="toast.savedTo">
         <source>Saved to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>已保存到 %1</translation>
     </message>
     <message id="toast.captureOutputFailed">
         <source>Copying or saving failed; the capture is kept in the history</source>
-        <translation type="unfinished"></translation>
+        <translation>复制或保存失败；截图已保留在历史记录中</translation>
     </message>
     <message id="countdown.help">
         <source>Capture in a moment. Click or press Escape to cancel.</source>
-        <translation type="unfinished"></translation>
+        <translation>即将截图。单击或按 Esc 取消。</translation>
     </message>
     <message id="countdown.name">
         <source>Countdown</source>
-        <translation type="unfinished"></translation>
+        <translation>倒计时</translation>
     </message>
     <message id="overlay.badge.scaledSize">
         <source>%1 px  ·  %2 × %3 pt</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 px  ·  %2 × %3 pt</translation>
     </message>
     <message id="overlay.hint.area">
         <source>Drag an area or click a window  ·  Space from the keyboard  ·  Esc cancels</source>
-        <translation type="unfinished"></translation>
+        <translation>拖出区域或单击窗口  ·  空格：用键盘选取  ·  Esc：取消</translation>
     </message>
     <message id="overlay.hint.text">
         <source>Drag over the text to read  ·  Esc cancels</source>
-        <translation type="unfinished"></translation>
+        <translation>拖选要识别的文字  ·  Esc：取消</translation>
     </message>
     <message id="overlay.hint.scrolling">
         <source>Drag over the part that scrolls  ·  Esc cancels</source>
-        <translation type="unfinished"></translation>
+        <translation>拖选会滚动的部分  ·  Esc：取消</translation>
     </message>
     <message id="overlay.hint.recording">
         <source>Drag the area to record or click a window  ·  Esc cancels</source>
-        <translation type="unfinished"></translation>
+        <translation>拖出要录制的区域或单击窗口  ·  Esc：取消</translation>
     </message>
     <message id="overlay.hint.adjust">
         <source>Drag the handles or use the arrow keys  ·  Return takes it  ·  Esc starts over</source>
-        <translation type="unfinished"></translation>
+        <translation>拖动控制点或使用方向键调整  ·  Enter：确认  ·  Esc：重新选取</translation>
     </message>
     <message id="overlay.hint.window">
         <source>Click a window  ·  Tab goes through them  ·  Esc cancels</source>
-        <translation type="unfinished"></translation>
+        <translation>单击窗口  ·  Tab：下一个窗口  ·  Esc：取消</translation>
     </message>
     <message id="picture.view">
         <source>Captured picture</source>
-        <translation type="unfinished"></translation>
+        <translation>截取的图片</translation>
     </message>
     <message id="picture.copy">
         <source>Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>复制</translation>
     </message>
     <message id="picture.save">
         <source>Save</source>
-        <translation type="unfinished"></translation>
+        <translation>保存</translation>
     </message>
     <message id="picture.close">
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>关闭</translation>
     </message>
     <message id="picture.status">
         <source>%1 × %2 px  ·  %3 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2 px  ·  %3%</translation>
     </message>
     <message id="history.yesterday">
         <source>Yesterday</source>
-        <translation type="unfinished"></translation>
+        <translation>昨天</translation>
     </message>
 </context>
 </TS>

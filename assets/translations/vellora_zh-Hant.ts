@@ -5,458 +5,459 @@
     <name></name>
     <message id="toast.noTray">
         <source>Vellora is running. This desktop has no tray: start Vellora again to see its commands.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vellora 正在執行。此桌面沒有系統匣：再次啟動 Vellora 即可查看其指令。</translation>
     </message>
     <message id="toast.reopenFailed">
         <source>This capture can no longer be read</source>
-        <translation type="unfinished"></translation>
+        <translation>這個擷取畫面已無法讀取</translation>
     </message>
     <message id="alert.clearHistory.title">
         <source>Clear the capture history?</source>
-        <translation type="unfinished"></translation>
+        <translation>要清除擷取記錄嗎？</translation>
     </message>
     <message id="alert.clearHistory.body">
         <source>The last captures are deleted. Saved files stay where they are.</source>
-        <translation type="unfinished"></translation>
+        <translation>最近的擷取畫面會被刪除。已儲存的檔案會留在原處。</translation>
     </message>
     <message id="alert.clearHistory.confirm">
         <source>Clear History</source>
-        <translation type="unfinished"></translation>
+        <translation>清除記錄</translation>
     </message>
     <message id="alert.cancel">
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>取消</translation>
     </message>
     <message id="load.file.title">
         <source>Open a picture</source>
-        <translation type="unfinished"></translation>
+        <translation>開啟圖片</translation>
     </message>
     <message id="load.file.filter">
         <source>Pictures (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>圖片 (%1)</translation>
     </message>
     <message id="alert.cleanupRecordings.title" numerus="yes">
         <source>Move %n recording(s) to the Trash?</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>要將 %n 個錄影移到垃圾桶嗎？</numerusform>
         </translation>
     </message>
     <message id="alert.cleanupRecordings.body">
         <source>They take up %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>占用空間：%1。</translation>
     </message>
     <message id="alert.cleanupRecordings.openNote">
         <source>Recordings that are open stay.</source>
-        <translation type="unfinished"></translation>
+        <translation>已開啟的錄影會保留。</translation>
     </message>
     <message id="alert.cleanupRecordings.confirm">
         <source>Move to Trash</source>
-        <translation type="unfinished"></translation>
+        <translation>移到垃圾桶</translation>
     </message>
     <message id="toast.recordingsTrashed">
         <source>Recordings moved to the Trash</source>
-        <translation type="unfinished"></translation>
+        <translation>錄影已移到垃圾桶</translation>
     </message>
     <message id="alert.screenRecording.title">
         <source>Vellora may not see the screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Vellora 沒有檢視螢幕的權限</translation>
     </message>
     <message id="alert.screenRecording.body">
         <source>Allow Vellora to record the screen in the desktop&apos;s privacy settings, then try again.</source>
-        <translation type="unfinished"></translation>
+        <translation>請在桌面的隱私權設定中允許 Vellora 錄製螢幕，然後再試一次。</translation>
     </message>
     <message id="alert.accessibility.title">
         <source>Vellora may not follow the pointer</source>
-        <translation type="unfinished"></translation>
+        <translation>Vellora 沒有追蹤指標的權限</translation>
     </message>
     <message id="alert.accessibility.body">
         <source>Allow Vellora to use accessibility in the desktop&apos;s privacy settings, then try again.</source>
-        <translation type="unfinished"></translation>
+        <translation>請在桌面的隱私權設定中允許 Vellora 使用輔助功能，然後再試一次。</translation>
     </message>
     <message id="alert.screenRecording.open">
         <source>Open Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>開啟設定</translation>
     </message>
     <message id="load.error.noPicture">
         <source>The clipboard holds no picture</source>
-        <translation type="unfinished"></translation>
+        <translation>剪貼簿中沒有圖片</translation>
     </message>
     <message id="settings.about.title">
         <source>About</source>
-        <translation type="unfinished"></translation>
+        <translation>關於</translation>
     </message>
     <message id="settings.about.summary">
         <source>Screenshots, recordings and live streams</source>
-        <translation type="unfinished"></translation>
+        <translation>螢幕擷取、錄影與直播</translation>
     </message>
     <message id="settings.about.version">
         <source>Version %1</source>
-        <translation type="unfinished"></translation>
+        <translation>版本 %1</translation>
     </message>
     <message id="settings.about.licence">
         <source>Licence</source>
-        <translation type="unfinished"></translation>
+        <translation>授權條款</translation>
     </message>
     <message id="settings.about.website">
         <source>Website</source>
-        <translation type="unfinished"></translation>
+        <translation>網站</translation>
     </message>
     <message id="settings.about.issues">
         <source>Report a problem</source>
-        <translation type="unfinished"></translation>
+        <translation>回報問題</translation>
     </message>
     <message id="settings.about.licences">
         <source>Licences of fonts, icons and libraries</source>
-        <translation type="unfinished"></translation>
+        <translation>字型、圖示與函式庫的授權條款</translation>
     </message>
     <message id="settings.general.title">
         <source>General</source>
-        <translation type="unfinished"></translation>
+        <translation>一般</translation>
     </message>
     <message id="settings.general.afterCapture">
         <source>After a capture</source>
-        <translation type="unfinished"></translation>
+        <translation>擷取後</translation>
     </message>
     <message id="settings.clipboard.title">
         <source>Clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>剪貼簿</translation>
     </message>
     <message id="settings.clipboard.copyAs">
         <source>Copy captures as</source>
-        <translation type="unfinished"></translation>
+        <translation>擷取畫面複製為</translation>
     </message>
     <message id="settings.clipboard.info">
         <source>Some programs paste files, others paste pictures. With both, each takes the one it understands.</source>
-        <translation type="unfinished"></translation>
+        <translation>有些程式會貼上檔案，有些會貼上圖片。兩者都複製時，各程式會取用自己支援的形式。</translation>
     </message>
     <message id="settings.general.saving">
         <source>Saving</source>
-        <translation type="unfinished"></translation>
+        <translation>儲存</translation>
     </message>
     <message id="settings.general.saveFolder">
         <source>Folder for captures</source>
-        <translation type="unfinished"></translation>
+        <translation>擷取畫面的資料夾</translation>
     </message>
     <message id="settings.general.choose">
         <source>Choose…</source>
-        <translation type="unfinished"></translation>
+        <translation>選擇…</translation>
     </message>
     <message id="settings.general.resetDesktop">
         <source>Use Desktop</source>
-        <translation type="unfinished"></translation>
+        <translation>使用桌面</translation>
     </message>
     <message id="settings.general.resetDesktopHelp">
         <source>Save captures to the Desktop folder again</source>
-        <translation type="unfinished"></translation>
+        <translation>恢復將擷取畫面儲存到桌面資料夾</translation>
     </message>
     <message id="settings.general.language">
         <source>Language</source>
-        <translation type="unfinished"></translation>
+        <translation>語言</translation>
     </message>
     <message id="settings.general.interfaceLanguage">
         <source>Language of the interface</source>
-        <translation type="unfinished"></translation>
+        <translation>介面語言</translation>
     </message>
     <message id="settings.general.systemLanguage">
         <source>As on the desktop</source>
-        <translation type="unfinished"></translation>
+        <translation>跟隨系統</translation>
     </message>
     <message id="settings.general.keepOneAction">
         <source>At least one action has to stay on.</source>
-        <translation type="unfinished"></translation>
+        <translation>至少要保持一項動作為開啟。</translation>
     </message>
     <message id="settings.general.chooseTitle">
         <source>Choose a folder for captures</source>
-        <translation type="unfinished"></translation>
+        <translation>選擇擷取畫面的資料夾</translation>
     </message>
     <message id="settings.general.showEditor">
         <source>Open in the editor</source>
-        <translation type="unfinished"></translation>
+        <translation>在編輯器中開啟</translation>
     </message>
     <message id="settings.general.copy">
         <source>Copy to the clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>複製到剪貼簿</translation>
     </message>
     <message id="settings.general.save">
         <source>Save as a file</source>
-        <translation type="unfinished"></translation>
+        <translation>儲存為檔案</translation>
     </message>
     <message id="settings.general.pin">
         <source>Pin to the screen</source>
-        <translation type="unfinished"></translation>
+        <translation>釘選在螢幕上</translation>
     </message>
     <message id="settings.general.showEditorHelp">
         <source>Draw on it, crop it and set it on a backdrop.</source>
-        <translation type="unfinished"></translation>
+        <translation>可在上面繪圖、裁切，並加上背景。</translation>
     </message>
     <message id="settings.general.copyHelp">
         <source>Ready to be pasted into another program.</source>
-        <translation type="unfinished"></translation>
+        <translation>可直接貼到其他程式中。</translation>
     </message>
     <message id="settings.general.saveHelp">
         <source>As a PNG picture in the folder below.</source>
-        <translation type="unfinished"></translation>
+        <translation>以 PNG 圖片格式儲存到下方的資料夾。</translation>
     </message>
     <message id="settings.general.pinHelp">
         <source>It stays above all windows. Takes the place of the editor.</source>
-        <translation type="unfinished"></translation>
+        <translation>始終顯示在所有視窗上方，且不會開啟編輯器。</translation>
     </message>
     <message id="settings.clipboard.fileAndImage">
         <source>File and picture</source>
-        <translation type="unfinished"></translation>
+        <translation>檔案和圖片</translation>
     </message>
     <message id="settings.clipboard.fileOnly">
         <source>File only</source>
-        <translation type="unfinished"></translation>
+        <translation>僅檔案</translation>
     </message>
     <message id="settings.clipboard.imageOnly">
         <source>Picture only</source>
-        <translation type="unfinished"></translation>
+        <translation>僅圖片</translation>
     </message>
     <message id="settings.shortcuts.title">
         <source>Shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>快捷鍵</translation>
     </message>
     <message id="settings.title">
         <source>Vellora Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Vellora 設定</translation>
     </message>
     <message id="settings.pages">
         <source>Settings pages</source>
-        <translation type="unfinished"></translation>
+        <translation>設定頁面</translation>
     </message>
     <message id="shortcut.recording">
         <source>Press the keys…</source>
-        <translation type="unfinished"></translation>
+        <translation>請按下按鍵…</translation>
     </message>
     <message id="shortcut.recordingHelp">
         <source>Press the new combination. Esc stops, Delete goes back to the default.</source>
-        <translation type="unfinished"></translation>
+        <translation>請按下新的組合鍵。Esc 取消，Delete 恢復預設值。</translation>
     </message>
     <message id="shortcut.none">
         <source>None</source>
-        <translation type="unfinished"></translation>
+        <translation>無</translation>
     </message>
     <message id="shortcut.startHelp">
         <source>Click to record another combination</source>
-        <translation type="unfinished"></translation>
+        <translation>按一下以設定其他組合鍵</translation>
     </message>
     <message id="settings.shortcuts.conflict">
         <source>%1 already belongs to “%2”.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 已指定給「%2」。</translation>
     </message>
     <message id="settings.shortcuts.group">
         <source>Global shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>全域快捷鍵</translation>
     </message>
     <message id="settings.shortcuts.info">
-        <source>They work in every program. Click a shortcut, then press the new combination: with Ctrl, Alt or Super, or a
-</source>
-        <translation type="unfinished"></translation>
+        <source>They work in every program. Click a shortcut and press the new combination: with Ctrl, Alt or Super, or a function key alone.</source>
+        <oldsource>They work in every program. Click a shortcut, then press the new combination: with Ctrl, Alt or Super, or a
+</oldsource>
+        <translation>在所有程式中都有效。按一下某個快捷鍵，再按下新的組合鍵：須包含 Ctrl、Alt 或 Super，或單獨使用一個功能鍵。</translation>
     </message>
     <message id="shortcut.reset">
         <source>Back to the default</source>
-        <translation type="unfinished"></translation>
+        <translation>恢復預設值</translation>
     </message>
     <message id="settings.shortcuts.heldElsewhere">
         <source>Another program holds %1. Choose another combination, or free it there.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 已被其他程式使用。請選擇其他組合鍵，或在該程式中取消使用。</translation>
     </message>
     <message id="settings.shortcuts.fnHint">
         <source>If the F-keys of this keyboard do something else, hold Fn as well.</source>
-        <translation type="unfinished"></translation>
+        <translation>如果此鍵盤的 F 鍵另有功能，請同時按住 Fn 鍵。</translation>
     </message>
     <message id="menu.captureArea">
         <source>Capture Area</source>
-        <translation type="unfinished"></translation>
+        <translation>擷取區域</translation>
     </message>
     <message id="menu.captureWindow">
         <source>Capture Window</source>
-        <translation type="unfinished"></translation>
+        <translation>擷取視窗</translation>
     </message>
     <message id="menu.captureFullscreen">
         <source>Capture Full Screen</source>
-        <translation type="unfinished"></translation>
+        <translation>擷取全螢幕</translation>
     </message>
     <message id="menu.captureScrolling">
         <source>Capture Scrolling Page</source>
-        <translation type="unfinished"></translation>
+        <translation>擷取捲動頁面</translation>
     </message>
     <message id="menu.captureText">
         <source>Capture Text</source>
-        <translation type="unfinished"></translation>
+        <translation>擷取文字</translation>
     </message>
     <message id="menu.moreCaptures">
         <source>More Captures</source>
-        <translation type="unfinished"></translation>
+        <translation>更多擷取方式</translation>
     </message>
     <message id="menu.captureElement">
         <source>Capture Element</source>
-        <translation type="unfinished"></translation>
+        <translation>擷取介面元素</translation>
     </message>
     <message id="menu.captureAreaSized">
         <source>Capture Fixed Size…</source>
-        <translation type="unfinished"></translation>
+        <translation>擷取固定大小…</translation>
     </message>
     <message id="menu.captureFullscreenDelayed">
         <source>Capture Full Screen in 3 Seconds</source>
-        <translation type="unfinished"></translation>
+        <translation>3 秒後擷取全螢幕</translation>
     </message>
     <message id="menu.loadFromClipboard">
         <source>Load from Clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>從剪貼簿載入</translation>
     </message>
     <message id="menu.loadFromFile">
         <source>Load from File…</source>
-        <translation type="unfinished"></translation>
+        <translation>從檔案載入…</translation>
     </message>
     <message id="menu.reopen">
         <source>Reopen Last Capture</source>
-        <translation type="unfinished"></translation>
+        <translation>重新開啟上次的擷取畫面</translation>
     </message>
     <message id="menu.reopenMore">
         <source>Recent Captures</source>
-        <translation type="unfinished"></translation>
+        <translation>最近的擷取畫面</translation>
     </message>
     <message id="menu.clearHistory">
         <source>Clear History…</source>
-        <translation type="unfinished"></translation>
+        <translation>清除記錄…</translation>
     </message>
     <message id="menu.compressImages">
         <source>Compress Images…</source>
-        <translation type="unfinished"></translation>
+        <translation>壓縮圖片…</translation>
     </message>
     <message id="menu.recordRegion">
         <source>Record Area</source>
-        <translation type="unfinished"></translation>
+        <translation>錄製區域</translation>
     </message>
     <message id="menu.stopRecording">
         <source>Stop Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>停止錄製</translation>
     </message>
     <message id="menu.pauseRecording">
         <source>Pause Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>暫停錄製</translation>
     </message>
     <message id="menu.resumeRecording">
         <source>Resume Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>繼續錄製</translation>
     </message>
     <message id="menu.recordWindow">
         <source>Record Window</source>
-        <translation type="unfinished"></translation>
+        <translation>錄製視窗</translation>
     </message>
     <message id="menu.recordFullscreen">
         <source>Record Full Screen</source>
-        <translation type="unfinished"></translation>
+        <translation>錄製全螢幕</translation>
     </message>
     <message id="menu.recentRecordings">
         <source>Recent Recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>最近的錄影</translation>
     </message>
     <message id="menu.openRecordingsFolder">
         <source>Open Recordings Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>開啟錄影資料夾</translation>
     </message>
     <message id="menu.cleanupRecordings">
         <source>Clean Up Recordings…</source>
-        <translation type="unfinished"></translation>
+        <translation>清理錄影…</translation>
     </message>
     <message id="menu.importVideo">
         <source>Import Video…</source>
-        <translation type="unfinished"></translation>
+        <translation>匯入影片…</translation>
     </message>
     <message id="menu.startLive">
         <source>Go Live…</source>
-        <translation type="unfinished"></translation>
+        <translation>開始直播…</translation>
     </message>
     <message id="menu.stopLive">
         <source>Stop Live</source>
-        <translation type="unfinished"></translation>
+        <translation>結束直播</translation>
     </message>
     <message id="menu.settings">
         <source>Settings…</source>
-        <translation type="unfinished"></translation>
+        <translation>設定…</translation>
     </message>
     <message id="menu.quit">
         <source>Quit Vellora</source>
-        <translation type="unfinished"></translation>
+        <translation>結束 Vellora</translation>
     </message>
     <message id="toast.copiedAndSavedTo">
         <source>Copied and saved to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>已複製並儲存到 %1</translation>
     </message>
     <message id="toast.copied">
         <source>Copied</source>
-        <translation type="unfinished"></translation>
+        <translation>已複製</translation>
     </message>
     <message id="toast.savedTo">
         <source>Saved to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>已儲存到 %1</translation>
     </message>
     <message id="toast.captureOutputFailed">
         <source>Copying or saving failed; the capture is kept in the history</source>
-        <translation type="unfinished"></translation>
+        <translation>複製或儲存失敗；擷取畫面已保留在記錄中</translation>
     </message>
     <message id="countdown.help">
         <source>Capture in a moment. Click or press Escape to cancel.</source>
-        <translation type="unfinished"></translation>
+        <translation>即將擷取。按一下滑鼠或按 Esc 取消。</translation>
     </message>
     <message id="countdown.name">
         <source>Countdown</source>
-        <translation type="unfinished"></translation>
+        <translation>倒數</translation>
     </message>
     <message id="overlay.badge.scaledSize">
         <source>%1 px  ·  %2 × %3 pt</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 px  ·  %2 × %3 pt</translation>
     </message>
     <message id="overlay.hint.area">
         <source>Drag an area or click a window  ·  Space from the keyboard  ·  Esc cancels</source>
-        <translation type="unfinished"></translation>
+        <translation>拖曳出區域或按一下視窗  ·  空白鍵：用鍵盤選取  ·  Esc：取消</translation>
     </message>
     <message id="overlay.hint.text">
         <source>Drag over the text to read  ·  Esc cancels</source>
-        <translation type="unfinished"></translation>
+        <translation>拖曳選取要辨識的文字  ·  Esc：取消</translation>
     </message>
     <message id="overlay.hint.scrolling">
         <source>Drag over the part that scrolls  ·  Esc cancels</source>
-        <translation type="unfinished"></translation>
+        <translation>拖曳選取會捲動的部分  ·  Esc：取消</translation>
     </message>
     <message id="overlay.hint.recording">
         <source>Drag the area to record or click a window  ·  Esc cancels</source>
-        <translation type="unfinished"></translation>
+        <translation>拖曳出要錄製的區域或按一下視窗  ·  Esc：取消</translation>
     </message>
     <message id="overlay.hint.adjust">
         <source>Drag the handles or use the arrow keys  ·  Return takes it  ·  Esc starts over</source>
-        <translation type="unfinished"></translation>
+        <translation>拖曳控制點或使用方向鍵調整  ·  Enter：確定  ·  Esc：重新選取</translation>
     </message>
     <message id="overlay.hint.window">
         <source>Click a window  ·  Tab goes through them  ·  Esc cancels</source>
-        <translation type="unfinished"></translation>
+        <translation>按一下視窗  ·  Tab：下一個視窗  ·  Esc：取消</translation>
     </message>
     <message id="picture.view">
         <source>Captured picture</source>
-        <translation type="unfinished"></translation>
+        <translation>擷取的圖片</translation>
     </message>
     <message id="picture.copy">
         <source>Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>複製</translation>
     </message>
     <message id="picture.save">
         <source>Save</source>
-        <translation type="unfinished"></translation>
+        <translation>儲存</translation>
     </message>
     <message id="picture.close">
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>關閉</translation>
     </message>
     <message id="picture.status">
         <source>%1 × %2 px  ·  %3 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2 px  ·  %3%</translation>
     </message>
     <message id="history.yesterday">
         <source>Yesterday</source>
-        <translation type="unfinished"></translation>
+        <translation>昨天</translation>
     </message>
 </context>
 </TS>
