@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::uint32_t allPlanes = ~std::uint32_t{0};
 /// Below this a plain answer is cheaper than setting up shared memory.
-constexpr std::size_t smallPicture = std::size_t{128} << 20;
+constexpr std::size_t smallPicture = std::size_t{2} << 20;
 /// Two strips of this size fit the second-level cache; fewer, larger ones mean fewer switches between the two
 /// processes.
 constexpr std::size_t stripBytes = std::size_t{3} << 19;
