@@ -43,9 +43,24 @@ void blurAlpha(QImage& image, double sigma) {
 }  // namespace
 
 QRectF snapped(const QPainter& painter, const QRectF& rect) {
+  // Below 200 % a widget itself may begin between two device pixels: what counts is the place on the device.
+  const QTransform toDevice = painter.deviceTransform();
+  if (toDevice.type() > QTransform::TxScale) return rect;
+  const QRectF device = toDevice.mapRect(rect);
+  const QPointF topLeft(std::round(device.left()), std::round(device.top()));
+  const QPointF bottomRight(std::round(device.right()), std::round(device.bottom()));
+  return toDevice.inverted().mapRect(QRectF(topLeft, bottomRight));
+}
+
+double hairline(const QPainter& painter, double width) {
   const double ratio = devicePixelRatio(painter);
-  const auto snap = [&](double value) { return std::round(value * ratio) / ratio; };
-  return QRectF(QPointF(snap(rect.left()), snap(rect.top())), QPointF(snap(rect.right()), snap(rect.bottom())));
+  return std::max(1.0, std::floor(width * ratio)) / ratio;
+}
+
+void drawHorizontalLine(QPainter& painter, double left, double right, double y, const QColor& color) {
+  QRectF line = snapped(painter, QRectF(QPointF(left, y), QPointF(right, y + 1)));
+  line.setHeight(hairline(painter));
+  painter.fillRect(line, color);
 }
 
 void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QColor& color) {
@@ -58,8 +73,7 @@ void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QCo
 }
 
 void strokeRounded(QPainter& painter, const QRectF& rect, double radius, const QColor& color, double width) {
-  const double ratio = devicePixelRatio(painter);
-  const double pen = std::max(1.0, std::floor(width * ratio)) / ratio;
+  const double pen = hairline(painter, width);
   const double half = pen / 2;
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);

@@ -15,6 +15,12 @@ namespace vellora {
 /// `rect` moved to whole device pixels of the painter, so that edges stay sharp at 125 % or 150 %.
 QRectF snapped(const QPainter& painter, const QRectF& rect);
 
+/// The width in points of a line that is meant to be `width` points wide and covers whole device pixels, at least one.
+double hairline(const QPainter& painter, double width = 1.0);
+
+/// Draws a hairline whose upper edge is at `y`.
+void drawHorizontalLine(QPainter& painter, double left, double right, double y, const QColor& color);
+
 /// Fills a rounded rectangle.
 void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QColor& color);
 

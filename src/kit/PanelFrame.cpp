@@ -30,7 +30,9 @@ void PanelFrame::paint(QPainter& painter, const QRect& window) {
   const double corner = composited_ ? radius_ : 0;
   if (composited_) shadow_.paint(painter, edge, corner);
   fillRounded(painter, edge, corner, palette.raised);
-  strokeRounded(painter, edge, corner, palette.line);
+  // Without a shadow, or with one that dark windows swallow, the edge alone tells the panel from what lies below.
+  const bool shadowTells = composited_ && Theme::shared().appearance() == Appearance::Light;
+  strokeRounded(painter, edge, corner, shadowTells ? palette.line : palette.controlBorder);
 }
 
 }  // namespace vellora

@@ -25,10 +25,7 @@ class Card final : public QWidget {
     for (int i = 0; i < layout()->count(); ++i) {
       const QWidget* const row = layout()->itemAt(i)->widget();
       if (row == nullptr || row->isHidden()) continue;
-      if (!first) {
-        const QRectF line(tokens::space4, row->y(), width() - 2 * tokens::space4, tokens::strokeWidth);
-        painter.fillRect(snapped(painter, line), palette.line);
-      }
+      if (!first) drawHorizontalLine(painter, tokens::space4, width() - tokens::space4, row->y(), palette.line);
       first = false;
     }
   }

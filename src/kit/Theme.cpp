@@ -2,11 +2,13 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QLabel>
 #include <QPalette>
 #include <QStyle>
 #include <QToolTip>
 #include <QWidget>
 
+#include "kit/KitStyle.h"
 #include "kit/Tokens.h"
 
 namespace vellora {
@@ -125,6 +127,8 @@ bool Theme::reducedMotion() const {
 
 bool Theme::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::ApplicationPaletteChange && watched == qApp) refresh();
+  // Qt makes the label of tool tips itself and lets nobody hand one in.
+  if (event->type() == QEvent::Polish && watched->inherits("QTipLabel")) styleToolTip(static_cast<QLabel&>(*watched));
   return false;
 }
 

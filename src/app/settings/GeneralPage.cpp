@@ -10,6 +10,7 @@
 #include "kit/SettingsGroup.h"
 #include "kit/SettingsRow.h"
 #include "kit/Switch.h"
+#include "kit/Theme.h"
 #include "kit/Toast.h"
 #include "kit/Tokens.h"
 
@@ -34,6 +35,7 @@ void chooseWithDialog(QWidget* parent, const QString& title, const QString& star
                       std::function<void(const QString&)> chosen) {
   auto* const dialog = new QFileDialog(parent, title, start);
   dialog->setAttribute(Qt::WA_DeleteOnClose);
+  followTheme(*dialog);  // the desktop's own dialog, where there is one, takes no notice
   dialog->setFileMode(QFileDialog::Directory);
   dialog->setOption(QFileDialog::ShowDirsOnly);
   QObject::connect(dialog, &QFileDialog::fileSelected, parent, std::move(chosen));
