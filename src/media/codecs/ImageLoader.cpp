@@ -96,23 +96,31 @@ QImage normalized(QImage image) {
 QString localizationKey(ImageLoadError error) {
   switch (error) {
     case ImageLoadError::NotFound:
-      return QStringLiteral("load.error.notFound");
+      //% "The file does not exist"
+      return QString::fromLatin1(QT_TRID_NOOP("load.error.notFound"));
     case ImageLoadError::NotPermitted:
-      return QStringLiteral("load.error.notPermitted");
+      //% "You may not read this file"
+      return QString::fromLatin1(QT_TRID_NOOP("load.error.notPermitted"));
     case ImageLoadError::NotAFile:
-      return QStringLiteral("load.error.notAFile");
+      //% "This is not a file"
+      return QString::fromLatin1(QT_TRID_NOOP("load.error.notAFile"));
     case ImageLoadError::TooLarge:
-      return QStringLiteral("load.error.tooLarge");
+      //% "The picture is too large"
+      return QString::fromLatin1(QT_TRID_NOOP("load.error.tooLarge"));
     case ImageLoadError::NotAnImage:
-      return QStringLiteral("load.error.notAnImage");
+      //% "This is not a picture Vellora can read"
+      return QString::fromLatin1(QT_TRID_NOOP("load.error.notAnImage"));
     case ImageLoadError::Unsupported:
-      return QStringLiteral("load.error.unsupported");
-    case ImageLoadError::Damaged:
-      return QStringLiteral("load.error.damaged");
+      //% "This kind of picture cannot be read"
+      return QString::fromLatin1(QT_TRID_NOOP("load.error.unsupported"));
     case ImageLoadError::OutOfMemory:
-      return QStringLiteral("load.error.outOfMemory");
+      //% "There is not enough memory for the picture"
+      return QString::fromLatin1(QT_TRID_NOOP("load.error.outOfMemory"));
+    case ImageLoadError::Damaged:
+      break;
   }
-  return QStringLiteral("load.error.damaged");
+  //% "The picture is damaged"
+  return QString::fromLatin1(QT_TRID_NOOP("load.error.damaged"));
 }
 
 Result<LoadedImage, ImageLoadError> ImageLoader::fromFile(const QString& path) {
