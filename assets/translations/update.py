@@ -30,6 +30,8 @@ def fill_english(path):
         else:
             translation.text = source
         translation.attrib.pop("type", None)
+        if (old := message.find("oldsource")) is not None:
+            message.remove(old)
     tree.indent(document, "    ")
     document.write(path, encoding="utf-8", xml_declaration=True)
     text = path.read_text(encoding="utf-8")
