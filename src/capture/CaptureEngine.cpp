@@ -71,6 +71,17 @@ void CaptureEngine::captureRegion(const PixelRect& region, double scale, Callbac
              std::move(done));
 }
 
+void CaptureEngine::readStill(std::shared_ptr<const ScreenStill> still, const DisplayInfo& display,
+                              Callback<Image> done) {
+  // The still belongs to the main thread: it goes back there to be released.
+  auto kept = std::make_shared<std::shared_ptr<const ScreenStill>>(std::move(still));
+  run<Image>([kept, id = display.id, scale = display.scale] { return withScale((*kept)->image(id), scale); },
+             [kept, done = std::move(done)](Image image) {
+               kept->reset();
+               done(std::move(image));
+             });
+}
+
 CaptureEngine::Content CaptureEngine::shareableContentNow() {
   return runNow<Content>([this] { return contentOf(service_); });
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 
 #include "base/Lifetime.h"
 #include "base/Result.h"
@@ -9,6 +10,7 @@
 #include "capture/CaptureError.h"
 #include "capture/CapturedImage.h"
 #include "platform/ScreenCaptureService.h"
+#include "platform/ScreenStill.h"
 
 namespace vellora {
 
@@ -36,7 +38,10 @@ class CaptureEngine {
   /// A part of the desktop in device pixels.
   void captureRegion(const PixelRect& region, double scale, Callback<Image> done);
 
-  /// The same at once, for callers without an event loop. They wait for what was asked for before.
+  /// A display as it was when `still` was frozen. The still lives until the picture has been read.
+  void readStill(std::shared_ptr<const ScreenStill> still, const DisplayInfo& display, Callback<Image> done);
+
+  /// The first ones at once, for callers without an event loop. They wait for what was asked for before.
   Content shareableContentNow();
   Image captureDisplayNow(const DisplayInfo& display);
   Image captureWindowNow(WindowId window, double scale);

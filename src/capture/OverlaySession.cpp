@@ -19,6 +19,9 @@ void OverlaySession::begin() {
   state_ = State::Fetching;
   services_.engine.shareableContent(
       lifetime_.guard([this](CaptureEngine::Content content) { contentArrived(std::move(content)); }));
+  // Asked for first: once the displays are being frozen the desktop answers late.
+  pointer_ = services_.screens.pointerPosition();
+  held_ = services_.presenter.modifiers();
   // The windows are listed on the engine's queue while the overlays get ready here.
   std::vector<DisplayInfo> displays;
   for (const ScreenInfo& screen : services_.screens.screens()) displays.push_back(screen.display);
@@ -29,8 +32,8 @@ void OverlaySession::contentArrived(CaptureEngine::Content content) {
   if (state_ != State::Fetching) return;
   if (!content) return end(std::nullopt, content.error());
   if (content->displays.empty()) return end(std::nullopt, CaptureError::NoDisplay);
-  const PixelPoint pointer = services_.screens.pointerPosition().value_or(content->displays.front().frame.center());
-  model_ = makeModel(std::move(*content), pointer, services_.presenter.modifiers());
+  const PixelPoint pointer = pointer_.value_or(content->displays.front().frame.center());
+  model_ = makeModel(std::move(*content), pointer, held_);
   state_ = State::Selecting;
   shown_ = model_->scene();
   services_.presenter.show(shown_, *this);

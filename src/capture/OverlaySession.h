@@ -83,6 +83,8 @@ class OverlaySession : private OverlayInput {
   const QString logName_;
   Completion completion_;
   State state_ = State::Idle;
+  std::optional<PixelPoint> pointer_;  // as the session began
+  KeyModifiers held_;
   std::unique_ptr<OverlayModel> model_;
   OverlayScene shown_;
   CaptureOrigin origin_;

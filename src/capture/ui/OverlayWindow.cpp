@@ -139,7 +139,7 @@ void OverlayWindow::exposeEvent(QExposeEvent*) {
 }
 
 void OverlayWindow::paintAll() {
-  if (groundPainted_) {
+  if (ground_ == Ground::Server) {
     paint(changedRects({}, shown_));
   } else {
     paint({display_.frame});
@@ -149,7 +149,8 @@ void OverlayWindow::paintAll() {
 /// Paints rectangles of the desktop. What the toolkit sends to the screen are whole points: the painted region covers
 /// them.
 void OverlayWindow::paint(const std::vector<PixelRect>& rects) {
-  if (rects.empty() || !painter_.hasStill() || !isExposed()) return;
+  if (rects.empty() || !isExposed()) return;
+  if (ground_ == Ground::Server && !painter_.hasStill()) return;
   const double ratio = devicePixelRatio();
   const QRect whole(QPoint(0, 0), size());
   QRegion logical;

@@ -26,12 +26,17 @@ class OverlayWindow final : public QWindow {
 
   const DisplayInfo& display() const { return display_; }
 
-  /// The display's picture. Until it is set the window stays hidden, unless `hasGround` says that the display server
-  /// paints the dimmed picture by itself.
+  /// What lies under everything else. The window is worth showing once it has one.
+  enum class Ground {
+    None,
+    Server,   ///< the display server paints the dimmed picture by itself
+    Painted,  ///< this window paints it: the picture, or plain grey while there is none
+  };
+  void setGround(Ground ground) { ground_ = ground; }
+  Ground ground() const { return ground_; }
+  /// The display's picture. With the server's ground nothing is drawn until it is there.
   void setStill(Bitmap still);
-  void setGroundPainted() { groundPainted_ = true; }
   bool hasAppeared() const { return drawn_; }
-  bool isReady() const { return groundPainted_ || painter_.hasStill(); }
 
   /// What to show from now on, at once if the window is on screen.
   void setScene(const OverlayScene& scene);
@@ -67,7 +72,7 @@ class OverlayWindow final : public QWindow {
   QBackingStore store_;
   OverlayScene scene_;
   OverlayParts shown_;
-  bool groundPainted_ = false;
+  Ground ground_ = Ground::None;
   bool drawn_ = false;  // something has been painted since the window came up
   QBasicTimer hintTimer_;
   QElapsedTimer hintAge_;

@@ -80,7 +80,8 @@ std::optional<PointerButton> toButton(Qt::MouseButton button) {
 
 }  // namespace
 
-QtOverlayPresenter::QtOverlayPresenter(CaptureEngine& engine) : engine_(engine) {}
+QtOverlayPresenter::QtOverlayPresenter(CaptureEngine& engine, ScreenStillService* stills)
+    : engine_(engine), stills_(stills) {}
 
 QtOverlayPresenter::~QtOverlayPresenter() {
   close();
@@ -89,14 +90,54 @@ QtOverlayPresenter::~QtOverlayPresenter() {
 void QtOverlayPresenter::prepare(const std::vector<DisplayInfo>& displays) {
   close();
   run_ = std::make_unique<Lifetime>();
+  // The windows first: while the server copies displays, everything asked of it waits.
   for (const DisplayInfo& display : displays) {
-    auto* window = new OverlayWindow(display);
-    windows_.push_back(window);
-    connectWindow(*window);
-    engine_.captureDisplay(display,
-                           run_->guard([this, window](CaptureEngine::Image image) { stillArrived(*window, image); }));
+    windows_.push_back(new OverlayWindow(display));
+    connectWindow(*windows_.back());
+    windows_.back()->create();
   }
-  for (OverlayWindow* window : windows_) window->create();
+  if (stills_ != nullptr) still_ = stills_->freeze(displays);
+  for (OverlayWindow* window : windows_) {
+    if (!still_) {
+      takePicture(*window);
+      continue;
+    }
+    still_->paintBehind(window->winId(), window->display().id, OverlayPainter::dimmedTo,
+                        run_->guard([this, window](bool painted) {
+                          if (painted) {
+                            grounded(*window, OverlayWindow::Ground::Server);
+                          } else {
+                            takePicture(*window);
+                          }
+                        }));
+  }
+}
+
+/// Without help of the display server the whole picture comes here before the overlay can be shown.
+void QtOverlayPresenter::takePicture(OverlayWindow& window) {
+  reading_.insert(&window);
+  engine_.captureDisplay(window.display(), run_->guard([this, &window](CaptureEngine::Image image) {
+    if (image) {
+      window.setStill(image->image);
+    } else {
+      log::warning(QStringLiteral("overlay picture failed: ") + QLatin1String(description(image.error())));
+    }
+    grounded(window, OverlayWindow::Ground::Painted);
+  }));
+}
+
+void QtOverlayPresenter::grounded(OverlayWindow& window, OverlayWindow::Ground ground) {
+  window.setGround(ground);
+  reveal();
+}
+
+/// Fetches the pixels of the display the person works on: what is clear and the loupe are painted from them.
+void QtOverlayPresenter::readStill(OverlayWindow& window) {
+  if (!still_ || window.ground() != OverlayWindow::Ground::Server || !reading_.insert(&window).second) return;
+  engine_.readStill(still_, window.display(), run_->guard([this, &window](CaptureEngine::Image image) {
+    if (image) return window.setStill(image->image);
+    log::warning(QStringLiteral("overlay picture failed: ") + QLatin1String(description(image.error())));
+  }));
 }
 
 void QtOverlayPresenter::connectWindow(OverlayWindow& window) {
@@ -118,16 +159,6 @@ void QtOverlayPresenter::connectWindow(OverlayWindow& window) {
           });
 }
 
-void QtOverlayPresenter::stillArrived(OverlayWindow& window, const CaptureEngine::Image& image) {
-  if (image) {
-    window.setStill(image->image);
-  } else {
-    log::warning(QStringLiteral("overlay picture failed: ") + QLatin1String(description(image.error())));
-    window.setGroundPainted();  // better a plain overlay than none
-  }
-  reveal();
-}
-
 void QtOverlayPresenter::show(const OverlayScene& scene, OverlayInput& input) {
   input_ = &input;
   scene_ = scene;
@@ -138,9 +169,14 @@ void QtOverlayPresenter::show(const OverlayScene& scene, OverlayInput& input) {
 /// Brings the overlays up, all together, once each has something to show.
 void QtOverlayPresenter::reveal() {
   if (input_ == nullptr || revealed_ || windows_.empty()) return;
-  if (!std::ranges::all_of(windows_, [](const OverlayWindow* window) { return window->isReady(); })) return;
+  if (!std::ranges::all_of(windows_,
+                           [](const OverlayWindow* window) { return window->ground() != OverlayWindow::Ground::None; }))
+    return;
   revealed_ = true;
-  for (OverlayWindow* window : windows_) window->setVisible(true);
+  for (OverlayWindow* window : windows_) {
+    window->setVisible(true);
+    if (window->display().id == scene_.display) readStill(*window);
+  }
   qGuiApp->installEventFilter(this);
   watchDisplays(true);
   const auto active = std::ranges::find_if(
@@ -179,7 +215,10 @@ void QtOverlayPresenter::releaseGrabs() {
 
 void QtOverlayPresenter::update(const OverlayScene& scene) {
   scene_ = scene;
-  for (OverlayWindow* window : windows_) window->setScene(scene);
+  for (OverlayWindow* window : windows_) {
+    window->setScene(scene);
+    if (revealed_ && window->display().id == scene.display) readStill(*window);
+  }
 }
 
 void QtOverlayPresenter::hide() {
@@ -195,7 +234,10 @@ void QtOverlayPresenter::close() {
   hide();
   input_ = nullptr;
   run_.reset();
+  still_.reset();
+  reading_.clear();
   for (OverlayWindow* window : windows_) {
+    window->setGround(OverlayWindow::Ground::None);
     window->setStill({});
     window->deleteLater();
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <set>
 #include <vector>
 
 #include <QObject>
@@ -9,20 +10,19 @@
 #include "base/RunLoop.h"
 #include "capture/CaptureEngine.h"
 #include "capture/OverlayPresenter.h"
-
-class QTimer;
+#include "capture/ui/OverlayWindow.h"
+#include "platform/ScreenStill.h"
 
 namespace vellora {
-
-class OverlayWindow;
 
 /// The overlays as windows, one per display. Holds pixels and windows only from `prepare` to `close`.
 class QtOverlayPresenter final : public QObject, public OverlayPresenter {
   Q_OBJECT
 
  public:
-  /// `engine` takes the pictures the overlays show; it must outlive the presenter.
-  explicit QtOverlayPresenter(CaptureEngine& engine);
+  /// `engine` reads the pictures the overlays show. With `stills` the display server paints them dimmed, and the
+  /// overlays come up without waiting for them; it may be null. Both must outlive the presenter.
+  explicit QtOverlayPresenter(CaptureEngine& engine, ScreenStillService* stills = nullptr);
   ~QtOverlayPresenter() override;
 
   void prepare(const std::vector<DisplayInfo>& displays) override;
@@ -41,7 +41,9 @@ class QtOverlayPresenter final : public QObject, public OverlayPresenter {
 
  private:
   void connectWindow(OverlayWindow& window);
-  void stillArrived(OverlayWindow& window, const CaptureEngine::Image& image);
+  void takePicture(OverlayWindow& window);
+  void readStill(OverlayWindow& window);
+  void grounded(OverlayWindow& window, OverlayWindow::Ground ground);
   void reveal();
   void windowAppeared();
   void grab();
@@ -50,7 +52,10 @@ class QtOverlayPresenter final : public QObject, public OverlayPresenter {
   void handleKey(int key, Qt::KeyboardModifiers modifiers, bool pressed, bool repeated);
 
   CaptureEngine& engine_;
-  std::vector<OverlayWindow*> windows_;  // deleted by Qt once their events have returned
+  ScreenStillService* stills_;
+  std::shared_ptr<ScreenStill> still_;
+  std::set<const OverlayWindow*> reading_;  // their still has been asked for
+  std::vector<OverlayWindow*> windows_;     // deleted by Qt once their events have returned
   OverlayInput* input_ = nullptr;
   OverlayScene scene_;
   bool revealed_ = false;

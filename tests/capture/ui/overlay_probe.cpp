@@ -1,12 +1,13 @@
 // Runs one overlay session on the display it finds itself on, for tests and measurements:
 //   overlay_probe area|adjust|window [PICTURE.png [TEXTS.qm]]
-// Prints "ready" before the session begins, "shown MILLISECONDS" when the overlays are up, and at the end
-// "took X,Y WIDTHxHEIGHT scale S after MILLISECONDS" or "nothing".
+// Prints "shown MILLISECONDS" when the overlays are up, and at the end "took X,Y WIDTHxHEIGHT scale S after
+// MILLISECONDS" or "nothing". OVERLAY_PROBE_ROUNDS=N only brings the overlays up N times. OVERLAY_PROBE_PLAIN does
+// without the display server's help.
 #include <QApplication>
 #include <QImage>
 #include <QTranslator>
 #include <cstdio>
-#include <cstring>
+#include <functional>
 #include <memory>
 
 #include "base/QtRunLoop.h"
@@ -15,6 +16,7 @@
 #include "capture/ui/OverlayPainter.h"
 #include "capture/ui/QtOverlayPresenter.h"
 #include "platform/linux/x11/X11ScreenCapture.h"
+#include "platform/linux/x11/X11ScreenStill.h"
 #include "platform/linux/x11/X11Screens.h"
 
 int main(int argc, char** argv) {
@@ -28,39 +30,54 @@ int main(int argc, char** argv) {
   X11ScreenCapture capture;
   X11Screens screens;
   CaptureEngine engine(capture, loop);
-  QtOverlayPresenter presenter(engine);
+  X11ScreenStills stills;
+  QtOverlayPresenter presenter(engine, qEnvironmentVariableIsSet("OVERLAY_PROBE_PLAIN") ? nullptr : &stills);
   engine.shareableContentNow();
 
+  int rounds = qEnvironmentVariableIntValue("OVERLAY_PROBE_ROUNDS");
   double begun = 0;
+  TimerHandle pause;
   std::unique_ptr<OverlaySession> session;
   const auto since = [&] { return (loop.hostTime() - begun) * 1000; };
+  std::function<void()> begin;
+  const auto say = [](const QString& line) {
+    std::printf("%s\n", qPrintable(line));
+    std::fflush(stdout);
+  };
   const auto done = [&](const std::optional<CapturedImage>& image, const CaptureOrigin& origin) {
     if (image) {
-      std::printf("took %d,%d %dx%d scale %g after %.1f\n", origin.rect.x, origin.rect.y, image->image.width(),
-                  image->image.height(), image->scale, since());
+      say(QStringLiteral("took %1,%2 %3x%4 scale %5 after %6")
+              .arg(origin.rect.x)
+              .arg(origin.rect.y)
+              .arg(image->image.width())
+              .arg(image->image.height())
+              .arg(image->scale)
+              .arg(since(), 0, 'f', 1));
       if (!file.isEmpty()) sharedImage(image->image).save(file);
-    } else {
-      std::printf("nothing\n");
+    } else if (rounds == 0) {
+      say(QStringLiteral("nothing"));
     }
-    std::fflush(stdout);
-    loop.post([] { QApplication::quit(); });
+    if (rounds > 0 && --rounds > 0) {
+      pause = loop.after(0.3, begin);
+    } else {
+      loop.post([] { QApplication::quit(); });
+    }
   };
   QObject::connect(&presenter, &QtOverlayPresenter::shown, [&] {
-    std::printf("shown %.1f\n", since());
-    std::fflush(stdout);
+    say(QStringLiteral("shown %1").arg(since(), 0, 'f', 1));
+    if (rounds > 0) pause = loop.after(0.1, [&] { session->cancel(); });
   });
-  OverlayServices services{engine, screens, presenter, loop};
-  if (mode == QLatin1String("window")) {
-    session = std::make_unique<WindowPickerSession>(services, done);
-  } else {
-    session = std::make_unique<SelectionSession>(SelectionSession::Purpose::ImageCapture, services, done,
-                                                 mode == QLatin1String("adjust"));
-  }
-  loop.post([&] {
-    std::printf("ready\n");
-    std::fflush(stdout);
+  const OverlayServices services{engine, screens, presenter, loop};
+  begin = [&] {
+    if (mode == QLatin1String("window")) {
+      session = std::make_unique<WindowPickerSession>(services, done);
+    } else {
+      session = std::make_unique<SelectionSession>(SelectionSession::Purpose::ImageCapture, services, done,
+                                                   mode == QLatin1String("adjust"));
+    }
     begun = loop.hostTime();
     session->begin();
-  });
+  };
+  loop.post(begin);
   return QApplication::exec();
 }
