@@ -460,5 +460,37 @@
         <source>Yesterday</source>
         <translation>Gestern</translation>
     </message>
+    <message id="load.error.notFound">
+        <source>The file does not exist</source>
+        <translation>Die Datei existiert nicht</translation>
+    </message>
+    <message id="load.error.notPermitted">
+        <source>You may not read this file</source>
+        <translation>Sie dürfen diese Datei nicht lesen</translation>
+    </message>
+    <message id="load.error.notAFile">
+        <source>This is not a file</source>
+        <translation>Das ist keine Datei</translation>
+    </message>
+    <message id="load.error.tooLarge">
+        <source>The picture is too large</source>
+        <translation>Das Bild ist zu groß</translation>
+    </message>
+    <message id="load.error.notAnImage">
+        <source>This is not a picture Vellora can read</source>
+        <translation>Das ist kein Bild, das Vellora lesen kann</translation>
+    </message>
+    <message id="load.error.unsupported">
+        <source>This kind of picture cannot be read</source>
+        <translation>Diese Art von Bild kann nicht gelesen werden</translation>
+    </message>
+    <message id="load.error.outOfMemory">
+        <source>There is not enough memory for the picture</source>
+        <translation>Der Arbeitsspeicher reicht für das Bild nicht aus</translation>
+    </message>
+    <message id="load.error.damaged">
+        <source>The picture is damaged</source>
+        <translation>Das Bild ist beschädigt</translation>
+    </message>
 </context>
 </TS>

@@ -252,8 +252,6 @@
         </message>
         <message id="settings.shortcuts.info">
             <source>They work in every program. Click a shortcut and press the new combination: with Ctrl, Alt or Super, or a function key alone.</source>
-            <oldsource>They work in every program. Click a shortcut, then press the new combination: with Ctrl, Alt or Super, or a
-</oldsource>
             <translation>They work in every program. Click a shortcut and press the new combination: with Ctrl, Alt or Super, or a function key alone.</translation>
         </message>
         <message id="shortcut.reset">
@@ -459,6 +457,38 @@
         <message id="history.yesterday">
             <source>Yesterday</source>
             <translation>Yesterday</translation>
+        </message>
+        <message id="load.error.notFound">
+            <source>The file does not exist</source>
+            <translation>The file does not exist</translation>
+        </message>
+        <message id="load.error.notPermitted">
+            <source>You may not read this file</source>
+            <translation>You may not read this file</translation>
+        </message>
+        <message id="load.error.notAFile">
+            <source>This is not a file</source>
+            <translation>This is not a file</translation>
+        </message>
+        <message id="load.error.tooLarge">
+            <source>The picture is too large</source>
+            <translation>The picture is too large</translation>
+        </message>
+        <message id="load.error.notAnImage">
+            <source>This is not a picture Vellora can read</source>
+            <translation>This is not a picture Vellora can read</translation>
+        </message>
+        <message id="load.error.unsupported">
+            <source>This kind of picture cannot be read</source>
+            <translation>This kind of picture cannot be read</translation>
+        </message>
+        <message id="load.error.outOfMemory">
+            <source>There is not enough memory for the picture</source>
+            <translation>There is not enough memory for the picture</translation>
+        </message>
+        <message id="load.error.damaged">
+            <source>The picture is damaged</source>
+            <translation>The picture is damaged</translation>
         </message>
     </context>
 </TS>

@@ -460,5 +460,37 @@
         <source>Yesterday</source>
         <translation>Ayer</translation>
     </message>
+    <message id="load.error.notFound">
+        <source>The file does not exist</source>
+        <translation>El archivo no existe</translation>
+    </message>
+    <message id="load.error.notPermitted">
+        <source>You may not read this file</source>
+        <translation>No tiene permiso para leer este archivo</translation>
+    </message>
+    <message id="load.error.notAFile">
+        <source>This is not a file</source>
+        <translation>Esto no es un archivo</translation>
+    </message>
+    <message id="load.error.tooLarge">
+        <source>The picture is too large</source>
+        <translation>La imagen es demasiado grande</translation>
+    </message>
+    <message id="load.error.notAnImage">
+        <source>This is not a picture Vellora can read</source>
+        <translation>Esto no es una imagen que Vellora pueda leer</translation>
+    </message>
+    <message id="load.error.unsupported">
+        <source>This kind of picture cannot be read</source>
+        <translation>Este tipo de imagen no se puede leer</translation>
+    </message>
+    <message id="load.error.outOfMemory">
+        <source>There is not enough memory for the picture</source>
+        <translation>No hay suficiente memoria para la imagen</translation>
+    </message>
+    <message id="load.error.damaged">
+        <source>The picture is damaged</source>
+        <translation>La imagen está dañada</translation>
+    </message>
 </context>
 </TS>

@@ -460,5 +460,37 @@
         <source>Yesterday</source>
         <translation>Hier</translation>
     </message>
+    <message id="load.error.notFound">
+        <source>The file does not exist</source>
+        <translation>Le fichier n’existe pas</translation>
+    </message>
+    <message id="load.error.notPermitted">
+        <source>You may not read this file</source>
+        <translation>Vous n’êtes pas autorisé à lire ce fichier</translation>
+    </message>
+    <message id="load.error.notAFile">
+        <source>This is not a file</source>
+        <translation>Ce n’est pas un fichier</translation>
+    </message>
+    <message id="load.error.tooLarge">
+        <source>The picture is too large</source>
+        <translation>L’image est trop grande</translation>
+    </message>
+    <message id="load.error.notAnImage">
+        <source>This is not a picture Vellora can read</source>
+        <translation>Ce n’est pas une image que Vellora peut lire</translation>
+    </message>
+    <message id="load.error.unsupported">
+        <source>This kind of picture cannot be read</source>
+        <translation>Ce type d’image ne peut pas être lu</translation>
+    </message>
+    <message id="load.error.outOfMemory">
+        <source>There is not enough memory for the picture</source>
+        <translation>La mémoire est insuffisante pour l’image</translation>
+    </message>
+    <message id="load.error.damaged">
+        <source>The picture is damaged</source>
+        <translation>L’image est endommagée</translation>
+    </message>
 </context>
 </TS>

@@ -459,5 +459,37 @@
         <source>Yesterday</source>
         <translation>昨日</translation>
     </message>
+    <message id="load.error.notFound">
+        <source>The file does not exist</source>
+        <translation>ファイルが存在しません</translation>
+    </message>
+    <message id="load.error.notPermitted">
+        <source>You may not read this file</source>
+        <translation>このファイルを読み取る権限がありません</translation>
+    </message>
+    <message id="load.error.notAFile">
+        <source>This is not a file</source>
+        <translation>これはファイルではありません</translation>
+    </message>
+    <message id="load.error.tooLarge">
+        <source>The picture is too large</source>
+        <translation>画像が大きすぎます</translation>
+    </message>
+    <message id="load.error.notAnImage">
+        <source>This is not a picture Vellora can read</source>
+        <translation>Vellora で読み込める画像ではありません</translation>
+    </message>
+    <message id="load.error.unsupported">
+        <source>This kind of picture cannot be read</source>
+        <translation>この種類の画像は読み込めません</translation>
+    </message>
+    <message id="load.error.outOfMemory">
+        <source>There is not enough memory for the picture</source>
+        <translation>メモリが不足しているため、画像を読み込めません</translation>
+    </message>
+    <message id="load.error.damaged">
+        <source>The picture is damaged</source>
+        <translation>画像が破損しています</translation>
+    </message>
 </context>
 </TS>

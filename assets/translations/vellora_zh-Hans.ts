@@ -459,5 +459,37 @@
         <source>Yesterday</source>
         <translation>昨天</translation>
     </message>
+    <message id="load.error.notFound">
+        <source>The file does not exist</source>
+        <translation>文件不存在</translation>
+    </message>
+    <message id="load.error.notPermitted">
+        <source>You may not read this file</source>
+        <translation>您无权读取此文件</translation>
+    </message>
+    <message id="load.error.notAFile">
+        <source>This is not a file</source>
+        <translation>这不是文件</translation>
+    </message>
+    <message id="load.error.tooLarge">
+        <source>The picture is too large</source>
+        <translation>图片过大</translation>
+    </message>
+    <message id="load.error.notAnImage">
+        <source>This is not a picture Vellora can read</source>
+        <translation>这不是 Vellora 可以读取的图片</translation>
+    </message>
+    <message id="load.error.unsupported">
+        <source>This kind of picture cannot be read</source>
+        <translation>无法读取此类图片</translation>
+    </message>
+    <message id="load.error.outOfMemory">
+        <source>There is not enough memory for the picture</source>
+        <translation>内存不足，无法载入图片</translation>
+    </message>
+    <message id="load.error.damaged">
+        <source>The picture is damaged</source>
+        <translation>图片已损坏</translation>
+    </message>
 </context>
 </TS>
