@@ -278,7 +278,7 @@
     </message>
     <message id="menu.captureFullscreen">
         <source>Capture Full Screen</source>
-        <translation>Ganzen Bildschirm aufnehmen</translation>
+        <translation>Vollbild aufnehmen</translation>
     </message>
     <message id="menu.captureScrolling">
         <source>Capture Scrolling Page</source>
@@ -302,7 +302,7 @@
     </message>
     <message id="menu.captureFullscreenDelayed">
         <source>Capture Full Screen in 3 Seconds</source>
-        <translation>Ganzen Bildschirm in 3&#xa0;Sekunden aufnehmen</translation>
+        <translation>Vollbild in 3&#xa0;Sekunden aufnehmen</translation>
     </message>
     <message id="menu.loadFromClipboard">
         <source>Load from Clipboard</source>
@@ -314,7 +314,7 @@
     </message>
     <message id="menu.reopen">
         <source>Reopen Last Capture</source>
-        <translation>Letzte Aufnahme erneut öffnen</translation>
+        <translation>Letzte Aufnahme öffnen</translation>
     </message>
     <message id="menu.reopenMore">
         <source>Recent Captures</source>
@@ -350,7 +350,7 @@
     </message>
     <message id="menu.recordFullscreen">
         <source>Record Full Screen</source>
-        <translation>Ganzen Bildschirm aufzeichnen</translation>
+        <translation>Vollbild aufzeichnen</translation>
     </message>
     <message id="menu.recentRecordings">
         <source>Recent Recordings</source>

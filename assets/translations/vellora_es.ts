@@ -200,7 +200,7 @@
     </message>
     <message id="settings.general.pinHelp">
         <source>It stays above all windows. Takes the place of the editor.</source>
-        <translation>Permanece por encima de todas las ventanas y sustituye a la apertura en el editor.</translation>
+        <translation>Queda por encima de todas las ventanas y sustituye al editor.</translation>
     </message>
     <message id="settings.clipboard.fileAndImage">
         <source>File and picture</source>
@@ -282,7 +282,7 @@
     </message>
     <message id="menu.captureScrolling">
         <source>Capture Scrolling Page</source>
-        <translation>Capturar página con desplazamiento</translation>
+        <translation>Capturar con desplazamiento</translation>
     </message>
     <message id="menu.captureText">
         <source>Capture Text</source>

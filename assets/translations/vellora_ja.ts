@@ -281,7 +281,7 @@
     </message>
     <message id="menu.captureScrolling">
         <source>Capture Scrolling Page</source>
-        <translation>スクロールするページをキャプチャ</translation>
+        <translation>スクロールキャプチャ</translation>
     </message>
     <message id="menu.captureText">
         <source>Capture Text</source>
@@ -313,7 +313,7 @@
     </message>
     <message id="menu.reopen">
         <source>Reopen Last Capture</source>
-        <translation>最後のキャプチャを再度開く</translation>
+        <translation>最後のキャプチャを開く</translation>
     </message>
     <message id="menu.reopenMore">
         <source>Recent Captures</source>
