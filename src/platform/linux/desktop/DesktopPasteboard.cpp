@@ -39,12 +39,10 @@ DesktopPasteboard::~DesktopPasteboard() {
 }
 
 bool DesktopPasteboard::write(PasteboardContent content) {
-  const QByteArray tiff = content.png.isEmpty() && content.tiff ? content.tiff() : QByteArray();
   const ClipboardParts parts{.png = bytesOf(content.png),
-                             .tiff = bytesOf(tiff),
-                             .tiffOnDemand = static_cast<bool>(content.tiff),
+                             .tiffOnDemand = !content.png.isEmpty(),
                              .filePath = QFile::encodeName(content.filePath).toStdString()};
-  if (parts.png.empty() && parts.tiff.empty() && parts.filePath.empty()) return false;
+  if (parts.png.empty() && parts.filePath.empty()) return false;
   const bool held = holdOnClipboard(parts, holderProgram_);
   if (!held) log::error(QStringLiteral("clipboard not taken over"));
   return held;
