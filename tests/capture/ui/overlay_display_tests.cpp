@@ -126,7 +126,7 @@ class Desktop {
   QTemporaryDir folder;
 };
 
-std::string took(const PixelRect& rect, const char* scale) {
+std::string took(const PixelRect& rect, const std::string& scale) {
   return "took " + std::to_string(rect.x) + "," + std::to_string(rect.y) + " " + std::to_string(rect.width) + "x" +
          std::to_string(rect.height) + " scale " + scale;
 }
@@ -134,7 +134,7 @@ std::string took(const PixelRect& rect, const char* scale) {
 struct Case {
   const char* what;
   bool twoMonitors;
-  const char* scale;
+  const char* scale;  // of all monitors, or NAME=scale
   PixelPoint from, to;
   PixelRect rect;
 };
@@ -147,6 +147,8 @@ TEST(OverlayOnDisplay, CapturesWhatWasUnderADraggedRectangle) {
       {"right monitor, from its far corner", true, "1", {1899, 821}, {1000, 40}, {1000, 40, 900, 782}},
       {"right monitor, scaled", true, "2", {1333, 41}, {1899, 821}, {1333, 41, 567, 781}},
       {"held to the left monitor", true, "1", {701, 501}, {1500, 700}, {701, 501, 259, 200}},
+      {"right monitor, denser than the left", true, "RIGHT=2", {1333, 41}, {1899, 821}, {1333, 41, 567, 781}},
+      {"left monitor, denser than the right", true, "LEFT=2", {203, 151}, {601, 349}, {203, 151, 399, 199}},
   };
   for (const bool twoMonitors : {false, true}) {
     Desktop desktop({.size = {1920, 1080}});
@@ -156,9 +158,12 @@ TEST(OverlayOnDisplay, CapturesWhatWasUnderADraggedRectangle) {
       if (c.twoMonitors != twoMonitors) continue;
       SCOPED_TRACE(c.what);
       const auto before = desktop.server->pixels(c.rect);
-      desktop.begin("area", {std::string("QT_SCALE_FACTOR=") + c.scale});
+      const std::string scale = c.scale;
+      const auto named = scale.find('=');
+      desktop.input({"mousemove", "100", "100"});
+      desktop.begin("area", {(named == std::string::npos ? "QT_SCALE_FACTOR=" : "QT_SCREEN_SCALE_FACTORS=") + scale});
       desktop.drag(c.from, c.to);
-      EXPECT_EQ(desktop.outcome(), took(c.rect, c.scale));
+      EXPECT_EQ(desktop.outcome(), took(c.rect, scale.substr(named == std::string::npos ? 0 : named + 1)));
       EXPECT_TRUE(desktop.captured() == before);
       // Nothing of the overlay stays.
       EXPECT_TRUE(desktop.server->pixels(c.rect) == before);

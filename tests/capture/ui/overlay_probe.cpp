@@ -1,8 +1,8 @@
 // Runs one overlay session on the display it finds itself on, for tests and measurements:
 //   overlay_probe area|adjust|window [PICTURE.png [TEXTS.qm]]
 // Prints "shown MILLISECONDS" when the overlays are up, and at the end "took X,Y WIDTHxHEIGHT scale S after
-// MILLISECONDS" or "nothing". OVERLAY_PROBE_ROUNDS=N only brings the overlays up N times. OVERLAY_PROBE_PLAIN does
-// without the display server's help.
+// MILLISECONDS" (since the button was released) or "nothing". OVERLAY_PROBE_ROUNDS=N only brings the overlays up N
+// times. OVERLAY_PROBE_PLAIN does without the display server's help.
 #include <QApplication>
 #include <QImage>
 #include <QTranslator>
@@ -19,6 +19,24 @@
 #include "platform/linux/x11/X11ScreenStill.h"
 #include "platform/linux/x11/X11Screens.h"
 
+namespace {
+
+/// Notes when the last button was released.
+class ReleaseWatch final : public QObject {
+ public:
+  explicit ReleaseWatch(vellora::RunLoop& loop) : loop_(loop) {}
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::MouseButtonRelease) at = loop_.hostTime();
+    return false;
+  }
+  double at = 0;
+
+ private:
+  vellora::RunLoop& loop_;
+};
+
+}  // namespace
+
 int main(int argc, char** argv) {
   using namespace vellora;
   QApplication application(argc, argv);
@@ -27,6 +45,8 @@ int main(int argc, char** argv) {
   QTranslator texts;
   if (argc > 3 && texts.load(QString::fromUtf8(argv[3]))) QApplication::installTranslator(&texts);
   QtRunLoop loop;
+  ReleaseWatch release(loop);
+  application.installEventFilter(&release);
   X11ScreenCapture capture;
   X11Screens screens;
   CaptureEngine engine(capture, loop);
@@ -52,7 +72,7 @@ int main(int argc, char** argv) {
               .arg(image->image.width())
               .arg(image->image.height())
               .arg(image->scale)
-              .arg(since(), 0, 'f', 1));
+              .arg((loop.hostTime() - release.at) * 1000, 0, 'f', 1));
       if (!file.isEmpty()) sharedImage(image->image).save(file);
     } else if (rounds == 0) {
       say(QStringLiteral("nothing"));
