@@ -101,6 +101,9 @@ void SettingsRow::describeControl() {
     if (!label->text().isEmpty()) description << label->text();
   }
   control_->setAccessibleDescription(description.join(QLatin1Char(' ')));
+  // A group of controls has tool tips of its own.
+  if (control_->focusPolicy() != Qt::NoFocus)
+    control_->setToolTip(help_->text().isEmpty() ? title_->text() : help_->text());
 }
 
 void SettingsRow::paintEvent(QPaintEvent*) {

@@ -63,11 +63,7 @@ void Toast::show(const QString& iconName, const QString& text, ToastKind kind, Q
 }
 
 void Toast::dismiss() {
-  if (Toast* const toast = slot()) {
-    slot() = nullptr;
-    toast->hide();
-    toast->deleteLater();
-  }
+  if (Toast* const toast = slot()) toast->vanish();
 }
 
 Toast* Toast::current() {
@@ -132,20 +128,23 @@ void Toast::enter() {
 }
 
 void Toast::leave() {
-  if (slot() == this) slot() = nullptr;
+  if (leaving_) return;
+  leaving_ = true;
   if (Theme::shared().reducedMotion()) {
-    hide();
-    deleteLater();
+    vanish();
     return;
   }
   auto* const fade = new QPropertyAnimation(this, "windowOpacity", this);
   fade->setDuration(tokens::motionShort);
   fade->setEndValue(0.0);
-  connect(fade, &QAbstractAnimation::finished, this, [this] {
-    hide();
-    deleteLater();
-  });
+  connect(fade, &QAbstractAnimation::finished, this, &Toast::vanish);
   fade->start(QAbstractAnimation::DeleteWhenStopped);
+}
+
+void Toast::vanish() {
+  if (slot() == this) slot() = nullptr;
+  hide();
+  deleteLater();
 }
 
 void Toast::paintPanel(QPainter& painter, const QRect& panel) {
@@ -163,12 +162,7 @@ void Toast::paintPanel(QPainter& painter, const QRect& panel) {
 }
 
 void Toast::mousePressEvent(QMouseEvent* event) {
-  if (!panelRect().contains(event->position().toPoint())) return;
-  if (slot() == this) {
-    dismiss();
-  } else {
-    deleteLater();
-  }
+  if (panelRect().contains(event->position().toPoint())) vanish();
 }
 
 void Toast::enterEvent(QEnterEvent*) {
@@ -176,7 +170,7 @@ void Toast::enterEvent(QEnterEvent*) {
 }
 
 void Toast::leaveEvent(QEvent*) {
-  stay_->start();
+  if (!leaving_) stay_->start();
 }
 
 }  // namespace vellora

@@ -4,7 +4,6 @@
 
 #include "kit/FloatingPanel.h"
 
-class QPropertyAnimation;
 class QScreen;
 class QTimer;
 
@@ -26,7 +25,7 @@ class Toast final : public FloatingPanel {
   /// Takes the toast on screen away at once.
   static void dismiss();
 
-  /// The toast on screen, or nullptr. It deletes itself.
+  /// The toast on screen, fading ones included, or nullptr. It deletes itself.
   static Toast* current();
 
   const QString& text() const { return text_; }
@@ -44,11 +43,13 @@ class Toast final : public FloatingPanel {
   void place(const QScreen& screen);
   void enter();
   void leave();
+  void vanish();
 
   QString iconName_;
   QString text_;
   ToastKind kind_;
   QTimer* stay_;  // owned by this as a child
+  bool leaving_ = false;
 };
 
 }  // namespace vellora

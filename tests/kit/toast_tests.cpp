@@ -96,7 +96,10 @@ TEST_F(ToastTest, AFreshToastRisesInAndAnOldOneFadesUnlessMotionIsReduced) {
   const QPoint start = toast->pos();
   EXPECT_TRUE(test::runUntil([&] { return toast->pos().y() < start.y() || toast->windowOpacity() >= 1.0; }));
   toast->findChild<QTimer*>()->start(0);
-  EXPECT_TRUE(test::runUntil([&] { return toast.isNull(); }));
+  EXPECT_TRUE(test::runUntil([&] { return toast->windowOpacity() < 1.0; }));
+  EXPECT_EQ(Toast::current(), toast.data());
+  showToast(QStringLiteral("next"));
+  EXPECT_FALSE(toast->isVisible()) << "never two at a time";
 }
 
 TEST_F(ToastTest, WithoutBlendingTheWindowIsThePanel) {

@@ -139,6 +139,8 @@ void GeneralPage::retranslate() {
   folderRow_->setTitle(qtTrId("settings.general.saveFolder"));
   //% "Choose…"
   choose_->setText(qtTrId("settings.general.choose"));
+  //% "Choose a folder for captures"
+  choose_->setToolTip(qtTrId("settings.general.chooseTitle"));
   //% "Use Desktop"
   resetFolder_->setText(qtTrId("settings.general.resetDesktop"));
   //% "Save captures to the Desktop folder again"
@@ -176,7 +178,6 @@ void GeneralPage::toggle(AfterCaptureAction action, bool on) {
 }
 
 void GeneralPage::chooseFolder() {
-  //% "Choose a folder for captures"
   chooser_(this, qtTrId("settings.general.chooseTitle"), model_.saveDirectory(),
            [this](const QString& path) { model_.chooseDirectory(path); });
 }

@@ -83,6 +83,7 @@ void ShortcutsPage::retranslate() {
     entries_[i].row->setTitle(title);
     //% "Back to the default"
     entries_[i].reset->setTitle(qtTrId("shortcut.reset"));
+    entries_[i].reset->setAccessibleDescription(title);
     entries_[i].recorder->setAccessibleName(title);
   }
   refresh();
