@@ -94,7 +94,6 @@ PixelRect loupePlace(PixelPoint pixel, PixelSize size, const PixelRect& bounds, 
 
 OverlayParts layOut(const OverlayScene& scene, const DisplayInfo& display, const OverlayTexts& texts) {
   OverlayParts parts;
-  if (scene.display != display.id) return parts;
   const PixelRect& bounds = display.frame;
   const double scale = display.scale;
 
@@ -105,6 +104,8 @@ OverlayParts layOut(const OverlayScene& scene, const DisplayInfo& display, const
         pixels(scene.frame == OverlayFrame::Highlight ? overlay::highlightFrame : overlay::selectionFrame, scale);
     if (scene.frame != OverlayFrame::None) parts.frameEdges = edgesAround(parts.clear, parts.frameWidth, bounds);
   }
+  if (scene.display != display.id) return parts;
+
   if (parts.frame == OverlayFrame::Adjusting) {
     const int size = pixels(overlay::handleSize, scale);
     for (const PixelPoint center : handleCenters(parts.clear)) {

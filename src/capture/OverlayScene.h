@@ -24,7 +24,7 @@ enum class OverlayFrame {
 /// overlays draw it.
 struct OverlayScene {
   DisplayId display = 0;  ///< the display the person is working on; the badge, the loupe and the hint are there
-  std::optional<PixelRect> clear;  ///< the part of that display that is not dimmed
+  std::optional<PixelRect> clear;  ///< the part of the desktop that is not dimmed
   OverlayFrame frame = OverlayFrame::None;
   bool showsSize = false;            ///< a badge with the size of `clear`
   QString title;                     ///< a badge with the window's name; empty for none

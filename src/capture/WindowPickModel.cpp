@@ -81,7 +81,7 @@ OverlayScene WindowPickModel::scene() const {
   scene.display = display->id;
   const WindowInfo* window = windows_.current();
   if (window == nullptr) return scene;
-  scene.clear = window->frame.intersected(display->frame);
+  scene.clear = window->frame;
   scene.frame = OverlayFrame::Highlight;
   scene.showsSize = true;
   scene.title = window->title.isEmpty() ? window->application : window->title;

@@ -69,7 +69,7 @@ TEST(OverlayLayout, LoupeLeavesItsPixelTheBadgeAndTheDragFree) {
   }
 }
 
-TEST(OverlayLayout, ScalesWithTheDisplayAndIgnoresOtherDisplays) {
+TEST(OverlayLayout, ScalesWithTheDisplayAndKeepsToIt) {
   OverlayScene scene;
   scene.display = 1;
   scene.clear = PixelRect{1200, 200, 400, 300};
@@ -81,8 +81,12 @@ TEST(OverlayLayout, ScalesWithTheDisplayAndIgnoresOtherDisplays) {
   EXPECT_EQ(one.handles.front().width * 2, two.handles.front().width);
   EXPECT_NEAR(one.loupe->width * 2, two.loupe->width, 8);
   EXPECT_EQ(one.handles.size(), 8u);
+  // A window that reaches over to another display is clear there too; the rest stays where the person works.
   scene.display = 2;
-  EXPECT_EQ(layOut(scene, onScreen(1), {}), OverlayParts{});
+  const OverlayParts other = layOut(scene, onScreen(1), {});
+  EXPECT_EQ(other.clear, *scene.clear);
+  EXPECT_FALSE(other.loupe);
+  EXPECT_TRUE(other.handles.empty());
 }
 
 /// Paints two states onto a grid of part numbers and holds what changed against what was announced.

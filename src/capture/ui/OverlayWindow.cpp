@@ -89,10 +89,10 @@ OverlayParts OverlayWindow::parts() const {
 }
 
 void OverlayWindow::setScene(const OverlayScene& scene) {
-  const bool otherHint = scene.hintKey != scene_.hintKey;
-  const bool entered = scene.display == display_.id && scene_.display != display_.id;
+  const bool isHere = scene.display == display_.id;
+  const bool wanted = isHere && (scene.hintKey != scene_.hintKey || !hintAge_.isValid());
   scene_ = scene;
-  if (hintAge_.isValid() && scene.display == display_.id && (otherHint || entered)) startHint();
+  if (hintsEnabled_ && wanted) startHint();
   applyCursor();
   refresh();
 }
@@ -102,6 +102,11 @@ void OverlayWindow::refresh() {
   const auto rects = changedRects(shown_, next);
   shown_ = std::move(next);
   if (drawn_) paint(rects);
+}
+
+void OverlayWindow::enableHints() {
+  hintsEnabled_ = true;
+  if (scene_.display == display_.id) startHint();
 }
 
 void OverlayWindow::startHint() {

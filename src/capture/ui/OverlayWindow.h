@@ -40,8 +40,8 @@ class OverlayWindow final : public QWindow {
 
   /// What to show from now on, at once if the window is on screen.
   void setScene(const OverlayScene& scene);
-  /// Starts the hint's time.
-  void startHint();
+  /// From now on the hint is shown: when the person first comes to this display and when it changes, for a few seconds.
+  void enableHints();
 
  signals:
   /// The window is on screen and painted for the first time.
@@ -64,7 +64,7 @@ class OverlayWindow final : public QWindow {
   void refresh();
   void paint(const std::vector<PixelRect>& rects);
   void paintAll();
-  void setHintOpacity(double opacity);
+  void startHint();
   void applyCursor();
 
   const DisplayInfo display_;
@@ -74,6 +74,7 @@ class OverlayWindow final : public QWindow {
   OverlayParts shown_;
   Ground ground_ = Ground::None;
   bool drawn_ = false;  // something has been painted since the window came up
+  bool hintsEnabled_ = false;
   QBasicTimer hintTimer_;
   QElapsedTimer hintAge_;
   double hintOpacity_ = 0;

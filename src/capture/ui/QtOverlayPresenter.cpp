@@ -131,7 +131,13 @@ void QtOverlayPresenter::grounded(OverlayWindow& window, OverlayWindow::Ground g
   reveal();
 }
 
-/// Fetches the pixels of the display the person works on: what is clear and the loupe are painted from them.
+/// Whether something of the scene on that display is painted from its pixels.
+bool QtOverlayPresenter::isNeeded(const OverlayWindow& window) const {
+  const DisplayInfo& display = window.display();
+  return display.id == scene_.display || (scene_.clear && !scene_.clear->intersected(display.frame).isEmpty());
+}
+
+/// Fetches the pixels of a display: what is clear and the loupe are painted from them.
 void QtOverlayPresenter::readStill(OverlayWindow& window) {
   if (!still_ || window.ground() != OverlayWindow::Ground::Server || !reading_.insert(&window).second) return;
   engine_.readStill(still_, window.display(), run_->guard([this, &window](CaptureEngine::Image image) {
@@ -175,7 +181,7 @@ void QtOverlayPresenter::reveal() {
   revealed_ = true;
   for (OverlayWindow* window : windows_) {
     window->setVisible(true);
-    if (window->display().id == scene_.display) readStill(*window);
+    if (isNeeded(*window)) readStill(*window);
   }
   qGuiApp->installEventFilter(this);
   watchDisplays(true);
@@ -192,9 +198,7 @@ void QtOverlayPresenter::windowAppeared() {
   if (!std::ranges::all_of(windows_, [](const OverlayWindow* window) { return window->hasAppeared(); })) return;
   emit shown();
   QTimer::singleShot(0, this, run_->guard([this] {
-    for (OverlayWindow* window : windows_) {
-      if (window->display().id == scene_.display) window->startHint();
-    }
+    for (OverlayWindow* window : windows_) window->enableHints();
   }));
 }
 
@@ -217,7 +221,7 @@ void QtOverlayPresenter::update(const OverlayScene& scene) {
   scene_ = scene;
   for (OverlayWindow* window : windows_) {
     window->setScene(scene);
-    if (revealed_ && window->display().id == scene.display) readStill(*window);
+    if (revealed_ && isNeeded(*window)) readStill(*window);
   }
 }
 

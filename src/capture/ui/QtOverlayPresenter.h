@@ -42,6 +42,7 @@ class QtOverlayPresenter final : public QObject, public OverlayPresenter {
  private:
   void connectWindow(OverlayWindow& window);
   void takePicture(OverlayWindow& window);
+  bool isNeeded(const OverlayWindow& window) const;
   void readStill(OverlayWindow& window);
   void grounded(OverlayWindow& window, OverlayWindow::Ground ground);
   void reveal();
