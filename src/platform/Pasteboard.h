@@ -12,10 +12,7 @@ namespace vellora {
 
 /// What a copy puts on the clipboard. Empty fields are left out.
 struct PasteboardContent {
-  QByteArray png;
-  /// Makes the TIFF form; called on the main thread when a program first asks for it, so that a large picture is
-  /// encoded twice only when somebody wants it.
-  std::function<QByteArray()> tiff;
+  QByteArray png;    ///< offered as PNG, and as TIFF made from it when a program asks for that
   QString filePath;  ///< absolute; offered as a file URL
 };
 

@@ -253,8 +253,8 @@ TEST_F(ClipboardTest, AnOwnerThatNeverAnswersCostsTwoSecondsOfAnotherThread) {
 
 TEST_F(ClipboardTest, FailuresAreReported) {
   EXPECT_FALSE(pasteboard_.write({}));
-  EXPECT_FALSE(DesktopPasteboard(runLoop_, "/nonexistent").write({"x", {}, {}}));
-  EXPECT_FALSE(DesktopPasteboard(runLoop_, "/bin/true").write({"x", {}, {}}));
+  EXPECT_FALSE(DesktopPasteboard(runLoop_, "/nonexistent").write({"x", {}}));
+  EXPECT_FALSE(DesktopPasteboard(runLoop_, "/bin/true").write({"x", {}}));
   qputenv("DISPLAY", ":9999");
   EXPECT_FALSE(pasteboard_.write({"x", {}}));
   EXPECT_FALSE(read());

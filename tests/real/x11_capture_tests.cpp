@@ -77,11 +77,11 @@ TEST(X11Capture, PicturesEqualWhatAnotherProgramReads) {
   const auto picture = capture.displayImage(content->displays[0].id);
   ASSERT_TRUE(picture);
   ASSERT_EQ(picture->size(), size);
-  EXPECT_TRUE(rgbOf(*picture) == server->pixels({0, 0, size.width, size.height}));
+  EXPECT_TRUE(rgbOf(*picture) == server->pixelsByXwd({0, 0, size.width, size.height}));
   const PixelRect region{501, 203, 77, 31};
   const auto part = capture.regionImage(region);
   ASSERT_TRUE(part);
-  EXPECT_EQ(rgbOf(*part), server->pixels(region));
+  EXPECT_EQ(rgbOf(*part), server->pixelsByXwd(region));
 }
 
 TEST(X11Capture, ColoursOfOtherDepthsAreConvertedAndPalettesRefused) {
@@ -301,7 +301,7 @@ class SlowPainter {
         exposed = exposed || event->response_type == XCB_EXPOSE;
         std::free(event);
       }
-      std::this_thread::sleep_for(std::chrono::milliseconds(15));
+      std::this_thread::sleep_for(std::chrono::milliseconds(5));
       if (!exposed) continue;
       client_.fill(window_, {0, 0, frame_.width / 2, frame_.height}, 0xAA0000);
       std::this_thread::sleep_for(std::chrono::milliseconds(20));

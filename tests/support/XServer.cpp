@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 
@@ -201,6 +202,25 @@ void XServer::setMode(PixelSize size) {
 }
 
 std::vector<std::uint32_t> XServer::pixels(const PixelRect& region) const {
+  const XClient client(*this);
+  const auto cookie =
+      xcb_get_image(client.connection(), XCB_IMAGE_FORMAT_Z_PIXMAP, client.root(), static_cast<std::int16_t>(region.x),
+                    static_cast<std::int16_t>(region.y), static_cast<std::uint16_t>(region.width),
+                    static_cast<std::uint16_t>(region.height), ~0U);
+  const std::unique_ptr<xcb_get_image_reply_t, decltype(&std::free)> reply(
+      xcb_get_image_reply(client.connection(), cookie, nullptr), &std::free);
+  const auto count = static_cast<std::size_t>(region.width) * static_cast<std::size_t>(region.height);
+  std::vector<std::uint32_t> result(count);
+  if (!reply || static_cast<std::size_t>(xcb_get_image_data_length(reply.get())) < count * 4) {
+    ADD_FAILURE() << "the display cannot be read";
+    return result;
+  }
+  std::memcpy(result.data(), xcb_get_image_data(reply.get()), count * 4);
+  for (std::uint32_t& pixel : result) pixel &= 0xFFFFFF;
+  return result;
+}
+
+std::vector<std::uint32_t> XServer::pixelsByXwd(const PixelRect& region) const {
   // The file: a header of 32-bit numbers in network order, the name, the colour table, then the rows (X11/XWDFile.h).
   const std::string dump = check({"xwd", "-root", "-silent"});
   constexpr std::size_t headerNumbers = 25;
@@ -209,8 +229,10 @@ std::vector<std::uint32_t> XServer::pixels(const PixelRect& region) const {
   const std::size_t start = field(0) + std::size_t{field(19)} * 12;
   const std::size_t rowBytes = field(12);
   const bool littleEndian = field(7) == 0;
-  if (field(11) != 32 || dump.size() < start + rowBytes * field(5)) {
-    ADD_FAILURE() << "xwd wrote " << field(11) << " bits a pixel, " << dump.size() << " bytes";
+  // The bits a pixel has are not to be believed: with windows of several depths on the screen xwd says 24 and
+  // writes 32.
+  if (rowBytes < std::size_t{field(4)} * 4 || dump.size() < start + rowBytes * field(5)) {
+    ADD_FAILURE() << "xwd wrote " << rowBytes << " bytes a row, " << dump.size() << " bytes";
     return {};
   }
   std::vector<std::uint32_t> result;

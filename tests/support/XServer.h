@@ -67,8 +67,10 @@ class XServer {
   /// Changes the size of the only output, and with it of the root window, while everything runs.
   void setMode(PixelSize size);
 
-  /// What is on the screen, row by row as 0xRRGGBB, read by xwd.
+  /// What is on the screen, row by row as 0xRRGGBB.
   std::vector<std::uint32_t> pixels(const PixelRect& region) const;
+  /// The same, read by a program others wrote. Windows must not come or go meanwhile: xwd fails then.
+  std::vector<std::uint32_t> pixelsByXwd(const PixelRect& region) const;
 
   /// Kills the server as a crash would.
   void crash();

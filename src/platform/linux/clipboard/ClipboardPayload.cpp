@@ -16,12 +16,10 @@ namespace {
 struct Header {
   std::array<char, 8> magic;
   std::uint64_t pngBytes;
-  std::uint64_t tiffBytes;
   std::uint64_t pathBytes;
-  std::uint64_t tiffOnDemand;
 };
 
-constexpr std::array<char, 8> magicBytes{'V', 'l', 'r', 'C', 'l', 'i', 'p', '1'};
+constexpr std::array<char, 8> magicBytes{'V', 'l', 'r', 'C', 'l', 'i', 'p', '2'};
 // A receiver may map the file without fear that it shrinks under its hands.
 constexpr int seals = F_SEAL_SHRINK | F_SEAL_GROW | F_SEAL_WRITE | F_SEAL_SEAL;
 
@@ -56,10 +54,8 @@ int FileHandle::release() {
 std::optional<FileHandle> ClipboardPayload::pack(const ClipboardParts& parts) {
   FileHandle file(::memfd_create("vellora-clipboard", MFD_CLOEXEC | MFD_ALLOW_SEALING));
   if (!file) return std::nullopt;
-  const Header header{magicBytes, parts.png.size(), parts.tiff.size(), parts.filePath.size(),
-                      parts.tiffOnDemand ? 1U : 0U};
+  const Header header{magicBytes, parts.png.size(), parts.filePath.size()};
   const bool written = writeAll(file.get(), std::as_bytes(std::span(&header, 1))) && writeAll(file.get(), parts.png) &&
-                       writeAll(file.get(), parts.tiff) &&
                        writeAll(file.get(), std::as_bytes(std::span(parts.filePath)));
   if (!written || ::fcntl(file.get(), F_ADD_SEALS, seals) != 0) return std::nullopt;
   return file;
@@ -81,18 +77,15 @@ std::optional<ClipboardPayload> ClipboardPayload::open(int fd) {
   Header header{};
   std::memcpy(&header, payload.memory_, sizeof(header));
   std::uint64_t left = size - sizeof(header);
-  for (const std::uint64_t part : {header.pngBytes, header.tiffBytes, header.pathBytes}) {
+  for (const std::uint64_t part : {header.pngBytes, header.pathBytes}) {
     if (part > left) return std::nullopt;
     left -= part;
   }
   if (header.magic != magicBytes || left != 0) return std::nullopt;
   const auto* png = static_cast<const std::byte*>(payload.memory_) + sizeof(header);
-  const auto* tiff = png + header.pngBytes;
-  const auto* path = tiff + header.tiffBytes;
+  const auto* path = png + header.pngBytes;
   payload.parts_.png = {png, header.pngBytes};
-  payload.parts_.tiff = {tiff, header.tiffBytes};
   payload.parts_.filePath.assign(reinterpret_cast<const char*>(path), header.pathBytes);
-  payload.parts_.tiffOnDemand = header.tiffOnDemand != 0;
   return payload;
 }
 

@@ -11,9 +11,7 @@ namespace vellora {
 
 /// What is held on the clipboard; empty parts are not offered.
 struct ClipboardParts {
-  std::span<const std::byte> png;
-  std::span<const std::byte> tiff;
-  bool tiffOnDemand = false;  ///< offer a TIFF made from `png` when a program asks for it
+  std::span<const std::byte> png;  ///< also offered as TIFF, which is made when a program asks for it
   std::string filePath;       ///< absolute
 };
 

@@ -41,7 +41,7 @@ SelectionServer::SelectionServer(xcb::Display display, const ClipboardParts& par
 
   offered_ = {atoms_.targets, atoms_.timestamp, atoms_.multiple};
   if (!parts_.png.empty()) offered_.push_back(atoms_.png);
-  if (!parts_.tiff.empty() || (parts_.tiffOnDemand && !parts_.png.empty())) offered_.push_back(atoms_.tiff);
+  if (!parts_.png.empty()) offered_.push_back(atoms_.tiff);
   if (parts_.filePath.empty()) return;
   const std::string address = uriList::fileAddress(parts_.filePath);
   uriListText_ = address + "\r\n";
@@ -172,7 +172,6 @@ std::optional<SelectionServer::Answer> SelectionServer::answerFor(xcb_atom_t tar
 }
 
 std::optional<SelectionServer::Answer> SelectionServer::tiffAnswer() {
-  if (!parts_.tiff.empty()) return Answer{atoms_.tiff, 8, parts_.tiff, nullptr};
   // Kept only while somebody fetches it: it is far larger than the PNG.
   auto made = madeTiff_.lock();
   if (!made) {

@@ -40,7 +40,6 @@ DesktopPasteboard::~DesktopPasteboard() {
 
 bool DesktopPasteboard::write(PasteboardContent content) {
   const ClipboardParts parts{.png = bytesOf(content.png),
-                             .tiffOnDemand = !content.png.isEmpty(),
                              .filePath = QFile::encodeName(content.filePath).toStdString()};
   if (parts.png.empty() && parts.filePath.empty()) return false;
   const bool held = holdOnClipboard(parts, holderProgram_);
