@@ -32,7 +32,7 @@ struct OverlayScene {
   std::optional<PixelPoint> marker;  ///< the keyboard's cross hair, which has left the pointer
   std::optional<PixelPoint> anchor;  ///< the fixed corner of a drag: the loupe keeps away from it
   OverlayCursor cursor = OverlayCursor::Cross;
-  QString hintKey;  ///< the dotted key of the hint line
+  QString hintKey;  ///< the dotted key of the hint line; empty for none
   friend bool operator==(const OverlayScene&, const OverlayScene&) = default;
 };
 

@@ -435,6 +435,7 @@ OverlayScene SelectionModel::scene() const {
       scene.showsSize = true;
       scene.loupe = cross_;
       scene.anchor = anchor_;
+      scene.hintKey.clear();  // it would lie over what is being drawn
       break;
     case Phase::Grabbed:
     case Phase::Adjusting:

@@ -89,7 +89,7 @@ OverlayParts OverlayWindow::parts() const {
 }
 
 void OverlayWindow::setScene(const OverlayScene& scene) {
-  const bool isHere = scene.display == display_.id;
+  const bool isHere = scene.display == display_.id && !scene.hintKey.isEmpty();
   const bool wanted = isHere && (scene.hintKey != scene_.hintKey || !hintAge_.isValid());
   scene_ = scene;
   if (hintsEnabled_ && wanted) startHint();
