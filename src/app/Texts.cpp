@@ -72,6 +72,14 @@ namespace {
     QT_TRID_NOOP("toast.savedTo"),
     //% "Copying or saving failed; the capture is kept in the history"
     QT_TRID_NOOP("toast.captureOutputFailed"),
+    //% "The window is gone"
+    QT_TRID_NOOP("capture.error.windowGone"),
+    //% "Nothing of that area is on the screen any more"
+    QT_TRID_NOOP("capture.error.cropFailed"),
+    //% "The screen is not there any more"
+    QT_TRID_NOOP("capture.error.noDisplay"),
+    //% "The screen cannot be captured"
+    QT_TRID_NOOP("capture.error.failed"),
 };
 
 }  // namespace
