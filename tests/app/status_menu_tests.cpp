@@ -1,4 +1,6 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -56,7 +58,9 @@ TEST(StatusMenu, FollowsTheRecordingAndLiveState) {
     EXPECT_TRUE(find(menu, QString::fromLatin1(expected.record)));
     const MenuEntry& pause = menu[13];
     EXPECT_EQ(pause.isVisible, *expected.pause != '\0');
-    if (pause.isVisible) EXPECT_EQ(pause.titleKey, QString::fromLatin1(expected.pause));
+    if (pause.isVisible) {
+      EXPECT_EQ(pause.titleKey, QString::fromLatin1(expected.pause));
+    }
     EXPECT_EQ(find(menu, QStringLiteral("menu.recordWindow"))->isVisible, expected.others);
     EXPECT_EQ(find(menu, QStringLiteral("menu.recordFullscreen"))->isVisible, expected.others);
   }
