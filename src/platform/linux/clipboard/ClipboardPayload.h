@@ -12,7 +12,7 @@ namespace vellora {
 /// What is held on the clipboard; empty parts are not offered.
 struct ClipboardParts {
   std::span<const std::byte> png;  ///< also offered as TIFF, which is made when a program asks for it
-  std::string filePath;       ///< absolute
+  std::string filePath;            ///< absolute
 };
 
 /// A file descriptor that closes itself.

@@ -10,8 +10,8 @@
 namespace vellora {
 
 /// The clipboard of an X desktop. What is written lives in a small process of its own from the start, so it goes on
-/// pasting however this process ends, with or without a clipboard manager. That process also offers a TIFF, which it
-/// makes from the PNG when a program asks for it; `PasteboardContent::tiff` is called only when there is no PNG.
+/// pasting however this process ends, with or without a clipboard manager. That process also makes
+/// the TIFF form, when a program asks for it.
 class DesktopPasteboard final : public Pasteboard {
  public:
   explicit DesktopPasteboard(RunLoop& runLoop);
