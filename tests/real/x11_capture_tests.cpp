@@ -304,7 +304,7 @@ class SlowPainter {
       std::this_thread::sleep_for(std::chrono::milliseconds(5));
       if (!exposed) continue;
       client_.fill(window_, {0, 0, frame_.width / 2, frame_.height}, 0xAA0000);
-      std::this_thread::sleep_for(std::chrono::milliseconds(20));
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
       client_.fill(window_, {frame_.width / 2, 0, frame_.width, frame_.height}, 0x00AA00);
       ++paints_;
     }
