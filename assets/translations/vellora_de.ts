@@ -492,5 +492,21 @@
         <source>The picture is damaged</source>
         <translation>Das Bild ist beschädigt</translation>
     </message>
+    <message id="capture.error.windowGone">
+        <source>The window is gone</source>
+        <translation>Das Fenster ist nicht mehr da</translation>
+    </message>
+    <message id="capture.error.cropFailed">
+        <source>Nothing of that area is on the screen any more</source>
+        <translation>Von diesem Bereich ist nichts mehr auf dem Bildschirm</translation>
+    </message>
+    <message id="capture.error.noDisplay">
+        <source>The screen is not there any more</source>
+        <translation>Der Bildschirm ist nicht mehr da</translation>
+    </message>
+    <message id="capture.error.failed">
+        <source>The screen cannot be captured</source>
+        <translation>Der Bildschirm kann nicht aufgenommen werden</translation>
+    </message>
 </context>
 </TS>

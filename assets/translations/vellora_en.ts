@@ -490,5 +490,21 @@
             <source>The picture is damaged</source>
             <translation>The picture is damaged</translation>
         </message>
+        <message id="capture.error.windowGone">
+            <source>The window is gone</source>
+            <translation>The window is gone</translation>
+        </message>
+        <message id="capture.error.cropFailed">
+            <source>Nothing of that area is on the screen any more</source>
+            <translation>Nothing of that area is on the screen any more</translation>
+        </message>
+        <message id="capture.error.noDisplay">
+            <source>The screen is not there any more</source>
+            <translation>The screen is not there any more</translation>
+        </message>
+        <message id="capture.error.failed">
+            <source>The screen cannot be captured</source>
+            <translation>The screen cannot be captured</translation>
+        </message>
     </context>
 </TS>

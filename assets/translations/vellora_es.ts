@@ -492,5 +492,21 @@
         <source>The picture is damaged</source>
         <translation>La imagen está dañada</translation>
     </message>
+    <message id="capture.error.windowGone">
+        <source>The window is gone</source>
+        <translation>La ventana ya no existe</translation>
+    </message>
+    <message id="capture.error.cropFailed">
+        <source>Nothing of that area is on the screen any more</source>
+        <translation>Ya no queda nada de esa área en la pantalla</translation>
+    </message>
+    <message id="capture.error.noDisplay">
+        <source>The screen is not there any more</source>
+        <translation>La pantalla ya no está disponible</translation>
+    </message>
+    <message id="capture.error.failed">
+        <source>The screen cannot be captured</source>
+        <translation>No se puede capturar la pantalla</translation>
+    </message>
 </context>
 </TS>

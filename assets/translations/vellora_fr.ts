@@ -492,5 +492,21 @@
         <source>The picture is damaged</source>
         <translation>L’image est endommagée</translation>
     </message>
+    <message id="capture.error.windowGone">
+        <source>The window is gone</source>
+        <translation>La fenêtre n’existe plus</translation>
+    </message>
+    <message id="capture.error.cropFailed">
+        <source>Nothing of that area is on the screen any more</source>
+        <translation>Plus rien de cette zone n’est visible à l’écran</translation>
+    </message>
+    <message id="capture.error.noDisplay">
+        <source>The screen is not there any more</source>
+        <translation>L’écran n’est plus disponible</translation>
+    </message>
+    <message id="capture.error.failed">
+        <source>The screen cannot be captured</source>
+        <translation>L’écran ne peut pas être capturé</translation>
+    </message>
 </context>
 </TS>

@@ -491,5 +491,21 @@
         <source>The picture is damaged</source>
         <translation>画像が破損しています</translation>
     </message>
+    <message id="capture.error.windowGone">
+        <source>The window is gone</source>
+        <translation>ウィンドウがなくなりました</translation>
+    </message>
+    <message id="capture.error.cropFailed">
+        <source>Nothing of that area is on the screen any more</source>
+        <translation>選択した範囲は画面上に残っていません</translation>
+    </message>
+    <message id="capture.error.noDisplay">
+        <source>The screen is not there any more</source>
+        <translation>ディスプレイが見つからなくなりました</translation>
+    </message>
+    <message id="capture.error.failed">
+        <source>The screen cannot be captured</source>
+        <translation>画面をキャプチャできません</translation>
+    </message>
 </context>
 </TS>

@@ -491,5 +491,21 @@
         <source>The picture is damaged</source>
         <translation>图片已损坏</translation>
     </message>
+    <message id="capture.error.windowGone">
+        <source>The window is gone</source>
+        <translation>该窗口已不存在</translation>
+    </message>
+    <message id="capture.error.cropFailed">
+        <source>Nothing of that area is on the screen any more</source>
+        <translation>该区域已不在屏幕上</translation>
+    </message>
+    <message id="capture.error.noDisplay">
+        <source>The screen is not there any more</source>
+        <translation>该屏幕已不可用</translation>
+    </message>
+    <message id="capture.error.failed">
+        <source>The screen cannot be captured</source>
+        <translation>无法截取屏幕</translation>
+    </message>
 </context>
 </TS>

@@ -491,5 +491,21 @@
         <source>The picture is damaged</source>
         <translation>圖片已損毀</translation>
     </message>
+    <message id="capture.error.windowGone">
+        <source>The window is gone</source>
+        <translation>該視窗已不存在</translation>
+    </message>
+    <message id="capture.error.cropFailed">
+        <source>Nothing of that area is on the screen any more</source>
+        <translation>該區域已不在螢幕上</translation>
+    </message>
+    <message id="capture.error.noDisplay">
+        <source>The screen is not there any more</source>
+        <translation>該螢幕已無法使用</translation>
+    </message>
+    <message id="capture.error.failed">
+        <source>The screen cannot be captured</source>
+        <translation>無法擷取螢幕</translation>
+    </message>
 </context>
 </TS>
