@@ -206,27 +206,32 @@ TEST_F(ClipboardTest, FollowsTheSelectionProtocol) {
   EXPECT_EQ(pairs[5], XCB_ATOM_NONE);
 }
 
+/// Has another program copy the file's content as `target`.
+void copyElsewhere(const std::string& target, const std::string& file) {
+  const std::string command = "xclip -selection clipboard -t " + target + " -i " + file + " >/dev/null 2>&1";
+  desktopSession().check({"sh", "-c", command});
+  // It goes into the background before the server has heard of it.
+  EXPECT_TRUE(waitFor([&] { return offered().count(target) == 1; })) << target;
+}
+
 TEST_F(ClipboardTest, ReadsPicturesOfOtherPrograms) {
   EXPECT_FALSE(read());
   const std::string home = desktopSession().home();
   const QByteArray jpeg = picture("1200x900", "jpeg:-");
   std::ofstream(home + "/p.jpg", std::ios::binary) << jpeg.toStdString();
-  desktopSession().check(
-      {"sh", "-c", "xclip -selection clipboard -t image/jpeg -i " + home + "/p.jpg >/dev/null 2>&1"});
+  copyElsewhere("image/jpeg", home + "/p.jpg");
   auto offer = read();
   ASSERT_TRUE(offer);
   EXPECT_TRUE(offer->encoded == jpeg);
   EXPECT_TRUE(offer->filePath.isEmpty());
 
-  desktopSession().check(
-      {"sh", "-c",
-       "printf '#c\\r\\nhttp://x/\\r\\nfile:///tmp/%%C3%%A4%%20b.png\\r\\n' | xclip -selection clipboard -t "
-       "text/uri-list -i >/dev/null 2>&1"});
+  std::ofstream(home + "/list") << "#c\r\nhttp://x/\r\nfile:///tmp/%C3%A4%20b.png\r\n";
+  copyElsewhere("text/uri-list", home + "/list");
   offer = read();
   ASSERT_TRUE(offer);
   EXPECT_EQ(offer->filePath, "/tmp/ä b.png");
 
-  desktopSession().check({"sh", "-c", "echo text | xclip -selection clipboard -i >/dev/null 2>&1"});
+  copyElsewhere("UTF8_STRING", home + "/list");
   EXPECT_FALSE(read());
 }
 
