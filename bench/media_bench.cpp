@@ -12,7 +12,6 @@
 #include "media/PngEncoder.h"
 #include "media/Thumbnail.h"
 #include "media/codecs/ImageConversion.h"
-#include "media/codecs/TiffEncoder.h"
 
 namespace vellora::bench {
 namespace {
@@ -123,23 +122,6 @@ void thumbnail(benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(renderThumbnail({&piece, 1}, piece.frame));
 }
 BENCHMARK(thumbnail)->Arg(0)->Unit(benchmark::kMillisecond)->UseRealTime();
-
-void velloraTiff(benchmark::State& state) {
-  const Bitmap& bitmap = scene(sceneOf(state));
-  for (auto _ : state) benchmark::DoNotOptimize(encodeTiff(bitmap));
-}
-BENCHMARK(velloraTiff)->Arg(0)->Unit(benchmark::kMillisecond)->UseRealTime();
-
-void qtTiff(benchmark::State& state) {
-  const QImage image = toImage(scene(sceneOf(state)));
-  for (auto _ : state) {
-    QByteArray file;
-    QBuffer buffer(&file);
-    buffer.open(QIODevice::WriteOnly);
-    QImageWriter(&buffer, "tiff").write(image);
-  }
-}
-BENCHMARK(qtTiff)->Arg(0)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace
 }  // namespace vellora::bench

@@ -18,7 +18,10 @@
 #include "app/settings/SettingsSnapshot.h"
 #include "app/settings/SettingsWindow.h"
 #include "base/Log.h"
+#include "capture/RepaintWait.h"
 #include "kit/AlertDialog.h"
+#include "kit/Compositing.h"
+#include "kit/Theme.h"
 #include "kit/Toast.h"
 #include "platform/linux/desktop/InstanceClient.h"
 #include "preferences/LegacyMigration.h"
@@ -80,6 +83,7 @@ AppDelegate::AppDelegate(Mode mode)
                          instanceCommands_.run(command, std::move(reply));
                        }}) {
   captures_.setCompletion(completion_);
+  captures_.setStartHandler([] { Toast::dismiss(); });
   captures_.setFailureHandler([this](CaptureError error) {
     showToast("exclamationmark.triangle.fill", localized(localizationKey(error)), true);
   });
@@ -88,6 +92,8 @@ AppDelegate::AppDelegate(Mode mode)
 AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::applicationWillFinishLaunching() {
+  setCompositingProbe([this](const QScreen*) { return services_.screens.isComposited(); });
+  followDesktopAppearance();
   migrateLegacyPreferences(*services_.preferences, services_.suites);
   translations_.use(services_.localization.effectiveCode());
 }
@@ -123,6 +129,17 @@ void AppDelegate::applicationWillTerminate() {
   services_.sessionStore.waitForPendingWrites();
   services_.clipboardFiles.waitForPendingWork();
   services_.preferences->flush();
+}
+
+void AppDelegate::followDesktopAppearance() {
+  services_.desktopAppearance.setChangeHandler([this] {
+    const auto& appearance = services_.desktopAppearance;
+    std::optional<Appearance> wanted;
+    if (const auto dark = appearance.prefersDark()) wanted = *dark ? Appearance::Dark : Appearance::Light;
+    Theme::shared().setDesktopAppearance(wanted);
+    Theme::shared().setReducedMotion(appearance.reducesMotion());
+  });
+  services_.desktopAppearance.watch();
 }
 
 void AppDelegate::runOnce(const QStringList& words) {
@@ -186,10 +203,15 @@ void AppDelegate::perform(Command command, int index) {
   }
 }
 
+void AppDelegate::performFromMenu(Command command, int index) {
+  // The menu must be off the screen before an overlay freezes what is on it.
+  menuClosing_ = services_.runLoop.after(repaintWait(0), [this, command, index] { perform(command, index); });
+}
+
 void AppDelegate::rebuildMenu() {
   if (!statusMenu_) {
     statusMenu_ = std::make_unique<StatusMenu>([this] { return menuState(); },
-                                               [this](Command command, int index) { perform(command, index); });
+                                               [this](Command command, int index) { performFromMenu(command, index); });
   } else {
     statusMenu_->refresh();
   }
@@ -399,8 +421,8 @@ void AppDelegate::openSettings() {
 
 void AppDelegate::openLauncher() {
   if (!launcher_) {
-    launcher_ = std::make_unique<LauncherWindow>([this] { return menuState(); },
-                                                 [this](Command command, int index) { perform(command, index); });
+    launcher_ = std::make_unique<LauncherWindow>(
+        [this] { return menuState(); }, [this](Command command, int index) { performFromMenu(command, index); });
   }
   launcher_->present();
 }
@@ -408,10 +430,12 @@ void AppDelegate::openLauncher() {
 SettingsWindow& AppDelegate::settingsWindow() {
   if (settings_) return *settings_;
   const HotKeyAccess hotKeys{[this](HotKeyAction action) { return !hotKeyCenter_.isTakenElsewhere(action); },
-                             [this](bool suspended) { suspendHotKeys(suspended); }, [] { return functionKeysNeedFn(); }};
+                             [this](bool suspended) { suspendHotKeys(suspended); },
+                             [] { return functionKeysNeedFn(); }};
   settings_ = std::make_unique<SettingsWindow>(SettingsContext{
-      services_.settings, services_.localization, services_.hotKeySettings, services_.notices, services_.fileNames, hotKeys,
-      AboutInfo{QStringLiteral(VELLORA_VERSION), QStringLiteral("GPL-3.0-or-later"), {}, {}, {}}, [this](const QString& address) {
+      services_.settings, services_.localization, services_.hotKeySettings, services_.notices, services_.fileNames,
+      hotKeys, AboutInfo{QStringLiteral(VELLORA_VERSION), QStringLiteral("GPL-3.0-or-later"), {}, {}, {}},
+      [this](const QString& address) {
         if (address.startsWith(u'/')) {
           services_.urlOpener.openFile(address);
         } else {

@@ -54,6 +54,8 @@ class AppDelegate {
   void openLauncher();
 
  private:
+  void followDesktopAppearance();
+  void performFromMenu(Command command, int index);
   void rebuildMenu();
   void reloadHotKeys();
   void suspendHotKeys(bool suspended);
@@ -92,6 +94,7 @@ class AppDelegate {
   InstanceServer instanceServer_;
   std::unique_ptr<StatusMenu> statusMenu_;
   std::unique_ptr<TrayIcon> trayIcon_;
+  TimerHandle menuClosing_;
   std::unique_ptr<CountdownPanel> countdownPanel_;
   std::unique_ptr<LauncherWindow> launcher_;
   std::unique_ptr<SettingsWindow> settings_;

@@ -24,7 +24,6 @@ std::optional<Bitmap> readPicture(const QString& path) {
 AppServices::AppServices()
     : hotKeySettings(*preferences, notices, buildKind()),
       localization(*preferences, notices, QLocale::system().uiLanguages()),
-      sessionStore(SessionStore::defaultDirectory(fileNames.applicationSupport()), runLoop, readPicture),
-      overlayPresenter(captureEngine) {}
+      sessionStore(SessionStore::defaultDirectory(fileNames.applicationSupport()), runLoop, readPicture) {}
 
 }  // namespace vellora

@@ -11,6 +11,7 @@
 #include "capture/ui/QtOverlayPresenter.h"
 #include "editor/SessionStore.h"
 #include "platform/linux/desktop/AlwaysGrantedAccess.h"
+#include "platform/linux/desktop/DesktopAppearance.h"
 #include "platform/linux/desktop/DesktopNotifier.h"
 #include "platform/linux/desktop/DesktopPasteboard.h"
 #include "platform/linux/desktop/DesktopUrlOpener.h"
@@ -19,6 +20,7 @@
 #include "platform/linux/desktop/XdgTrash.h"
 #include "platform/linux/x11/X11HotKeys.h"
 #include "platform/linux/x11/X11ScreenCapture.h"
+#include "platform/linux/x11/X11ScreenStill.h"
 #include "platform/linux/x11/X11Screens.h"
 #include "preferences/AppLanguage.h"
 #include "preferences/HotKeySettings.h"
@@ -39,6 +41,7 @@ struct AppServices {
   DesktopUrlOpener urlOpener;
   XdgTrash trash;
   DesktopNotifier notifier;
+  DesktopAppearance desktopAppearance;
   AlwaysGrantedAccess access;
   DesktopPasteboard pasteboard{runLoop};
   X11ScreenCapture screenCapture;
@@ -52,7 +55,8 @@ struct AppServices {
   SessionStore sessionStore;
   CaptureOutput captureOutput{runLoop, pasteboard, clipboardFiles};
   CaptureEngine captureEngine{screenCapture, runLoop};
-  QtOverlayPresenter overlayPresenter;
+  X11ScreenStills screenStills;
+  QtOverlayPresenter overlayPresenter{captureEngine, &screenStills};
 };
 
 }  // namespace vellora

@@ -85,6 +85,7 @@ void CaptureCommands::cancelSessions() {
 }
 
 void CaptureCommands::proceed(const std::shared_ptr<Run>& run) {
+  if (startHandler_) startHandler_();
   if (run->request.isInteractive()) return select(run);
   // A menu or countdown that has just been closed must be off the screen first.
   double wait = 0;

@@ -28,6 +28,8 @@ class CaptureCommands {
 
   /// Where pictures go; set once, before the first command.
   void setCompletion(CaptureCompletion& completion) { completion_ = &completion; }
+  /// Told right before a capture begins, to take messages off the screen.
+  void setStartHandler(std::function<void()> handler) { startHandler_ = std::move(handler); }
   /// Told of every capture that failed, for the person to read.
   void setFailureHandler(std::function<void(CaptureError)> handler) { failureHandler_ = std::move(handler); }
 
@@ -58,6 +60,7 @@ class CaptureCommands {
   AccessGate& gate_;
   CountdownView countdownView_;
   CaptureCompletion* completion_ = nullptr;
+  std::function<void()> startHandler_;
   std::function<void(CaptureError)> failureHandler_;
   std::unique_ptr<OverlaySession> session_;
   std::unique_ptr<CaptureCountdown> countdown_;

@@ -26,6 +26,9 @@ class ScreenService {
 
   /// Where the pointer is on the desktop, in device pixels.
   virtual std::optional<PixelPoint> pointerPosition() = 0;
+
+  /// Whether a compositor blends windows, so that a window may have see-through parts.
+  virtual bool isComposited() = 0;
 };
 
 /// The screen that holds `position`, else the nearest one; nothing when `screens` is empty.

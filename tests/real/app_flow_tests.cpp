@@ -181,8 +181,11 @@ TEST_F(AppFlowTest, TheHotKeyCapturesADraggedArea) {
 TEST_F(AppFlowTest, EscapeLeavesWithoutACapture) {
   auto command = server->spawn({program, "capture", "area", "--save"});
   ASSERT_TRUE(waitForOverlay());
-  server->check({"xdotool", "key", "Escape"});
-  EXPECT_EQ(command->wait(10), 1);
+  ASSERT_TRUE(waitFor([&] {
+    server->check({"xdotool", "key", "Escape"});  // again if it came before the overlay had the keyboard
+    return waitFor([&] { return !command->isRunning(); }, 0.5);
+  }));
+  EXPECT_EQ(command->wait(1), 1);
   EXPECT_TRUE(waitForOverlayGone());
   EXPECT_TRUE(QDir(home(QStringLiteral("Desktop"))).isEmpty());
 }

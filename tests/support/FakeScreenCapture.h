@@ -79,6 +79,7 @@ class FakeScreens final : public ScreenService {
 
   std::vector<ScreenInfo> screens() override { return list; }
   std::optional<PixelPoint> pointerPosition() override { return pointer; }
+  bool isComposited() override { return false; }
 };
 
 }  // namespace vellora::test

@@ -14,7 +14,6 @@
 #include "media/PngEncoder.h"
 #include "media/codecs/ImageConversion.h"
 #include "media/codecs/ImageLoader.h"
-#include "media/codecs/TiffEncoder.h"
 
 namespace vellora {
 namespace {
@@ -274,21 +273,6 @@ TEST(ImageConversion, FillsTheAlphaByteWhenAsked) {
   const QImage filled = toImage(bitmap, AlphaByte::Filled);
   EXPECT_EQ(reinterpret_cast<const QRgb*>(filled.constScanLine(7))[7], 0xFF000000U);
   EXPECT_EQ(std::to_integer<int>(bitmap.pixel(7, 7)[3]), 0);
-}
-
-TEST(TiffEncoder, IsReadBackPixelForPixel) {
-  QImage image(37, 23, QImage::Format_ARGB32_Premultiplied);
-  std::mt19937 random(3);
-  for (int y = 0; y < image.height(); ++y) {
-    for (int x = 0; x < image.width(); ++x) image.setPixel(x, y, qPremultiply(static_cast<QRgb>(random())));
-  }
-  const QImage opaque = image.convertToFormat(QImage::Format_RGB32);
-  for (const QImage& source : {image, opaque}) {
-    const QImage read = QImage::fromData(encodeTiff(toBitmap(source)), "tiff");
-    ASSERT_FALSE(read.isNull());
-    EXPECT_EQ(read.convertToFormat(source.format()), source);
-  }
-  EXPECT_TRUE(encodeTiff({}).isEmpty());
 }
 
 }  // namespace

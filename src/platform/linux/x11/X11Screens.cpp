@@ -136,6 +136,15 @@ std::vector<ScreenInfo> X11Screens::screens() {
   return screens;
 }
 
+bool X11Screens::isComposited() {
+  X11Connection* x = connection();
+  if (x == nullptr) return false;
+  // The compositing manager owns this selection (Extended Window Manager Hints, "_NET_WM_CM_Sn").
+  const xcb_atom_t manager = x->atom("_NET_WM_CM_S" + std::to_string(x->screenNumber()));
+  const auto owner = xReply(xcb_get_selection_owner_reply, x->get(), xcb_get_selection_owner(x->get(), manager));
+  return owner && owner->owner != XCB_WINDOW_NONE;
+}
+
 std::optional<PixelPoint> X11Screens::pointerPosition() {
   X11Connection* c = connection();
   if (c == nullptr) return std::nullopt;

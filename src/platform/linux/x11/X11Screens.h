@@ -19,6 +19,7 @@ class X11Screens final : public ScreenService {
 
   std::vector<ScreenInfo> screens() override;
   std::optional<PixelPoint> pointerPosition() override;
+  bool isComposited() override;
 
  private:
   X11Connection* connection();
