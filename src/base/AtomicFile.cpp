@@ -75,7 +75,7 @@ class TemporaryFile {
     return 0;
   }
 
-  void allow(mode_t mode) { [[maybe_unused]] const int done = ::fchmod(fd_, mode); }
+  void allow(mode_t mode) const { [[maybe_unused]] const int done = ::fchmod(fd_, mode); }
 
   int moveReplacing(const QByteArray& target) {
     if (::rename(path_.constData(), target.constData()) != 0) return errno;
