@@ -79,5 +79,6 @@ configure() {
 build() {
   local preset=$1
   shift
-  cmake --build "build/$preset" --parallel "$(nproc)" "$@" >&2 || fail "the build failed"
+  cmake --build "build/$preset" --parallel "$(nproc)" "$@" 2>&1 |
+    sed -u '/^\[0\/[0-9]*\] Re-checking globbed/d; /^ninja: no work to do/d' >&2 || fail "the build failed"
 }
