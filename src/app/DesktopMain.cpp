@@ -2,6 +2,8 @@
 
 #include <malloc.h>
 
+#include <optional>
+
 #include <QApplication>
 
 #include "app/AppDelegate.h"
@@ -9,6 +11,7 @@
 #include "app/TerminationSignals.h"
 #include "base/Log.h"
 #include "kit/Icons.h"
+#include "kit/Theme.h"
 
 namespace vellora {
 namespace {
@@ -19,6 +22,14 @@ QStringList commandOf(QStringList arguments) {
   if (arguments.first() != u"--capture" && arguments.first() != u"--reopen") return {};
   arguments.first().remove(0, 2);
   return arguments;
+}
+
+/// The appearance the person asks for in the environment; nothing, or a word not known, follows the desktop.
+std::optional<Appearance> wantedAppearance() {
+  const QString wanted = qEnvironmentVariable("VELLORA_APPEARANCE");
+  if (wanted == u"light") return Appearance::Light;
+  if (wanted == u"dark") return Appearance::Dark;
+  return std::nullopt;
 }
 
 }  // namespace
@@ -34,6 +45,7 @@ int runDesktop(int argc, char** argv) {
   QGuiApplication::setDesktopFileName(QStringLiteral("dev.orlo.Vellora"));
   QApplication::setWindowIcon(icon(QStringLiteral("vellora")));
   QApplication::setQuitOnLastWindowClosed(false);
+  Theme::shared().setAppearanceOverride(wantedAppearance());
 
   const QStringList arguments = QApplication::arguments().mid(1);
   const QStringList command = commandOf(arguments);
