@@ -40,25 +40,25 @@ TEST(FileNamesTest, FollowTheUserDirectories) {
 TEST(TrashTest, FilesAndFoldersCanBeBroughtBackByTheDesktop) {
   const QString home = QDir::homePath();
   XdgTrash trash;
-  writeFile(home + "/work/Aufnahme ä %20.png");
-  writeFile(home + "/work/project.vellorav/project.json");
-  ASSERT_TRUE(trash.moveToTrash(home + "/work/Aufnahme ä %20.png"));
-  ASSERT_TRUE(trash.moveToTrash(home + "/work/project.vellorav"));
-  EXPECT_TRUE(QDir(home + "/work").isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+  writeFile(home + "/papers/Aufnahme ä %20.png");
+  writeFile(home + "/papers/project.vellorav/project.json");
+  ASSERT_TRUE(trash.moveToTrash(home + "/papers/Aufnahme ä %20.png"));
+  ASSERT_TRUE(trash.moveToTrash(home + "/papers/project.vellorav"));
+  EXPECT_TRUE(QDir(home + "/papers").isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
   // Read by another implementation of the trash.
   const std::string listed = desktopSession().check({"trash-list"});
-  EXPECT_NE(listed.find("/work/Aufnahme ä %20.png"), std::string::npos) << listed;
-  EXPECT_NE(listed.find("/work/project.vellorav"), std::string::npos) << listed;
+  EXPECT_NE(listed.find("/papers/Aufnahme ä %20.png"), std::string::npos) << listed;
+  EXPECT_NE(listed.find("/papers/project.vellorav"), std::string::npos) << listed;
 
   // The same name again, a link that leads nowhere, and what is not there.
-  writeFile(home + "/work/other/project.vellorav");
-  ASSERT_TRUE(trash.moveToTrash(home + "/work/other/../other/project.vellorav"));
-  ASSERT_TRUE(QFile::link("/nowhere", home + "/work/link"));
-  ASSERT_TRUE(trash.moveToTrash(home + "/work/link"));
+  writeFile(home + "/papers/other/project.vellorav");
+  ASSERT_TRUE(trash.moveToTrash(home + "/papers/other/../other/project.vellorav"));
+  ASSERT_TRUE(QFile::link("/nowhere", home + "/papers/link"));
+  ASSERT_TRUE(trash.moveToTrash(home + "/papers/link"));
   const std::string again = desktopSession().check({"trash-list"});
-  EXPECT_NE(again.find("/work/other/project.vellorav"), std::string::npos) << again;
+  EXPECT_NE(again.find("/papers/other/project.vellorav"), std::string::npos) << again;
   EXPECT_EQ(std::count(again.begin(), again.end(), '\n'), 4);
-  const auto gone = trash.moveToTrash(home + "/work/gone.png");
+  const auto gone = trash.moveToTrash(home + "/papers/gone.png");
   ASSERT_FALSE(gone);
   EXPECT_EQ(gone.error().kind, FileError::Kind::NotFound);
   EXPECT_EQ(desktopSession().check({"sh", "-c", "ls $XDG_DATA_HOME/Trash/info | wc -l"}), "4\n");
