@@ -34,7 +34,8 @@ listed_packages() {
 # missing_packages NAME...: those that are not installed.
 missing_packages() {
   local installed
-  installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null | sed -n 's/^installed //p')
+  # dpkg-query ends with a failure when it has never heard of one of them.
+  installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null | sed -n 's/^installed //p') || true
   printf '%s\n' "$@" | grep -Fxv -f <(printf '%s\n' "$installed") || true
 }
 
