@@ -1,8 +1,10 @@
 #include "app/TrayIcon.h"
 
 #include <QCursor>
+#include <QGuiApplication>
 #include <QMenu>
 #include <QPainter>
+#include <QScreen>
 
 #include "kit/Icons.h"
 #include "kit/Theme.h"
@@ -32,6 +34,14 @@ QIcon numberIcon(int number) {
   return result;
 }
 
+/// Beside the icon, towards the middle of the screen; at the pointer where the panel keeps the icon's place to itself.
+QPoint menuPosition(const QRect& icon, const QMenu& menu) {
+  const QScreen* const screen = icon.isEmpty() ? nullptr : QGuiApplication::screenAt(icon.center());
+  if (screen == nullptr) return QCursor::pos();
+  if (icon.center().y() < screen->geometry().center().y()) return {icon.left(), icon.bottom() + 1};
+  return {icon.left(), icon.top() - menu.sizeHint().height()};
+}
+
 }  // namespace
 
 TrayIcon::TrayIcon(QMenu* menu) {
@@ -39,8 +49,8 @@ TrayIcon::TrayIcon(QMenu* menu) {
   icon_.setToolTip(QStringLiteral("Vellora"));
   setCountdown(std::nullopt);
   // The menu is all there is, so either button opens it.
-  QObject::connect(&icon_, &QSystemTrayIcon::activated, menu, [menu](QSystemTrayIcon::ActivationReason reason) {
-    if (reason == QSystemTrayIcon::Trigger) menu->popup(QCursor::pos());
+  QObject::connect(&icon_, &QSystemTrayIcon::activated, menu, [this, menu](QSystemTrayIcon::ActivationReason reason) {
+    if (reason == QSystemTrayIcon::Trigger) menu->popup(menuPosition(icon_.geometry(), *menu));
   });
 }
 

@@ -1,8 +1,12 @@
 #include "kit/KitStyle.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QLabel>
+#include <QMenu>
 #include <QPainter>
+#include <QPainterPath>
 #include <QProxyStyle>
 #include <QStyleFactory>
 #include <QStyleOptionMenuItem>
@@ -21,12 +25,26 @@ constexpr int separatorHeight = 9;
 constexpr int panelInset = 5;
 constexpr int itemPadding = 10;
 constexpr int iconGap = 10;
+constexpr QSize pictureSize{48, 30};
+constexpr int pictureRowHeight = 38;
+constexpr double pictureRadius = 3;
 constexpr int menuRadius = 8;
 constexpr int leastWidth = 160;
 constexpr int shortcutGap = 32;
 constexpr int arrowRoom = 20;
 constexpr int tipRadius = 5;
 constexpr int tipMargin = 6;
+
+/// Whether a menu's icon is a small picture of something, shown larger than a symbol. Symbols come in many sizes.
+bool isPicture(const QIcon& icon) {
+  const auto sizes = icon.isNull() ? QList<QSize>() : icon.availableSizes();
+  return sizes.size() == 1 && sizes.first().width() > sizes.first().height();
+}
+
+bool hasPictures(const QWidget* menu) {
+  return menu != nullptr &&
+         std::ranges::any_of(menu->actions(), [](const QAction* action) { return isPicture(action->icon()); });
+}
 
 /// Draws menus and tool tips; everything else stays with the base style.
 class KitStyle final : public QProxyStyle {
@@ -60,10 +78,10 @@ class KitStyle final : public QProxyStyle {
     const QString title = item->text.section(QLatin1Char('\t'), 0, 0);
     const QString shortcut = item->text.section(QLatin1Char('\t'), 1);
     const QFontMetrics metrics(bodyFont());
-    int width = 2 * itemPadding + metrics.size(Qt::TextShowMnemonic, title).width() + iconColumn(*item);
+    int width = 2 * itemPadding + metrics.size(Qt::TextShowMnemonic, title).width() + iconColumn(*item, widget);
     if (!shortcut.isEmpty()) width += shortcutGap + metrics.horizontalAdvance(shortcut);
     if (item->menuItemType == QStyleOptionMenuItem::SubMenu) width += arrowRoom;
-    return {std::max(width, leastWidth), itemHeight};
+    return {std::max(width, leastWidth), isPicture(item->icon) ? pictureRowHeight : itemHeight};
   }
 
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
@@ -88,7 +106,7 @@ class KitStyle final : public QProxyStyle {
       QProxyStyle::drawControl(element, option, painter, widget);
       return;
     }
-    drawItem(*painter, *item);
+    drawItem(*painter, *item, widget);
   }
 
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
@@ -116,11 +134,23 @@ class KitStyle final : public QProxyStyle {
     strokeRounded(painter, rect, radius, palette.controlBorder);
   }
 
-  static int iconColumn(const QStyleOptionMenuItem& item) {
+  static int iconColumn(const QStyleOptionMenuItem& item, const QWidget* menu) {
+    if (hasPictures(menu)) return pictureSize.width() + iconGap;
     return item.maxIconWidth > 0 || item.menuHasCheckableItems ? tokens::menuIcon + iconGap : 0;
   }
 
-  static void drawItem(QPainter& painter, const QStyleOptionMenuItem& item) {
+  static void drawPicture(QPainter& painter, const QIcon& picture, const QRect& rect) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPainterPath outline;
+    outline.addRoundedRect(rect, pictureRadius, pictureRadius);
+    painter.setClipPath(outline);
+    picture.paint(&painter, rect);
+    painter.restore();
+    strokeRounded(painter, rect, pictureRadius, Theme::shared().palette().line);
+  }
+
+  static void drawItem(QPainter& painter, const QStyleOptionMenuItem& item, const QWidget* menu) {
     const Palette& palette = Theme::shared().palette();
     const QRect rect = item.rect;
     if (item.menuItemType == QStyleOptionMenuItem::Separator) {
@@ -136,10 +166,15 @@ class KitStyle final : public QProxyStyle {
     const bool mirrored = item.direction == Qt::RightToLeft;
     const auto place = [&](const QRect& logical) { return QStyle::visualRect(item.direction, rect, logical); };
     int x = rect.left() + itemPadding;
-    if (const int column = iconColumn(item); column > 0) {
-      const QRect icon = place({x, rect.center().y() + 1 - tokens::menuIcon / 2, tokens::menuIcon, tokens::menuIcon});
+    if (const int column = iconColumn(item, menu); column > 0) {
+      const int indent = (column - iconGap - tokens::menuIcon) / 2;
+      const QRect icon =
+          place({x + indent, rect.center().y() + 1 - tokens::menuIcon / 2, tokens::menuIcon, tokens::menuIcon});
       if (item.checkType != QStyleOptionMenuItem::NotCheckable && item.icon.isNull()) {
         if (item.checked) paintIcon(painter, QStringLiteral("check"), icon, enabled ? palette.accent : ink);
+      } else if (isPicture(item.icon)) {
+        drawPicture(painter, item.icon,
+                    place({QPoint(x, rect.center().y() + 1 - pictureSize.height() / 2), pictureSize}));
       } else if (!item.icon.isNull()) {
         item.icon.paint(&painter, icon, Qt::AlignCenter, enabled ? QIcon::Normal : QIcon::Disabled);
       }
