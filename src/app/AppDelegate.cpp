@@ -111,7 +111,10 @@ bool AppDelegate::applicationDidFinishLaunching() {
   hotKeysObserver_ = services_.notices.observe(notice::hotKeysChanged, [this] { hotKeysChanged(); });
   languageObserver_ = services_.notices.observe(notice::languageChanged, [this] { languageChanged(); });
   services_.preferences->setChangeHandler([this](const QStringList& keys) { settingsChangedElsewhere(keys); });
-  if (!TrayIcon::isTrayAvailable()) {
+  if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
+    //% "This is a Wayland session: for now Vellora sees only programs that use X11"
+    showToast("info", qtTrId("toast.waylandSession"), false);
+  } else if (!TrayIcon::isTrayAvailable()) {
     //% "Vellora is running. This desktop has no tray: start Vellora again to see its commands."
     showToast("vellora", qtTrId("toast.noTray"), false);
   }

@@ -12,6 +12,7 @@
 #include "base/Log.h"
 #include "kit/Icons.h"
 #include "kit/Theme.h"
+#include "platform/linux/desktop/SessionBus.h"
 
 namespace vellora {
 namespace {
@@ -37,6 +38,11 @@ std::optional<Appearance> wantedAppearance() {
 int runDesktop(int argc, char** argv) {
   // Two arenas serve the few threads well and keep what is freed in one place, where it can be given back.
   ::mallopt(M_ARENA_MAX, 2);
+  sessionBus::forbidAutolaunch();
+  // Captures and hot keys go through X11, so the windows do too, also where the session offers Wayland beside it.
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
+    qputenv("QT_QPA_PLATFORM", "xcb");
+  }
   registerFonts();
   QApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
   QApplication application(argc, argv);

@@ -47,8 +47,14 @@ int becomeDesktopProgram(const QStringList& arguments) {
 }
 
 bool requireDesktop() {
-  if (!qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) return true;
-  printError(QStringLiteral("there is no display here; set DISPLAY, or use verbs that need no window"));
+  const bool isWayland = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+  if (!qEnvironmentVariableIsEmpty("DISPLAY")) {
+    if (isWayland)
+      printError(QStringLiteral("this is a Wayland session: only programs that use X11 can be seen for now"));
+    return true;
+  }
+  printError(isWayland ? QStringLiteral("Wayland without X11 cannot be captured for now")
+                       : QStringLiteral("there is no display here; set DISPLAY, or use verbs that need no window"));
   return false;
 }
 
