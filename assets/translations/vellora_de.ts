@@ -508,5 +508,9 @@
         <source>The screen cannot be captured</source>
         <translation>Der Bildschirm kann nicht aufgenommen werden</translation>
     </message>
+    <message id="toast.waylandSession">
+        <source>This is a Wayland session: for now Vellora sees only programs that use X11</source>
+        <translation>Dies ist eine Wayland-Sitzung: Vorerst sieht Vellora nur Programme, die X11 verwenden</translation>
+    </message>
 </context>
 </TS>

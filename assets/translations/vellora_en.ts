@@ -506,5 +506,9 @@
             <source>The screen cannot be captured</source>
             <translation>The screen cannot be captured</translation>
         </message>
+        <message id="toast.waylandSession">
+            <source>This is a Wayland session: for now Vellora sees only programs that use X11</source>
+            <translation>This is a Wayland session: for now Vellora sees only programs that use X11</translation>
+        </message>
     </context>
 </TS>

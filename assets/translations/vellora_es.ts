@@ -508,5 +508,9 @@
         <source>The screen cannot be captured</source>
         <translation>No se puede capturar la pantalla</translation>
     </message>
+    <message id="toast.waylandSession">
+        <source>This is a Wayland session: for now Vellora sees only programs that use X11</source>
+        <translation>Esta es una sesión de Wayland: por ahora, Vellora solo ve las aplicaciones que usan X11</translation>
+    </message>
 </context>
 </TS>

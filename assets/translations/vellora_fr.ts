@@ -508,5 +508,9 @@
         <source>The screen cannot be captured</source>
         <translation>L’écran ne peut pas être capturé</translation>
     </message>
+    <message id="toast.waylandSession">
+        <source>This is a Wayland session: for now Vellora sees only programs that use X11</source>
+        <translation>Ceci est une session Wayland&#xa0;: pour l’instant, Vellora ne voit que les applications qui utilisent X11</translation>
+    </message>
 </context>
 </TS>

@@ -507,5 +507,9 @@
         <source>The screen cannot be captured</source>
         <translation>画面をキャプチャできません</translation>
     </message>
+    <message id="toast.waylandSession">
+        <source>This is a Wayland session: for now Vellora sees only programs that use X11</source>
+        <translation>これは Wayland セッションです。現時点では、Vellora が扱えるのは X11 を使用するアプリケーションのみです</translation>
+    </message>
 </context>
 </TS>

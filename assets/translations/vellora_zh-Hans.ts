@@ -507,5 +507,9 @@
         <source>The screen cannot be captured</source>
         <translation>无法截取屏幕</translation>
     </message>
+    <message id="toast.waylandSession">
+        <source>This is a Wayland session: for now Vellora sees only programs that use X11</source>
+        <translation>这是 Wayland 会话：目前 Vellora 只能看到使用 X11 的程序</translation>
+    </message>
 </context>
 </TS>

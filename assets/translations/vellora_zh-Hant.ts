@@ -507,5 +507,9 @@
         <source>The screen cannot be captured</source>
         <translation>無法擷取螢幕</translation>
     </message>
+    <message id="toast.waylandSession">
+        <source>This is a Wayland session: for now Vellora sees only programs that use X11</source>
+        <translation>這是 Wayland 工作階段：目前 Vellora 只能看到使用 X11 的程式</translation>
+    </message>
 </context>
 </TS>
