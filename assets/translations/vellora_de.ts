@@ -400,6 +400,10 @@
         <source>Copying or saving failed; the capture is kept in the history</source>
         <translation>Kopieren oder Speichern fehlgeschlagen; die Aufnahme bleibt im Verlauf</translation>
     </message>
+    <message id="toast.saveFailed">
+        <source>Saving to %1 failed; the capture is kept in the history</source>
+        <translation>Speichern in %1 fehlgeschlagen; die Aufnahme bleibt im Verlauf</translation>
+    </message>
     <message id="countdown.help">
         <source>Capture in a moment. Click or press Escape to cancel.</source>
         <translation>Gleich erfolgt die Aufnahme. Zum Abbrechen klicken oder Esc drücken.</translation>

@@ -398,6 +398,10 @@
             <source>Copying or saving failed; the capture is kept in the history</source>
             <translation>Copying or saving failed; the capture is kept in the history</translation>
         </message>
+        <message id="toast.saveFailed">
+            <source>Saving to %1 failed; the capture is kept in the history</source>
+            <translation>Saving to %1 failed; the capture is kept in the history</translation>
+        </message>
         <message id="countdown.help">
             <source>Capture in a moment. Click or press Escape to cancel.</source>
             <translation>Capture in a moment. Click or press Escape to cancel.</translation>

@@ -400,6 +400,10 @@
         <source>Copying or saving failed; the capture is kept in the history</source>
         <translation>No se pudo copiar o guardar; la captura se conserva en el historial</translation>
     </message>
+    <message id="toast.saveFailed">
+        <source>Saving to %1 failed; the capture is kept in the history</source>
+        <translation>No se pudo guardar en %1; la captura se conserva en el historial</translation>
+    </message>
     <message id="countdown.help">
         <source>Capture in a moment. Click or press Escape to cancel.</source>
         <translation>La captura se hará en un momento. Haga clic o pulse Esc para cancelar.</translation>

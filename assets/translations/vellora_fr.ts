@@ -400,6 +400,10 @@
         <source>Copying or saving failed; the capture is kept in the history</source>
         <translation>Échec de la copie ou de l’enregistrement&#xa0;; la capture est conservée dans l’historique</translation>
     </message>
+    <message id="toast.saveFailed">
+        <source>Saving to %1 failed; the capture is kept in the history</source>
+        <translation>Échec de l’enregistrement dans %1&#xa0;; la capture est conservée dans l’historique</translation>
+    </message>
     <message id="countdown.help">
         <source>Capture in a moment. Click or press Escape to cancel.</source>
         <translation>La capture va avoir lieu. Cliquez ou appuyez sur Échap pour annuler.</translation>

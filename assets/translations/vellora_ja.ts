@@ -399,6 +399,10 @@
         <source>Copying or saving failed; the capture is kept in the history</source>
         <translation>コピーまたは保存に失敗しました。キャプチャは履歴に残っています</translation>
     </message>
+    <message id="toast.saveFailed">
+        <source>Saving to %1 failed; the capture is kept in the history</source>
+        <translation>%1 に保存できませんでした。キャプチャは履歴に残っています</translation>
+    </message>
     <message id="countdown.help">
         <source>Capture in a moment. Click or press Escape to cancel.</source>
         <translation>まもなくキャプチャします。中止するにはクリックするか Esc キーを押してください。</translation>

@@ -399,6 +399,10 @@
         <source>Copying or saving failed; the capture is kept in the history</source>
         <translation>复制或保存失败；截图已保留在历史记录中</translation>
     </message>
+    <message id="toast.saveFailed">
+        <source>Saving to %1 failed; the capture is kept in the history</source>
+        <translation>无法保存到 %1；截图已保留在历史记录中</translation>
+    </message>
     <message id="countdown.help">
         <source>Capture in a moment. Click or press Escape to cancel.</source>
         <translation>即将截图。单击或按 Esc 取消。</translation>

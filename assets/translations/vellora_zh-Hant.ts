@@ -399,6 +399,10 @@
         <source>Copying or saving failed; the capture is kept in the history</source>
         <translation>複製或儲存失敗；擷取畫面已保留在記錄中</translation>
     </message>
+    <message id="toast.saveFailed">
+        <source>Saving to %1 failed; the capture is kept in the history</source>
+        <translation>無法儲存到 %1；擷取畫面已保留在記錄中</translation>
+    </message>
     <message id="countdown.help">
         <source>Capture in a moment. Click or press Escape to cancel.</source>
         <translation>即將擷取。按一下滑鼠或按 Esc 取消。</translation>

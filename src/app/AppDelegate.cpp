@@ -312,6 +312,7 @@ void AppDelegate::loadFromClipboard() {
 void AppDelegate::loadFromFile() {
   auto* dialog = new QFileDialog;
   dialog->setAttribute(Qt::WA_DeleteOnClose);
+  followTheme(*dialog);
   dialog->setFileMode(QFileDialog::ExistingFile);
   //% "Open a picture"
   dialog->setWindowTitle(qtTrId("load.file.title"));
@@ -367,6 +368,10 @@ void AppDelegate::cleanUpRecordings() {
 void AppDelegate::reportOutcome(const CaptureOutcome& outcome) {
   QStringList sentences;
   for (LocalizedMessage message : outcomeMessages(outcome)) {
+    const bool onlySaveFailed = outcome.saveRequested && !outcome.saved && outcome.copied == outcome.copyRequested;
+    if (onlySaveFailed && qstrcmp(message.key, "toast.captureOutputFailed") == 0) {
+      message = {"toast.saveFailed", {outcome.saveFolder}};
+    }
     for (QString& argument : message.arguments) argument = shownFolder(argument, services_.fileNames.home());
     sentences << localized(message.key, message.arguments);
   }

@@ -15,11 +15,7 @@ CommandOutcome outcomeOf(const CaptureResult& result, bool json) {
   if (json) {
     outcome.standardOutput = QString::fromUtf8(json::serialize(captureResultJson(result)));
   } else {
-    QStringList paths;
-    for (const QString& path : {result.outcome.outputFile, result.outcome.savedPath}) {
-      if (!path.isEmpty()) paths << path;
-    }
-    outcome.standardOutput = paths.join(u'\n');
+    outcome.standardOutput = result.outcome.writtenFiles().join(u'\n');
   }
   outcome.standardError = captureResultMessage(result);
   outcome.exitCode = outcome.standardError.isEmpty() ? 0 : 1;

@@ -72,6 +72,8 @@ namespace {
     QT_TRID_NOOP("toast.savedTo"),
     //% "Copying or saving failed; the capture is kept in the history"
     QT_TRID_NOOP("toast.captureOutputFailed"),
+    //% "Saving to %1 failed; the capture is kept in the history"
+    QT_TRID_NOOP("toast.saveFailed"),
     //% "The window is gone"
     QT_TRID_NOOP("capture.error.windowGone"),
     //% "Nothing of that area is on the screen any more"

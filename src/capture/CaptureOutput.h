@@ -42,6 +42,13 @@ struct CaptureOutcome {
   bool outputWritten = false;
   /// Whether a copy or save that was asked for is missing.
   bool hasFailure() const { return copied != copyRequested || saved != saveRequested; }
+  /// The files that exist now because of the capture.
+  QStringList writtenFiles() const {
+    QStringList files;
+    if (outputWritten) files << outputFile;
+    if (saved) files << savedPath;
+    return files;
+  }
   friend bool operator==(const CaptureOutcome&, const CaptureOutcome&) = default;
 };
 

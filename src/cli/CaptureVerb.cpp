@@ -101,9 +101,7 @@ int report(const CaptureResult& result, bool json) {
   if (json) {
     printJson(captureResultJson(result));
   } else {
-    for (const QString& path : {result.outcome.outputFile, result.outcome.savedPath}) {
-      if (!path.isEmpty()) printLine(path);
-    }
+    for (const QString& path : result.outcome.writtenFiles()) printLine(path);
   }
   const QString message = captureResultMessage(result);
   if (message.isEmpty()) return Done;
