@@ -46,9 +46,15 @@ install_packages() {
   [ ${#wanted[@]} -gt 0 ] || return 0
   mapfile -t missing < <(missing_packages "${wanted[@]}")
   [ ${#missing[@]} -gt 0 ] || return 0
-  say "Installing ${#missing[@]} packages: ${missing[*]}"
-  as_root env DEBIAN_FRONTEND=noninteractive apt-get update -qq >&2
-  as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends -o Dpkg::Use-Pty=0 "${missing[@]}" >&2
+  say "Installing ${#missing[@]} packages (log: build/packages.log): ${missing[*]}"
+  mkdir -p build
+  {
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get update -qq &&
+      as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends -o Dpkg::Use-Pty=0 "${missing[@]}"
+  } >build/packages.log 2>&1 && return 0
+  tail -n 20 build/packages.log >&2
+  printf 'error: the packages could not be installed\n' >&2
+  return 1
 }
 
 # fetch_assets: the hand-drawn face of the editor, pinned by package-lock.json. The program runs without it, in another face.
