@@ -149,7 +149,7 @@ TEST_F(SettingsWindowTest, AConflictStandsUnderTheRowUntilRecordingEnds) {
   SettingsRow& row = *shortcuts().row(HotKeyAction::Window);
   test::click(field);
   pressKey(field, Qt::Key_1, Qt::AltModifier, evdev1);
-  EXPECT_EQ(row.notice(), QStringLiteral("[⌥1 [menu.captureArea]]"));
+  EXPECT_EQ(row.notice(), QStringLiteral("[Alt+1 [menu.captureArea]]"));
   EXPECT_EQ(field.accessibleDescription(), row.notice());
   EXPECT_TRUE(field.isRecording());
   EXPECT_FALSE(preferences_.contains(hotKeyPreferenceKey(HotKeyAction::Window)));

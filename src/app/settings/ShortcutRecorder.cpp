@@ -7,18 +7,23 @@
 #include "app/settings/KeyCapture.h"
 #include "kit/Theme.h"
 #include "kit/Tokens.h"
+#include "platform/KeyCodes.h"
 
 namespace vellora {
 namespace {
 
-constexpr int fieldWidth = 168;
+constexpr int fieldWidth = 212;
 constexpr int capHeight = 22;
 constexpr int capPadding = 6;
 constexpr int capGap = 3;
 
+/// What stands on the keys of a PC keyboard; no keyboard here shows the glyphs of the short form.
 QStringList caps(std::uint32_t modifiers, const QString& label) {
   QStringList result;
-  for (const QChar glyph : modifierGlyphs(modifiers)) result << QString(glyph);
+  if (modifiers & carbonModifier::control) result << QStringLiteral("Ctrl");
+  if (modifiers & carbonModifier::option) result << QStringLiteral("Alt");
+  if (modifiers & carbonModifier::shift) result << QStringLiteral("Shift");
+  if (modifiers & carbonModifier::command) result << QStringLiteral("Super");
   if (!label.isEmpty()) result << label;
   return result;
 }
@@ -108,7 +113,7 @@ void ShortcutRecorder::record(const QKeyEvent& event) {
   if (reply.answer == ShortcutsModel::Answer::Conflict && onConflict_) {
     //% "%1 already belongs to “%2”."
     const QString message = qtTrId("settings.shortcuts.conflict");
-    onConflict_(message.arg(displayText(*reply.binding), qtTrId(titleKey(*reply.owner))));
+    onConflict_(message.arg(writtenShortcut(*reply.binding), qtTrId(titleKey(*reply.owner))));
   }
 }
 

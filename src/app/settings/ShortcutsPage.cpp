@@ -102,10 +102,11 @@ void ShortcutsPage::refreshNotice(std::size_t index) {
   const ShortcutsModel::Row row = model_.row(allHotKeyActions[index]);
   QString notice = entry.conflict;
   if (notice.isEmpty() && row.fault == ShortcutsModel::Fault::SharedWithAction) {
-    notice = qtTrId("settings.shortcuts.conflict").arg(displayText(*row.binding), qtTrId(titleKey(*row.sharedWith)));
+    notice =
+        qtTrId("settings.shortcuts.conflict").arg(writtenShortcut(*row.binding), qtTrId(titleKey(*row.sharedWith)));
   } else if (notice.isEmpty() && row.fault == ShortcutsModel::Fault::HeldElsewhere) {
     //% "Another program holds %1. Choose another combination, or free it there."
-    notice = qtTrId("settings.shortcuts.heldElsewhere").arg(displayText(*row.binding));
+    notice = qtTrId("settings.shortcuts.heldElsewhere").arg(writtenShortcut(*row.binding));
   }
   if (notice.isEmpty() && row.needsFn) {
     //% "If the F-keys of this keyboard do something else, hold Fn as well."
