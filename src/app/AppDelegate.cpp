@@ -273,6 +273,7 @@ void AppDelegate::settingsChangedElsewhere(const QStringList& keys) {
       std::ranges::any_of(keys, [](const QString& key) { return key.startsWith(preferenceKey::hotKeyPrefix); });
   if (hotKeys) services_.notices.post(notice::hotKeysChanged);
   if (keys.contains(preferenceKey::appLanguage)) services_.notices.post(notice::languageChanged);
+  if (settings_) settings_->refresh();
 }
 
 bool AppDelegate::reopenEntry(int index) {
