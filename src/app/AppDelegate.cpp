@@ -126,9 +126,7 @@ void AppDelegate::applicationWillTerminate() {
   captures_.cancelSessions();
   hotKeyCenter_.unregisterAll();
   windows_.closePins();
-  // A copy's last step, on this thread, follows its encoding on the queue.
   services_.captureOutput.waitForPendingWrites();
-  QCoreApplication::sendPostedEvents();
   services_.sessionStore.waitForPendingWrites();
   services_.clipboardFiles.waitForPendingWork();
   services_.preferences->flush();

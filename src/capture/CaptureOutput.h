@@ -76,8 +76,8 @@ class CaptureOutput {
   void waitForPendingWrites() { queue_.drain(); }
 
  private:
-  struct Written;
-  bool copyToPasteboard(const CaptureOutputRequest& request, const Written& written);
+  CaptureOutcome write(const CaptureOutputRequest& request);
+  bool copy(const CaptureOutputRequest& request, std::span<const std::byte> png);
 
   RunLoop& runLoop_;
   Pasteboard& pasteboard_;

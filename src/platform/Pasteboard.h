@@ -16,13 +16,13 @@ struct PasteboardContent {
   QString filePath;  ///< absolute; offered as a file URL
 };
 
-/// The desktop's clipboard. Main thread.
+/// The desktop's clipboard.
 class Pasteboard {
  public:
   virtual ~Pasteboard() = default;
 
   /// Takes over the clipboard; false when the desktop has none. What was written goes on pasting after the process
-  /// ends.
+  /// ends. Waits some milliseconds for the desktop, so it is called from a queue. Any thread.
   virtual bool write(PasteboardContent content) = 0;
 
   /// What the clipboard's picture is: encoded bytes of some image type, or the local file it names.
@@ -31,7 +31,7 @@ class Pasteboard {
     QString filePath;
   };
   /// Asks for a picture; nothing when there is none or its owner does not answer within two seconds. The callback comes
-  /// on the main thread, never from inside this call.
+  /// on the main thread, never from inside this call. Main thread.
   virtual void readImage(std::function<void(std::optional<ImageOffer>)> done) = 0;
 };
 
