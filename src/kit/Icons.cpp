@@ -19,6 +19,9 @@ static void initIconResources() {
 namespace vellora {
 namespace {
 
+/// More than 3 : 1 on white and on the dark greys of panels.
+constexpr QColor readableAnywhere(0x80, 0x86, 0x90);
+
 QString folder() {
   initIconResources();
   return QStringLiteral(":/vellora/icons/");
@@ -43,6 +46,7 @@ class IconEngine final : public QIconEngine {
     paintIcon(*painter, name_, rect, colorFor(mode));
   }
 
+  // Our own menus and controls paint; a pixmap goes to another process, whose ground may be light or dark.
   QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
     return scaledPixmap(size, mode, state, 1.0);
   }
@@ -53,7 +57,8 @@ class IconEngine final : public QIconEngine {
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     const int side = std::min(size.width(), size.height());
-    paintIcon(painter, name_, QRect((size.width() - side) / 2, (size.height() - side) / 2, side, side), colorFor(mode));
+    const QColor ink = mode == QIcon::Disabled ? colorFor(mode) : color_.value_or(readableAnywhere);
+    paintIcon(painter, name_, QRect((size.width() - side) / 2, (size.height() - side) / 2, side, side), ink);
     return pixmap;
   }
 

@@ -2,7 +2,9 @@
 
 #include <QDirIterator>
 #include <QFile>
+#include <QIcon>
 #include <QImage>
+#include <QPainter>
 #include <QRegularExpression>
 
 #include "kit/Icons.h"
@@ -97,12 +99,37 @@ TEST(Icons, ArePicturesOfTheSizeAndScaleAskedFor) {
 TEST(Icons, FollowTheThemeAndGreyOutWhenDisabled) {
   const ThemeForTest guard;
   const QIcon gear = icon(QStringLiteral("gear"));
-  EXPECT_GT(inkedPixels(gear.pixmap(32, 32).toImage(), Theme::palette(Appearance::Light).text), 20);
-  EXPECT_GT(inkedPixels(gear.pixmap(QSize(32, 32), QIcon::Disabled).toImage(),
-                        Theme::palette(Appearance::Light).disabledText),
-            20);
+  const auto painted = [&gear](QIcon::Mode mode) {
+    QImage picture(32, 32, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    gear.paint(&painter, picture.rect(), Qt::AlignCenter, mode);
+    return picture;
+  };
+  EXPECT_GT(inkedPixels(painted(QIcon::Normal), Theme::palette(Appearance::Light).text), 20);
+  EXPECT_GT(inkedPixels(painted(QIcon::Disabled), Theme::palette(Appearance::Light).disabledText), 20);
   Theme::shared().setAppearanceOverride(Appearance::Dark);
-  EXPECT_GT(inkedPixels(gear.pixmap(32, 32).toImage(), Theme::palette(Appearance::Dark).text), 20);
+  EXPECT_GT(inkedPixels(painted(QIcon::Normal), Theme::palette(Appearance::Dark).text), 20);
+}
+
+TEST(Icons, HandedToOtherProcessesAreReadableOnLightAndDark) {
+  const ThemeForTest guard;
+  const auto lightness = [](const QImage& picture) {
+    const QPoint inked = [&] {
+      for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+          if (qAlpha(picture.pixel(x, y)) == 255) return QPoint(x, y);
+        }
+      }
+      return QPoint();
+    }();
+    return picture.pixelColor(inked).lightness();
+  };
+  const QIcon gear = icon(QStringLiteral("gear"));
+  for (const Appearance appearance : {Appearance::Light, Appearance::Dark}) {
+    Theme::shared().setAppearanceOverride(appearance);
+    EXPECT_NEAR(lightness(gear.pixmap(32, 32).toImage()), 136, 30);
+  }
 }
 
 TEST(Icons, AnUnknownNameDrawsNothing) {
