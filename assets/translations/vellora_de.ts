@@ -187,8 +187,8 @@
         <translation>Auf dem Bildschirm anheften</translation>
     </message>
     <message id="settings.general.showEditorHelp">
-        <source>Draw on it, crop it and set it on a backdrop.</source>
-        <translation>Darauf zeichnen, zuschneiden und vor einen Hintergrund setzen.</translation>
+        <source>In a window, ready to be copied or saved.</source>
+        <translation>In einem Fenster, bereit zum Kopieren oder Speichern.</translation>
     </message>
     <message id="settings.general.copyHelp">
         <source>Ready to be pasted into another program.</source>

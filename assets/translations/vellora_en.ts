@@ -187,8 +187,8 @@
             <translation>Pin to the screen</translation>
         </message>
         <message id="settings.general.showEditorHelp">
-            <source>Draw on it, crop it and set it on a backdrop.</source>
-            <translation>Draw on it, crop it and set it on a backdrop.</translation>
+            <source>In a window, ready to be copied or saved.</source>
+            <translation>In a window, ready to be copied or saved.</translation>
         </message>
         <message id="settings.general.copyHelp">
             <source>Ready to be pasted into another program.</source>

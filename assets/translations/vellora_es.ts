@@ -187,8 +187,8 @@
         <translation>Fijar en la pantalla</translation>
     </message>
     <message id="settings.general.showEditorHelp">
-        <source>Draw on it, crop it and set it on a backdrop.</source>
-        <translation>Para dibujar sobre ella, recortarla y colocarla sobre un fondo.</translation>
+        <source>In a window, ready to be copied or saved.</source>
+        <translation>En una ventana, lista para copiarla o guardarla.</translation>
     </message>
     <message id="settings.general.copyHelp">
         <source>Ready to be pasted into another program.</source>

@@ -187,8 +187,8 @@
         <translation>Épingler à l’écran</translation>
     </message>
     <message id="settings.general.showEditorHelp">
-        <source>Draw on it, crop it and set it on a backdrop.</source>
-        <translation>Pour l’annoter, la recadrer et la placer sur un arrière-plan.</translation>
+        <source>In a window, ready to be copied or saved.</source>
+        <translation>Dans une fenêtre, prête à être copiée ou enregistrée.</translation>
     </message>
     <message id="settings.general.copyHelp">
         <source>Ready to be pasted into another program.</source>

@@ -186,8 +186,8 @@
         <translation>画面にピン留め</translation>
     </message>
     <message id="settings.general.showEditorHelp">
-        <source>Draw on it, crop it and set it on a backdrop.</source>
-        <translation>描き込み、切り抜き、背景の追加ができます。</translation>
+        <source>In a window, ready to be copied or saved.</source>
+        <translation>ウィンドウに表示し、すぐにコピーや保存ができます。</translation>
     </message>
     <message id="settings.general.copyHelp">
         <source>Ready to be pasted into another program.</source>

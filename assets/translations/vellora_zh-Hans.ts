@@ -186,8 +186,8 @@
         <translation>固定在屏幕上</translation>
     </message>
     <message id="settings.general.showEditorHelp">
-        <source>Draw on it, crop it and set it on a backdrop.</source>
-        <translation>可在上面绘制、裁剪，并添加背景。</translation>
+        <source>In a window, ready to be copied or saved.</source>
+        <translation>在窗口中打开，可随时复制或保存。</translation>
     </message>
     <message id="settings.general.copyHelp">
         <source>Ready to be pasted into another program.</source>

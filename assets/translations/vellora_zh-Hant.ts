@@ -186,8 +186,8 @@
         <translation>釘選在螢幕上</translation>
     </message>
     <message id="settings.general.showEditorHelp">
-        <source>Draw on it, crop it and set it on a backdrop.</source>
-        <translation>可在上面繪圖、裁切，並加上背景。</translation>
+        <source>In a window, ready to be copied or saved.</source>
+        <translation>在視窗中開啟，可隨時複製或儲存。</translation>
     </message>
     <message id="settings.general.copyHelp">
         <source>Ready to be pasted into another program.</source>

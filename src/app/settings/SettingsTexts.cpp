@@ -25,7 +25,7 @@ QString label(AfterCaptureAction action) {
 QString help(AfterCaptureAction action) {
   switch (action) {
     case AfterCaptureAction::ShowEditor:
-      //% "Draw on it, crop it and set it on a backdrop."
+      //% "In a window, ready to be copied or saved."
       return qtTrId("settings.general.showEditorHelp");
     case AfterCaptureAction::Copy:
       //% "Ready to be pasted into another program."
