@@ -153,7 +153,7 @@ void CaptureCommands::fail(const std::shared_ptr<Run>& run, CaptureError error) 
   finish(run, {.end = End::Failed, .error = error});
 }
 
-void CaptureCommands::finish(const std::shared_ptr<Run>& run, CaptureResult result) {
+void CaptureCommands::finish(const std::shared_ptr<Run>& run, const CaptureResult& result) {
   if (const auto done = std::exchange(run->done, nullptr)) done(result);
 }
 

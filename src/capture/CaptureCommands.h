@@ -54,7 +54,7 @@ class CaptureCommands {
   void captureNamed(const std::shared_ptr<Run>& run);
   void complete(const std::shared_ptr<Run>& run, const CapturedImage& image, const CaptureOrigin& origin);
   void fail(const std::shared_ptr<Run>& run, CaptureError error);
-  void finish(const std::shared_ptr<Run>& run, CaptureResult result);
+  void finish(const std::shared_ptr<Run>& run, const CaptureResult& result);
 
   OverlayServices services_;
   AccessGate& gate_;

@@ -49,7 +49,8 @@ void writeVerb(std::ostringstream& out, const std::string& path, const VerbDescr
 
 std::string manualPage() {
   std::ostringstream out;
-  out << ".TH VELLORA 1 \"\" \"Vellora " << programVersion() << "\" \"User Commands\"\n"
+  out << R"(.TH VELLORA 1 "" "Vellora )" << programVersion() << R"(" "User Commands")"
+      << "\n"
       << ".SH NAME\nvellora \\- take, annotate and share pictures of the screen\n"
       << ".SH SYNOPSIS\n.B vellora\n[\\fIverb\\fR] [\\fIoptions\\fR]\n"
       << ".SH DESCRIPTION\nWithout a verb Vellora starts in the tray of the desktop; when it is running already, it "

@@ -252,7 +252,7 @@ bool DeflateBlock<Pixel>::flush(ByteBuffer& out, PendingBits& pending) {
     std::uint32_t bits;
     std::uint32_t count;
   };
-  std::array<Code, 256> literal;
+  std::array<Code, 256> literal{};
   for (std::size_t i = 0; i < literal.size(); ++i) literal[i] = {literalCodes[i], literalLengths_[i]};
   std::array<Code, longestMatch + 1> length{};
   for (std::size_t i = shortestMatch; i <= longestMatch; ++i) {

@@ -137,7 +137,7 @@ class Canvas {
     }
   }
 
-  std::optional<Bitmap> finish() && {
+  std::optional<Bitmap> finish() {
     auto bitmap = MutableBitmap::create(thumbnailSize, PixelAlpha::Premultiplied);
     if (!bitmap) return std::nullopt;
     for (int y = 0; y < height; ++y) {
@@ -155,7 +155,7 @@ class Canvas {
  private:
   static constexpr int width = thumbnailSize.width, height = thumbnailSize.height;
 
-  Color& at(int x, int y) { return pixels_[static_cast<std::size_t>(y * width + x)]; }
+  Color& at(int x, int y) { return pixels_[static_cast<std::size_t>(y) * width + static_cast<std::size_t>(x)]; }
 
   static Color average(const std::vector<float>& sums, const Taps& taps, int left) {
     Color color{};
@@ -178,15 +178,17 @@ class Canvas {
     const double nearX = std::min(x, width - 1 - x), nearY = std::min(y, height - 1 - y);
     if (nearX >= thumbnailRadius || nearY >= thumbnailRadius) return 1;
     int inside = 0;
-    for (int i = 0; i < grid * grid; ++i) {
-      const double fromX = thumbnailRadius - (nearX + (i % grid + 0.5) / grid);
-      const double fromY = thumbnailRadius - (nearY + (i / grid + 0.5) / grid);
-      if (fromX * fromX + fromY * fromY <= thumbnailRadius * thumbnailRadius) ++inside;
+    for (int row = 0; row < grid; ++row) {
+      const double fromY = thumbnailRadius - (nearY + (row + 0.5) / grid);
+      for (int column = 0; column < grid; ++column) {
+        const double fromX = thumbnailRadius - (nearX + (column + 0.5) / grid);
+        if (fromX * fromX + fromY * fromY <= thumbnailRadius * thumbnailRadius) ++inside;
+      }
     }
     return static_cast<float>(inside) / (grid * grid);
   }
 
-  std::array<Color, static_cast<std::size_t>(width* height)> pixels_;
+  std::array<Color, std::size_t{width} * std::size_t{height}> pixels_{};
 };
 
 bool isFinite(const Rect& rect) {
@@ -208,7 +210,7 @@ std::optional<Bitmap> renderThumbnail(std::span<const ThumbnailPiece> pieces, co
     if (piece.image.isNull() || place.isEmpty() || !isFinite(place)) continue;
     canvas.draw(piece.image, place);
   }
-  return std::move(canvas).finish();
+  return canvas.finish();
 }
 
 }  // namespace vellora

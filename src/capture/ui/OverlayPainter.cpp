@@ -187,7 +187,8 @@ void OverlayPainter::paintLoupe(QPainter& painter, const OverlayParts& parts) co
   }
   painter.restore();
 
-  const QRectF middle(inner.x() + (count / 2) * cell, inner.y() + (count / 2) * cell, cell, cell);
+  const int before = count / 2;
+  const QRectF middle(inner.x() + before * cell, inner.y() + before * cell, cell, cell);
   const double line = std::max(1.0, std::round(pixels(1)));
   painter.setBrush(Qt::NoBrush);
   painter.setPen(QPen(QColor(0, 0, 0, 200), line, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));

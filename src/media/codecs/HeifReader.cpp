@@ -91,7 +91,7 @@ Result<QImage, ImageLoadError> readHeif(const QByteArray& data) {
     return failure(ImageLoadError::OutOfMemory);
   }
   const QColorSpace colorSpace = colorSpaceOf(*picture);
-  picture.release();  // the image's cleanup owns it now
+  (void)picture.release();  // the image's cleanup owns it now
   image.setColorSpace(colorSpace);
   return image;
 }

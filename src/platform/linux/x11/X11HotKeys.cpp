@@ -221,7 +221,7 @@ class X11HotKeys::Grabber {
   QObject context_;
 };
 
-X11HotKeys::X11HotKeys(std::string display) : grabber_(std::make_unique<Grabber>(display)) {}
+X11HotKeys::X11HotKeys(const std::string& display) : grabber_(std::make_unique<Grabber>(display)) {}
 X11HotKeys::~X11HotKeys() = default;
 
 std::optional<HotKeyService::Registration> X11HotKeys::registerHotKey(std::uint32_t keyCode,

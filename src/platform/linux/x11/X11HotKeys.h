@@ -16,7 +16,7 @@ namespace vellora {
 class X11HotKeys final : public HotKeyService {
  public:
   /// `display` as in DISPLAY (":0"); empty takes DISPLAY. Without a desktop every registration is refused.
-  explicit X11HotKeys(std::string display = {});
+  explicit X11HotKeys(const std::string& display = {});
   ~X11HotKeys() override;
 
   /// Also refuses a combination that is already registered here.

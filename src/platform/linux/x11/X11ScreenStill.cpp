@@ -104,7 +104,7 @@ class X11ScreenStills::Server : public std::enable_shared_from_this<Server> {
       std::free(error);
       constexpr std::uint8_t lostCode = 0xFF;
       const std::uint8_t code = lost ? lostCode : connection_->check(next.request);
-      answers.push_back([answered = std::move(next.answered), code] { answered(code); });
+      answers.emplace_back([answered = std::move(next.answered), code] { answered(code); });
       waiting_.pop_front();
     }
     if (connection_->isBroken()) notifier_.setEnabled(false);
