@@ -327,6 +327,7 @@ void AppDelegate::loadFromFile() {
 void AppDelegate::openLoaded(const PictureLoading::Outcome& outcome) {
   if (!outcome)
     return showToast("exclamationmark.triangle.fill", localized(outcome.error().toLatin1().constData()), true);
+  Toast::dismiss();  // an earlier attempt's failure
   const CapturedImage picture{outcome->bitmap, outcome->scale};
   windows_.openEditor(
       {picture, std::make_shared<SharedPng>(picture.image, picture.scale), std::nullopt, services_.runLoop.now()});

@@ -40,6 +40,10 @@ Json captureResultJson(const CaptureResult& result) {
   object["output"] = pathOrNull(result.outcome.outputWritten, result.outcome.outputFile);
   object["saved"] = pathOrNull(result.outcome.saved, result.outcome.savedPath);
   object["copied"] = result.outcome.copied;
+  if (const QString missing = captureResultMessage(result); !missing.isEmpty()) {
+    object["result"] = name(CaptureResult::End::Failed);
+    object["error"] = json::fromString(missing);
+  }
   return object;
 }
 
