@@ -79,8 +79,8 @@
         <translation>Einstellungen öffnen</translation>
     </message>
     <message id="load.error.noPicture">
-        <source>The clipboard holds no picture</source>
-        <translation>Die Zwischenablage enthält kein Bild</translation>
+        <source>No picture could be read from the clipboard</source>
+        <translation>Aus der Zwischenablage konnte kein Bild gelesen werden</translation>
     </message>
     <message id="settings.about.title">
         <source>About</source>

@@ -79,8 +79,8 @@
             <translation>Open Settings</translation>
         </message>
         <message id="load.error.noPicture">
-            <source>The clipboard holds no picture</source>
-            <translation>The clipboard holds no picture</translation>
+            <source>No picture could be read from the clipboard</source>
+            <translation>No picture could be read from the clipboard</translation>
         </message>
         <message id="settings.about.title">
             <source>About</source>

@@ -79,8 +79,8 @@
         <translation>Abrir configuración</translation>
     </message>
     <message id="load.error.noPicture">
-        <source>The clipboard holds no picture</source>
-        <translation>El portapapeles no contiene ninguna imagen</translation>
+        <source>No picture could be read from the clipboard</source>
+        <translation>No se pudo leer ninguna imagen del portapapeles</translation>
     </message>
     <message id="settings.about.title">
         <source>About</source>

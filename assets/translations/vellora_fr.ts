@@ -79,8 +79,8 @@
         <translation>Ouvrir les paramètres</translation>
     </message>
     <message id="load.error.noPicture">
-        <source>The clipboard holds no picture</source>
-        <translation>Le presse-papiers ne contient pas d’image</translation>
+        <source>No picture could be read from the clipboard</source>
+        <translation>Aucune image n’a pu être lue dans le presse-papiers</translation>
     </message>
     <message id="settings.about.title">
         <source>About</source>

@@ -78,8 +78,8 @@
         <translation>設定を開く</translation>
     </message>
     <message id="load.error.noPicture">
-        <source>The clipboard holds no picture</source>
-        <translation>クリップボードに画像がありません</translation>
+        <source>No picture could be read from the clipboard</source>
+        <translation>クリップボードから画像を読み取れませんでした</translation>
     </message>
     <message id="settings.about.title">
         <source>About</source>

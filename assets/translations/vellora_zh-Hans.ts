@@ -78,8 +78,8 @@
         <translation>打开设置</translation>
     </message>
     <message id="load.error.noPicture">
-        <source>The clipboard holds no picture</source>
-        <translation>剪贴板中没有图片</translation>
+        <source>No picture could be read from the clipboard</source>
+        <translation>无法从剪贴板读取图片</translation>
     </message>
     <message id="settings.about.title">
         <source>About</source>

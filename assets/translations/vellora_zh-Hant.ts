@@ -78,8 +78,8 @@
         <translation>開啟設定</translation>
     </message>
     <message id="load.error.noPicture">
-        <source>The clipboard holds no picture</source>
-        <translation>剪貼簿中沒有圖片</translation>
+        <source>No picture could be read from the clipboard</source>
+        <translation>無法從剪貼簿讀取圖片</translation>
     </message>
     <message id="settings.about.title">
         <source>About</source>

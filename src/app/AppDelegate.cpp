@@ -9,6 +9,7 @@
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QStandardPaths>
 
 #include "app/LauncherWindow.h"
 #include "app/RecentRecordings.h"
@@ -47,6 +48,8 @@ const std::set<Command>& availableCommands() {
                                           Command::Quit};
   return commands;
 }
+
+constexpr QSize fileDialogSize(860, 540);  // where the desktop has no dialog of its own
 
 QScreen* pointerScreen() {
   QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
@@ -313,6 +316,8 @@ void AppDelegate::loadFromFile() {
   dialog->setAttribute(Qt::WA_DeleteOnClose);
   followTheme(*dialog);
   dialog->setFileMode(QFileDialog::ExistingFile);
+  dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
+  dialog->resize(fileDialogSize);
   //% "Open a picture"
   dialog->setWindowTitle(qtTrId("load.file.title"));
   //% "Pictures (%1)"

@@ -7,7 +7,7 @@ namespace vellora {
 void PictureLoading::loadFromPasteboard(Callback done) {
   pasteboard_.readImage(lifetime_.guard([this, done = std::move(done)](std::optional<Pasteboard::ImageOffer> offer) {
     if (!offer) {
-      //% "The clipboard holds no picture"
+      //% "No picture could be read from the clipboard"
       static const char* const key = QT_TRID_NOOP("load.error.noPicture");
       return done(failure(QString::fromLatin1(key)));
     }

@@ -99,7 +99,10 @@ AlertDialog::AlertDialog(const Alert& alert, QWidget* parent)
   rows->addLayout(row);
   updateMargins();
   for (qsizetype i = 1; i < buttons_.size(); ++i) setTabOrder(buttons_[i - 1], buttons_[i]);
-  if (!buttons_.isEmpty()) buttons_.first()->setFocus(Qt::OtherFocusReason);
+  if (buttons_.isEmpty()) return;
+  // A stray Return must not lose anything: the way out of a destructive question has the focus.
+  Button* const focused = alert.destructive && buttons_.size() > 1 ? buttons_[1] : buttons_.first();
+  focused->setFocus(Qt::OtherFocusReason);
 }
 
 void AlertDialog::updateMargins() {

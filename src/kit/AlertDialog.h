@@ -16,7 +16,7 @@ struct Alert {
   QString title;
   QString body;
   QStringList buttons;       ///< in order of importance; the first is the default
-  bool destructive = false;  ///< the first button loses something: it is red
+  bool destructive = false;  ///< the first button loses something: it is red, and the second one has the focus
   QString iconName = {};     ///< the program's own when empty
 };
 
