@@ -16,7 +16,7 @@
         <translation>Verlauf der Aufnahmen leeren?</translation>
     </message>
     <message id="alert.clearHistory.body">
-        <source>The last captures are deleted. Saved files stay where they are.</source>
+        <source>The recent captures will be deleted. Saved files stay where they are.</source>
         <translation>Die letzten Aufnahmen werden gelöscht. Gespeicherte Dateien bleiben, wo sie sind.</translation>
     </message>
     <message id="alert.clearHistory.confirm">
@@ -59,7 +59,7 @@
         <translation>Aufzeichnungen in den Papierkorb verschoben</translation>
     </message>
     <message id="alert.screenRecording.title">
-        <source>Vellora may not see the screen</source>
+        <source>Vellora is not allowed to see the screen</source>
         <translation>Vellora darf den Bildschirm nicht sehen</translation>
     </message>
     <message id="alert.screenRecording.body">
@@ -67,7 +67,7 @@
         <translation>Erlauben Sie Vellora in den Datenschutzeinstellungen der Arbeitsumgebung, den Bildschirm aufzuzeichnen, und versuchen Sie es dann erneut.</translation>
     </message>
     <message id="alert.accessibility.title">
-        <source>Vellora may not follow the pointer</source>
+        <source>Vellora is not allowed to follow the pointer</source>
         <translation>Vellora darf dem Mauszeiger nicht folgen</translation>
     </message>
     <message id="alert.accessibility.body">
@@ -143,7 +143,7 @@
         <translation>Auswählen&#xa0;…</translation>
     </message>
     <message id="settings.general.resetDesktop">
-        <source>Use Desktop</source>
+        <source>Use Desktop Folder</source>
         <translation>Schreibtisch verwenden</translation>
     </message>
     <message id="settings.general.resetDesktopHelp">
@@ -159,7 +159,7 @@
         <translation>Sprache der Oberfläche</translation>
     </message>
     <message id="settings.general.systemLanguage">
-        <source>As on the desktop</source>
+        <source>System language</source>
         <translation>Systemsprache</translation>
     </message>
     <message id="settings.general.keepOneAction">

@@ -16,8 +16,8 @@
             <translation>Clear the capture history?</translation>
         </message>
         <message id="alert.clearHistory.body">
-            <source>The last captures are deleted. Saved files stay where they are.</source>
-            <translation>The last captures are deleted. Saved files stay where they are.</translation>
+            <source>The recent captures will be deleted. Saved files stay where they are.</source>
+            <translation>The recent captures will be deleted. Saved files stay where they are.</translation>
         </message>
         <message id="alert.clearHistory.confirm">
             <source>Clear History</source>
@@ -59,16 +59,16 @@
             <translation>Recordings moved to the Trash</translation>
         </message>
         <message id="alert.screenRecording.title">
-            <source>Vellora may not see the screen</source>
-            <translation>Vellora may not see the screen</translation>
+            <source>Vellora is not allowed to see the screen</source>
+            <translation>Vellora is not allowed to see the screen</translation>
         </message>
         <message id="alert.screenRecording.body">
             <source>Allow Vellora to record the screen in the desktop's privacy settings, then try again.</source>
             <translation>Allow Vellora to record the screen in the desktop's privacy settings, then try again.</translation>
         </message>
         <message id="alert.accessibility.title">
-            <source>Vellora may not follow the pointer</source>
-            <translation>Vellora may not follow the pointer</translation>
+            <source>Vellora is not allowed to follow the pointer</source>
+            <translation>Vellora is not allowed to follow the pointer</translation>
         </message>
         <message id="alert.accessibility.body">
             <source>Allow Vellora to use accessibility in the desktop's privacy settings, then try again.</source>
@@ -143,8 +143,8 @@
             <translation>Choose…</translation>
         </message>
         <message id="settings.general.resetDesktop">
-            <source>Use Desktop</source>
-            <translation>Use Desktop</translation>
+            <source>Use Desktop Folder</source>
+            <translation>Use Desktop Folder</translation>
         </message>
         <message id="settings.general.resetDesktopHelp">
             <source>Save captures to the Desktop folder again</source>
@@ -159,8 +159,8 @@
             <translation>Language of the interface</translation>
         </message>
         <message id="settings.general.systemLanguage">
-            <source>As on the desktop</source>
-            <translation>As on the desktop</translation>
+            <source>System language</source>
+            <translation>System language</translation>
         </message>
         <message id="settings.general.keepOneAction">
             <source>At least one action has to stay on.</source>

@@ -16,7 +16,7 @@
         <translation>¿Borrar el historial de capturas?</translation>
     </message>
     <message id="alert.clearHistory.body">
-        <source>The last captures are deleted. Saved files stay where they are.</source>
+        <source>The recent captures will be deleted. Saved files stay where they are.</source>
         <translation>Se eliminarán las últimas capturas. Los archivos guardados permanecen donde están.</translation>
     </message>
     <message id="alert.clearHistory.confirm">
@@ -59,7 +59,7 @@
         <translation>Grabaciones movidas a la papelera</translation>
     </message>
     <message id="alert.screenRecording.title">
-        <source>Vellora may not see the screen</source>
+        <source>Vellora is not allowed to see the screen</source>
         <translation>Vellora no tiene permiso para ver la pantalla</translation>
     </message>
     <message id="alert.screenRecording.body">
@@ -67,7 +67,7 @@
         <translation>Permita que Vellora grabe la pantalla en la configuración de privacidad del escritorio e inténtelo de nuevo.</translation>
     </message>
     <message id="alert.accessibility.title">
-        <source>Vellora may not follow the pointer</source>
+        <source>Vellora is not allowed to follow the pointer</source>
         <translation>Vellora no tiene permiso para seguir el puntero</translation>
     </message>
     <message id="alert.accessibility.body">
@@ -143,7 +143,7 @@
         <translation>Elegir…</translation>
     </message>
     <message id="settings.general.resetDesktop">
-        <source>Use Desktop</source>
+        <source>Use Desktop Folder</source>
         <translation>Usar el Escritorio</translation>
     </message>
     <message id="settings.general.resetDesktopHelp">
@@ -159,7 +159,7 @@
         <translation>Idioma de la interfaz</translation>
     </message>
     <message id="settings.general.systemLanguage">
-        <source>As on the desktop</source>
+        <source>System language</source>
         <translation>Idioma del sistema</translation>
     </message>
     <message id="settings.general.keepOneAction">

@@ -16,7 +16,7 @@
         <translation>Effacer l’historique des captures&#xa0;?</translation>
     </message>
     <message id="alert.clearHistory.body">
-        <source>The last captures are deleted. Saved files stay where they are.</source>
+        <source>The recent captures will be deleted. Saved files stay where they are.</source>
         <translation>Les dernières captures seront supprimées. Les fichiers enregistrés restent à leur place.</translation>
     </message>
     <message id="alert.clearHistory.confirm">
@@ -59,7 +59,7 @@
         <translation>Enregistrements mis à la corbeille</translation>
     </message>
     <message id="alert.screenRecording.title">
-        <source>Vellora may not see the screen</source>
+        <source>Vellora is not allowed to see the screen</source>
         <translation>Vellora n’est pas autorisé à voir l’écran</translation>
     </message>
     <message id="alert.screenRecording.body">
@@ -67,7 +67,7 @@
         <translation>Autorisez Vellora à enregistrer l’écran dans les paramètres de confidentialité du bureau, puis réessayez.</translation>
     </message>
     <message id="alert.accessibility.title">
-        <source>Vellora may not follow the pointer</source>
+        <source>Vellora is not allowed to follow the pointer</source>
         <translation>Vellora n’est pas autorisé à suivre le pointeur</translation>
     </message>
     <message id="alert.accessibility.body">
@@ -143,7 +143,7 @@
         <translation>Choisir…</translation>
     </message>
     <message id="settings.general.resetDesktop">
-        <source>Use Desktop</source>
+        <source>Use Desktop Folder</source>
         <translation>Utiliser le Bureau</translation>
     </message>
     <message id="settings.general.resetDesktopHelp">
@@ -159,7 +159,7 @@
         <translation>Langue de l’interface</translation>
     </message>
     <message id="settings.general.systemLanguage">
-        <source>As on the desktop</source>
+        <source>System language</source>
         <translation>Langue du système</translation>
     </message>
     <message id="settings.general.keepOneAction">

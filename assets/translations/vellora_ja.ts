@@ -16,7 +16,7 @@
         <translation>キャプチャの履歴を消去しますか？</translation>
     </message>
     <message id="alert.clearHistory.body">
-        <source>The last captures are deleted. Saved files stay where they are.</source>
+        <source>The recent captures will be deleted. Saved files stay where they are.</source>
         <translation>最近のキャプチャが削除されます。保存済みのファイルはそのまま残ります。</translation>
     </message>
     <message id="alert.clearHistory.confirm">
@@ -58,7 +58,7 @@
         <translation>録画をゴミ箱に移動しました</translation>
     </message>
     <message id="alert.screenRecording.title">
-        <source>Vellora may not see the screen</source>
+        <source>Vellora is not allowed to see the screen</source>
         <translation>Vellora に画面の表示内容へのアクセスが許可されていません</translation>
     </message>
     <message id="alert.screenRecording.body">
@@ -66,7 +66,7 @@
         <translation>デスクトップのプライバシー設定で Vellora に画面の録画を許可してから、もう一度お試しください。</translation>
     </message>
     <message id="alert.accessibility.title">
-        <source>Vellora may not follow the pointer</source>
+        <source>Vellora is not allowed to follow the pointer</source>
         <translation>Vellora にポインターの追跡が許可されていません</translation>
     </message>
     <message id="alert.accessibility.body">
@@ -142,7 +142,7 @@
         <translation>選択…</translation>
     </message>
     <message id="settings.general.resetDesktop">
-        <source>Use Desktop</source>
+        <source>Use Desktop Folder</source>
         <translation>デスクトップを使用</translation>
     </message>
     <message id="settings.general.resetDesktopHelp">
@@ -158,7 +158,7 @@
         <translation>表示言語</translation>
     </message>
     <message id="settings.general.systemLanguage">
-        <source>As on the desktop</source>
+        <source>System language</source>
         <translation>システムの言語</translation>
     </message>
     <message id="settings.general.keepOneAction">

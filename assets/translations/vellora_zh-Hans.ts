@@ -16,7 +16,7 @@
         <translation>清空截图历史记录？</translation>
     </message>
     <message id="alert.clearHistory.body">
-        <source>The last captures are deleted. Saved files stay where they are.</source>
+        <source>The recent captures will be deleted. Saved files stay where they are.</source>
         <translation>最近的截图将被删除。已保存的文件会保留在原处。</translation>
     </message>
     <message id="alert.clearHistory.confirm">
@@ -58,7 +58,7 @@
         <translation>录屏已移到回收站</translation>
     </message>
     <message id="alert.screenRecording.title">
-        <source>Vellora may not see the screen</source>
+        <source>Vellora is not allowed to see the screen</source>
         <translation>Vellora 无权查看屏幕</translation>
     </message>
     <message id="alert.screenRecording.body">
@@ -66,7 +66,7 @@
         <translation>请在桌面的隐私设置中允许 Vellora 录制屏幕，然后重试。</translation>
     </message>
     <message id="alert.accessibility.title">
-        <source>Vellora may not follow the pointer</source>
+        <source>Vellora is not allowed to follow the pointer</source>
         <translation>Vellora 无权跟踪指针</translation>
     </message>
     <message id="alert.accessibility.body">
@@ -142,7 +142,7 @@
         <translation>选择…</translation>
     </message>
     <message id="settings.general.resetDesktop">
-        <source>Use Desktop</source>
+        <source>Use Desktop Folder</source>
         <translation>使用桌面</translation>
     </message>
     <message id="settings.general.resetDesktopHelp">
@@ -158,7 +158,7 @@
         <translation>界面语言</translation>
     </message>
     <message id="settings.general.systemLanguage">
-        <source>As on the desktop</source>
+        <source>System language</source>
         <translation>跟随系统</translation>
     </message>
     <message id="settings.general.keepOneAction">

@@ -16,7 +16,7 @@
         <translation>要清除擷取記錄嗎？</translation>
     </message>
     <message id="alert.clearHistory.body">
-        <source>The last captures are deleted. Saved files stay where they are.</source>
+        <source>The recent captures will be deleted. Saved files stay where they are.</source>
         <translation>最近的擷取畫面會被刪除。已儲存的檔案會留在原處。</translation>
     </message>
     <message id="alert.clearHistory.confirm">
@@ -58,7 +58,7 @@
         <translation>錄影已移到垃圾桶</translation>
     </message>
     <message id="alert.screenRecording.title">
-        <source>Vellora may not see the screen</source>
+        <source>Vellora is not allowed to see the screen</source>
         <translation>Vellora 沒有檢視螢幕的權限</translation>
     </message>
     <message id="alert.screenRecording.body">
@@ -66,7 +66,7 @@
         <translation>請在桌面的隱私權設定中允許 Vellora 錄製螢幕，然後再試一次。</translation>
     </message>
     <message id="alert.accessibility.title">
-        <source>Vellora may not follow the pointer</source>
+        <source>Vellora is not allowed to follow the pointer</source>
         <translation>Vellora 沒有追蹤指標的權限</translation>
     </message>
     <message id="alert.accessibility.body">
@@ -142,7 +142,7 @@
         <translation>選擇…</translation>
     </message>
     <message id="settings.general.resetDesktop">
-        <source>Use Desktop</source>
+        <source>Use Desktop Folder</source>
         <translation>使用桌面</translation>
     </message>
     <message id="settings.general.resetDesktopHelp">
@@ -158,7 +158,7 @@
         <translation>介面語言</translation>
     </message>
     <message id="settings.general.systemLanguage">
-        <source>As on the desktop</source>
+        <source>System language</source>
         <translation>跟隨系統</translation>
     </message>
     <message id="settings.general.keepOneAction">

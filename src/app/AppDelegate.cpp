@@ -295,7 +295,7 @@ void AppDelegate::clearHistory() {
   Alert alert;
   //% "Clear the capture history?"
   alert.title = qtTrId("alert.clearHistory.title");
-  //% "The last captures are deleted. Saved files stay where they are."
+  //% "The recent captures will be deleted. Saved files stay where they are."
   alert.body = qtTrId("alert.clearHistory.body");
   //% "Clear History"
   alert.buttons << qtTrId("alert.clearHistory.confirm");
@@ -353,7 +353,7 @@ void AppDelegate::cleanUpRecordings() {
   //% "Move %n recording(s) to the Trash?"
   alert.title = qtTrId("alert.cleanupRecordings.title", static_cast<int>(bundles.size()));
   //% "They take up %1."
-  alert.body = qtTrId("alert.cleanupRecordings.body").arg(QLocale().formattedDataSize(bytes)) + u' ' +
+  alert.body = qtTrId("alert.cleanupRecordings.body").arg(QLocale().formattedDataSize(bytes)) + u'\n' +
                //% "Recordings that are open stay."
                qtTrId("alert.cleanupRecordings.openNote");
   //% "Move to Trash"
@@ -395,12 +395,12 @@ void AppDelegate::showToast(const char* icon, const QString& text, bool isFailur
 void AppDelegate::alertMissingAccess(Access missing, std::function<void()> openPage) {
   Alert alert;
   if (missing == Access::ScreenRecording) {
-    //% "Vellora may not see the screen"
+    //% "Vellora is not allowed to see the screen"
     alert.title = qtTrId("alert.screenRecording.title");
     //% "Allow Vellora to record the screen in the desktop's privacy settings, then try again."
     alert.body = qtTrId("alert.screenRecording.body");
   } else {
-    //% "Vellora may not follow the pointer"
+    //% "Vellora is not allowed to follow the pointer"
     alert.title = qtTrId("alert.accessibility.title");
     //% "Allow Vellora to use accessibility in the desktop's privacy settings, then try again."
     alert.body = qtTrId("alert.accessibility.body");

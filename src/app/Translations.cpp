@@ -1,6 +1,7 @@
 #include "app/Translations.h"
 
 #include <QCoreApplication>
+#include <QLibraryInfo>
 #include <QLocale>
 
 #include "base/Log.h"
@@ -23,6 +24,13 @@ void load(QTranslator& translator, const QString& code) {
 void Translations::use(const QString& code) {
   const QString english = QStringLiteral("en");
   if (english_.isEmpty()) load(english_, english);
+  QCoreApplication::removeTranslator(&toolkit_);
+  QString toolkitCode = code;
+  toolkitCode.replace(QStringLiteral("zh-Hans"), QStringLiteral("zh_CN"));
+  toolkitCode.replace(QStringLiteral("zh-Hant"), QStringLiteral("zh_TW"));
+  if (toolkit_.load(QStringLiteral("qtbase_") + toolkitCode, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QCoreApplication::installTranslator(&toolkit_);
+  }
   QCoreApplication::removeTranslator(&chosen_);
   if (code != english) load(chosen_, code);
   QLocale::setDefault(QLocale(code));

@@ -12,6 +12,7 @@ class Translations {
   void use(const QString& code);
 
  private:
+  QTranslator toolkit_;  // of dialogs that are the toolkit's own
   QTranslator english_;
   QTranslator chosen_;
 };

@@ -141,7 +141,7 @@ void GeneralPage::retranslate() {
   choose_->setText(qtTrId("settings.general.choose"));
   //% "Choose a folder for captures"
   choose_->setToolTip(qtTrId("settings.general.chooseTitle"));
-  //% "Use Desktop"
+  //% "Use Desktop Folder"
   resetFolder_->setText(qtTrId("settings.general.resetDesktop"));
   //% "Save captures to the Desktop folder again"
   resetFolder_->setToolTip(qtTrId("settings.general.resetDesktopHelp"));
@@ -151,7 +151,7 @@ void GeneralPage::retranslate() {
   languageRow_->setTitle(qtTrId("settings.general.interfaceLanguage"));
   QList<MenuButton::Choice> languages;
   for (const AppLanguage language : allAppLanguages) {
-    //% "As on the desktop"
+    //% "System language"
     const QString system = qtTrId("settings.general.systemLanguage");
     languages.append({static_cast<int>(language), language == AppLanguage::System ? system : nativeName(language)});
   }
