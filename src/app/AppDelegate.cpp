@@ -82,7 +82,7 @@ AppDelegate::AppDelegate(Mode mode)
       hotKeyCenter_(services_.hotKeys),
       instanceCommands_(captures_, [this](int index) { return reopenEntry(index); }),
       instanceServer_({[this] { openLauncher(); }, [this] { openSettings(); },
-                       [this](InstanceServer::Command command, InstanceServer::Reply reply) {
+                       [this](const InstanceServer::Command& command, InstanceServer::Reply reply) {
                          instanceCommands_.run(command, std::move(reply));
                        }}) {
   captures_.setCompletion(completion_);

@@ -64,7 +64,7 @@ void StatusMenu::render(QMenu& menu, const std::vector<MenuEntry>& entries) {
          fits(*existing[static_cast<qsizetype>(kept)], entries[kept])) {
     ++kept;
   }
-  for (qsizetype i = static_cast<qsizetype>(kept); i < existing.size(); ++i) {
+  for (auto i = static_cast<qsizetype>(kept); i < existing.size(); ++i) {
     QMenu* child = existing[i]->menu();
     menu.removeAction(existing[i]);
     if (child) {

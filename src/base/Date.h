@@ -13,7 +13,8 @@ struct Date {
   /// The moment in the machine's time zone, truncated to milliseconds.
   QDateTime toDateTime() const;
 
-  friend auto operator<=>(const Date&, const Date&) = default;
+  // The check takes the compiler's own comparison with 0 for a pointer.
+  friend auto operator<=>(const Date&, const Date&) = default;  // NOLINT(modernize-use-nullptr)
 };
 
 /// Which part of a second a capture's name carries.

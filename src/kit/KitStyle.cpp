@@ -58,7 +58,6 @@ class KitStyle final : public QProxyStyle {
         return panelInset;
       case PM_MenuPanelWidth:
       case PM_MenuDesktopFrameWidth:
-        return 0;
       case PM_SubMenuOverlap:
         return 0;
       case PM_ToolTipLabelFrameWidth:
@@ -115,7 +114,6 @@ class KitStyle final : public QProxyStyle {
       case SH_Menu_SubMenuPopupDelay:
         return 150;
       case SH_Menu_MouseTracking:
-        return 1;
       case SH_Menu_Scrollable:
         return 1;
       case SH_ToolTip_Mask:

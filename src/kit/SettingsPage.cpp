@@ -19,8 +19,7 @@ QString cssColor(const QColor& color) {
 
 }  // namespace
 
-SettingsPage::SettingsPage(QWidget* parent)
-    : QScrollArea(parent), title_(new TextLabel(TextLabel::Role::Title)), contents_(nullptr) {
+SettingsPage::SettingsPage(QWidget* parent) : QScrollArea(parent), title_(new TextLabel(TextLabel::Role::Title)) {
   auto* const column = new QWidget;
   column->setMaximumWidth(widestContents);
   contents_ = new QVBoxLayout(column);

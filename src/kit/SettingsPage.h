@@ -28,7 +28,7 @@ class SettingsPage : public QScrollArea {
   void applyTheme();
 
   TextLabel* title_;  // the children are owned by Qt
-  QVBoxLayout* contents_;
+  QVBoxLayout* contents_ = nullptr;
 };
 
 }  // namespace vellora

@@ -19,8 +19,8 @@ struct Node {
 /// counted at `limit`. Two queues: the leaves, and the inner nodes, which come out in ascending order by themselves.
 std::array<int, maximumLength + 1> countLengths(std::span<const Node> leaves, int limit) {
   const std::size_t count = leaves.size();
-  std::array<std::uint32_t, maximumSymbols> weight;  // of inner nodes
-  std::array<std::uint16_t, 2 * maximumSymbols> parent;
+  std::array<std::uint32_t, maximumSymbols> weight{};  // of inner nodes
+  std::array<std::uint16_t, 2 * maximumSymbols> parent{};
   std::size_t leaf = 0, inner = 0;
   for (std::size_t made = 0; made + 1 < count; ++made) {
     std::uint32_t sum = 0;
@@ -35,7 +35,7 @@ std::array<int, maximumLength + 1> countLengths(std::span<const Node> leaves, in
     }
     weight[made] = sum;
   }
-  std::array<std::uint16_t, maximumSymbols> depth;
+  std::array<std::uint16_t, maximumSymbols> depth{};
   const std::size_t root = count - 2;
   depth[root] = 0;
   for (std::size_t i = root; i-- > 0;) depth[i] = static_cast<std::uint16_t>(depth[parent[maximumSymbols + i]] + 1);
@@ -64,7 +64,7 @@ void repair(std::array<int, maximumLength + 1>& counts, int limit) {
 }  // namespace
 
 void findCodeLengths(std::span<const std::uint32_t> frequencies, std::span<std::uint8_t> lengths, int limit) {
-  std::array<Node, maximumSymbols> nodes;
+  std::array<Node, maximumSymbols> nodes{};
   std::size_t count = 0;
   for (std::size_t symbol = 0; symbol < frequencies.size(); ++symbol) {
     lengths[symbol] = 0;

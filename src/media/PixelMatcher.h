@@ -83,7 +83,7 @@ class PixelMatcher {
   Seen lookUp(const Pixel* row, std::uint32_t rowNumber, std::size_t x);
 
   static std::uint64_t word(const Pixel* pixels) {
-    std::uint64_t value;
+    std::uint64_t value = 0;
     std::memcpy(&value, pixels, sizeof(value));
     return value;
   }

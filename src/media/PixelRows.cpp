@@ -9,7 +9,7 @@ namespace vellora {
 namespace {
 
 std::uint32_t wordAt(const std::byte* source, std::size_t index) {
-  std::uint32_t word;
+  std::uint32_t word = 0;
   std::memcpy(&word, source + index * sizeof(word), sizeof(word));
   return word;
 }

@@ -29,7 +29,7 @@ bool PngPalette::addRow(const Bitmap& bitmap, int y) {
   const std::byte* row = bitmap.row(y);
   std::uint32_t before = unused;
   for (int x = 0; x < bitmap.width(); ++x, row += 4) {
-    std::uint32_t word;
+    std::uint32_t word = 0;
     std::memcpy(&word, row, sizeof(word));
     word &= colorBits;
     if (word == before) continue;

@@ -109,7 +109,7 @@ class IndexedStripEncoder final : public StripEncoderBase<std::uint8_t> {
     std::uint32_t before = ~std::uint32_t{0};
     std::uint8_t index = 0;
     for (std::size_t x = 0; x < width(); ++x, source += 4) {
-      std::uint32_t word;
+      std::uint32_t word = 0;
       std::memcpy(&word, source, sizeof(word));
       word &= colorBits;
       if (word != before) index = palette_.indexOf(word);

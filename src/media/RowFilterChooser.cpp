@@ -22,7 +22,7 @@ double bitsOf(std::uint32_t n) {
 }
 
 std::size_t hash(const std::uint32_t* pixels) {
-  std::uint64_t word;
+  std::uint64_t word = 0;
   std::memcpy(&word, pixels, sizeof(word));
   constexpr int hashBits = 10;
   return (word * 0x9E3779B185EBCA87ULL) >> (64 - hashBits);

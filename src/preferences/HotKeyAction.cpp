@@ -22,9 +22,9 @@ QString identifier(HotKeyAction action) {
   return {};
 }
 
-std::optional<HotKeyAction> hotKeyActionFromIdentifier(const QString& wanted) {
+std::optional<HotKeyAction> hotKeyActionFromIdentifier(const QString& name) {
   for (const HotKeyAction action : allHotKeyActions) {
-    if (identifier(action) == wanted) return action;
+    if (identifier(action) == name) return action;
   }
   return std::nullopt;
 }

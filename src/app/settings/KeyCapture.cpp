@@ -47,7 +47,7 @@ std::optional<CapturedKey> capturedKey(const QKeyEvent& event) {
   CapturedKey key{place->virtualKeyCode, carbonModifiersFrom(event.modifiers()), {}};
   // Qt's key is the symbol without control and option; its own codes for unprintable keys lie above Unicode.
   if (const int symbol = event.key(); symbol > 0x20 && symbol < 0x110000) {
-    const char32_t character = static_cast<char32_t>(symbol);
+    const auto character = static_cast<char32_t>(symbol);
     key.characters = QString::fromUcs4(&character, 1);
   }
   return key;

@@ -119,7 +119,7 @@ void OverlayWindow::startHint() {
 void OverlayWindow::timerEvent(QTimerEvent* event) {
   if (event->timerId() != hintTimer_.timerId()) return QWindow::timerEvent(event);
   const double fade = Theme::shared().reducedMotion() ? 0 : tokens::motionLong;
-  const double into = static_cast<double>(hintAge_.elapsed() - hintStay);
+  const auto into = static_cast<double>(hintAge_.elapsed() - hintStay);
   if (into >= fade) {
     hintTimer_.stop();
     hintOpacity_ = 0;

@@ -116,7 +116,7 @@ void QtOverlayPresenter::prepare(const std::vector<DisplayInfo>& displays) {
 /// Without help of the display server the whole picture comes here before the overlay can be shown.
 void QtOverlayPresenter::takePicture(OverlayWindow& window) {
   reading_.insert(&window);
-  engine_.captureDisplay(window.display(), run_->guard([this, &window](CaptureEngine::Image image) {
+  engine_.captureDisplay(window.display(), run_->guard([&window](const CaptureEngine::Image& image) {
     if (image) {
       window.setStill(image->image);
     } else {
@@ -140,7 +140,7 @@ bool QtOverlayPresenter::isNeeded(const OverlayWindow& window) const {
 /// Fetches the pixels of a display: what is clear and the loupe are painted from them.
 void QtOverlayPresenter::readStill(OverlayWindow& window) {
   if (!still_ || window.ground() != OverlayWindow::Ground::Server || !reading_.insert(&window).second) return;
-  engine_.readStill(still_, window.display(), run_->guard([this, &window](CaptureEngine::Image image) {
+  engine_.readStill(still_, window.display(), run_->guard([&window](const CaptureEngine::Image& image) {
     if (image) return window.setStill(image->image);
     log::warning(QStringLiteral("overlay picture failed: ") + QLatin1String(description(image.error())));
   }));

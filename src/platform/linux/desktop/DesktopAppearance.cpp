@@ -46,12 +46,11 @@ class DesktopAppearance::Portal final : public QObject {
   std::optional<bool> prefersDark;
   std::optional<bool> reducesMotion;
 
- private slots:
-  void settingChanged(const QString& group, const QString& key, const QDBusVariant& value) {
+ private:
+  Q_SLOT void settingChanged(const QString& group, const QString& key, const QDBusVariant& value) {
     apply(group, key, value.variant());
   }
 
- private:
   void ask(const QString& group, const QString& key) {
     QDBusMessage call = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
     call << group << key;
