@@ -116,7 +116,7 @@ void QtOverlayPresenter::prepare(const std::vector<DisplayInfo>& displays) {
 /// Without help of the display server the whole picture comes here before the overlay can be shown.
 void QtOverlayPresenter::takePicture(OverlayWindow& window) {
   reading_.insert(&window);
-  engine_.captureDisplay(window.display(), run_->guard([&window](const CaptureEngine::Image& image) {
+  engine_.captureDisplay(window.display(), run_->guard([this, &window](const CaptureEngine::Image& image) {
     if (image) {
       window.setStill(image->image);
     } else {
