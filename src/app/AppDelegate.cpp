@@ -18,6 +18,7 @@
 #include "app/settings/FunctionKeyMode.h"
 #include "app/settings/SettingsSnapshot.h"
 #include "app/settings/SettingsWindow.h"
+#include "base/FileName.h"
 #include "base/Log.h"
 #include "capture/RepaintWait.h"
 #include "kit/AlertDialog.h"
@@ -54,12 +55,6 @@ constexpr QSize fileDialogSize(860, 540);  // where the desktop has no dialog of
 QScreen* pointerScreen() {
   QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
   return screen ? screen : QGuiApplication::primaryScreen();
-}
-
-/// A folder as people write it, with "~" for home.
-QString shownFolder(const QString& path, const QString& home) {
-  if (path == home) return QStringLiteral("~");
-  return path.startsWith(home + u'/') ? u'~' + path.mid(home.size()) : path;
 }
 
 }  // namespace
@@ -377,7 +372,7 @@ void AppDelegate::reportOutcome(const CaptureOutcome& outcome) {
     if (onlySaveFailed && qstrcmp(message.key, "toast.captureOutputFailed") == 0) {
       message = {"toast.saveFailed", {outcome.saveFolder}};
     }
-    for (QString& argument : message.arguments) argument = shownFolder(argument, services_.fileNames.home());
+    for (QString& argument : message.arguments) argument = pathBelowHome(argument, services_.fileNames.home());
     sentences << localized(message.key, message.arguments);
   }
   showToast(outcomeIcon(outcome), sentences.join(QStringLiteral(" — ")), outcome.hasFailure());

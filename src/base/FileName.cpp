@@ -36,6 +36,12 @@ QString numberedFileName(const QString& stem, const QString& extension, int atte
   return name;
 }
 
+QString pathBelowHome(const QString& path, const QString& home) {
+  if (home.isEmpty() || home == u"/") return path;
+  if (path == home) return QStringLiteral("~");
+  return path.startsWith(home + u'/') ? u'~' + path.mid(home.size()) : path;
+}
+
 QString freeFileName(const QString& folder, const QString& stem, const QString& extension) {
   const QDir dir(folder);
   for (int attempt = 1;; ++attempt) {

@@ -16,4 +16,7 @@ QString numberedFileName(const QString& stem, const QString& extension, int atte
 /// file without that race use AtomicFile::writeNew.
 QString freeFileName(const QString& folder, const QString& stem, const QString& extension);
 
+/// A path as people write it: "~" for the home folder. An empty or root `home` stands for nothing.
+QString pathBelowHome(const QString& path, const QString& home);
+
 }  // namespace vellora

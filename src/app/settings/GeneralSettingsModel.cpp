@@ -1,5 +1,7 @@
 #include "app/settings/GeneralSettingsModel.h"
 
+#include "base/FileName.h"
+
 #include "preferences/PreferenceKeys.h"
 
 namespace vellora {
@@ -28,11 +30,7 @@ void GeneralSettingsModel::setClipboardMode(ClipboardMode mode) {
 }
 
 QString GeneralSettingsModel::saveDirectoryText() const {
-  const QString path = saveDirectory();
-  const QString home = fileNames_.home();
-  if (home.isEmpty() || home == QLatin1String("/")) return path;
-  if (path == home) return QStringLiteral("~");
-  return path.startsWith(home + QLatin1Char('/')) ? QLatin1Char('~') + path.mid(home.size()) : path;
+  return pathBelowHome(saveDirectory(), fileNames_.home());
 }
 
 bool GeneralSettingsModel::hasChosenDirectory() const {

@@ -44,10 +44,10 @@ class SettingsWindow final : public QWidget {
   explicit SettingsWindow(SettingsContext context, QWidget* parent = nullptr);
   ~SettingsWindow() override;
 
-  void showPage(SettingsPageId page);
+  void showPage(SettingsPageId id);
   SettingsPageId currentPage() const { return current_; }
   /// The page's widget, made now if it was not shown yet.
-  RetranslatablePage* page(SettingsPageId page);
+  RetranslatablePage* page(SettingsPageId id);
 
   /// Shows the window, or brings it to the front.
   void present();

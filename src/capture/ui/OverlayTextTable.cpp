@@ -16,7 +16,7 @@ QString points(int pixels, double scale) {
 }
 
 QString sizeText(PixelSize size, double scale) {
-  const QString pixels = QStringLiteral("%1 × %2").arg(size.width).arg(size.height);
+  QString pixels = QStringLiteral("%1 × %2").arg(size.width).arg(size.height);
   if (scale == 1) return pixels;
   //% "%1 px  ·  %2 × %3 pt"
   return qtTrId("overlay.badge.scaledSize").arg(pixels, points(size.width, scale), points(size.height, scale));
