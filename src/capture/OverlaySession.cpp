@@ -101,6 +101,11 @@ void OverlaySession::waitForRepaint() {
   const DisplayInfo display = chosenDisplay();
   origin_ = {chosenRect(), display.id};
   wait_ = services_.runLoop.after(repaintWait(display.refreshRate), [this] { takePicture(); });
+  // The overlays' pixels go while there is time, once the event that ended the selection has returned: the picture then
+  // finds memory that is warm, and a display server that is idle.
+  services_.runLoop.post(lifetime_.guard([this] {
+    if (state_ == State::Waiting) services_.presenter.close();
+  }));
 }
 
 void OverlaySession::takePicture() {
