@@ -77,7 +77,7 @@ sleep 2
 rest vellora "$vellora"
 echo "3840x2160, $rounds rounds:"
 "$programs/hot_key_latency" "$rounds"
-sleep 6
+sleep 35  # by then the toolkit has ended its worker threads too
 rest "vellora after $rounds captures" "$vellora"
 kill "$vellora"
 if command -v flameshot > /dev/null; then

@@ -1,5 +1,6 @@
 #include "app/AppDelegate.h"
 
+#include <malloc.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -81,7 +82,12 @@ AppDelegate::AppDelegate(Mode mode)
                          instanceCommands_.run(command, std::move(reply));
                        }}) {
   captures_.setCompletion(completion_);
-  captures_.setStartHandler([] { Toast::dismiss(); });
+  captures_.setStartHandler([this] {
+    Toast::dismiss();
+    // Once the capture and its toast are long over, what they needed goes back to the system.
+    constexpr double quietSeconds = 10;
+    memoryReturn_ = services_.runLoop.after(quietSeconds, [] { ::malloc_trim(0); });
+  });
   captures_.setFailureHandler([this](CaptureError error) {
     showToast("exclamationmark.triangle.fill", localized(localizationKey(error)), true);
   });

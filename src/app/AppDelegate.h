@@ -95,6 +95,7 @@ class AppDelegate {
   std::unique_ptr<StatusMenu> statusMenu_;
   std::unique_ptr<TrayIcon> trayIcon_;
   TimerHandle menuClosing_;
+  TimerHandle memoryReturn_;
   std::unique_ptr<CountdownPanel> countdownPanel_;
   std::unique_ptr<LauncherWindow> launcher_;
   std::unique_ptr<SettingsWindow> settings_;

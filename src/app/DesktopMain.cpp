@@ -38,6 +38,9 @@ std::optional<Appearance> wantedAppearance() {
 int runDesktop(int argc, char** argv) {
   // Two arenas serve the few threads well and keep what is freed in one place, where it can be given back.
   ::mallopt(M_ARENA_MAX, 2);
+  // Pictures and their encodings come and go as mappings of their own, instead of leaving holes in the heap.
+  constexpr int largeAllocation = 256 << 10;
+  ::mallopt(M_MMAP_THRESHOLD, largeAllocation);
   sessionBus::forbidAutolaunch();
   // Captures and hot keys go through X11, so the windows do too, also where the session offers Wayland beside it.
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
