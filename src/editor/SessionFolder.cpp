@@ -1,6 +1,8 @@
 #include "editor/SessionFolder.h"
 
+#include <signal.h>
 #include <stdio.h>
+#include <unistd.h>
 
 #include <cerrno>
 
@@ -64,7 +66,8 @@ QString pieceFileName(std::size_t index) {
 std::optional<Written> write(const QString& directory, const SessionDocument& document,
                              const std::vector<CapturePiece>& pieces) {
   const QFileInfo target(directory);
-  const QString temporary = target.dir().filePath(temporaryPrefix + target.fileName());
+  const QString temporary =
+      target.dir().filePath(temporaryPrefix + QString::number(::getpid()) + u'-' + target.fileName());
   const auto abandon = [&temporary]() -> std::optional<Written> {
     QDir(temporary).removeRecursively();
     return std::nullopt;
@@ -106,6 +109,9 @@ bool isTemporary(const QString& name) {
 }
 
 bool isAbandoned(const QString& path) {
+  bool isNumber = false;
+  const pid_t writer = QFileInfo(path).fileName().mid(temporaryPrefix.size()).section(u'-', 0, 0).toInt(&isNumber);
+  if (isNumber && writer > 0 && ::kill(writer, 0) != 0 && errno == ESRCH) return true;
   return QFileInfo(path).lastModified().secsTo(QDateTime::currentDateTime()) > abandonedAfterSeconds;
 }
 

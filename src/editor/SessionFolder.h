@@ -33,7 +33,7 @@ std::optional<SessionDocument> readDocument(const QString& directory);
 /// no regular file of the folder (a link, a folder, missing).
 std::optional<QString> piecePath(const QString& directory, const PieceRecord& piece);
 
-/// Whether a folder of the root is one being written; `isAbandoned` when its writer must have died long ago.
+/// Whether a folder of the root is one being written; `isAbandoned` when its writer has died.
 bool isTemporary(const QString& name);
 bool isAbandoned(const QString& path);
 

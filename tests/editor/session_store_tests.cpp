@@ -102,6 +102,7 @@ TEST_F(SessionStoreTest, DeletesFoldersThatHoldNoSession) {
   writeFile(QStringLiteral("no-document"), QStringLiteral("piece-0.png"), "x");
   writeFile(QStringLiteral("good"), QStringLiteral("session.json"), documentText("piece-0.png"));
   writeFile(QStringLiteral(".writing-by-another-process"), QStringLiteral("piece-0.png"), "x");
+  writeFile(QStringLiteral(".writing-999999999-by-a-dead-process"), QStringLiteral("piece-0.png"), "x");
   auto store = makeStore();
   store->waitForPendingWrites();
   EXPECT_EQ(folders(), (QStringList{QStringLiteral(".writing-by-another-process"), QStringLiteral("good")}));
