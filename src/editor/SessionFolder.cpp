@@ -22,6 +22,7 @@ namespace {
 
 const QString temporaryPrefix = QStringLiteral(".writing-");
 constexpr qint64 abandonedAfterSeconds = 3600;
+constexpr qint64 unseenWriterSeconds = 60;
 
 bool writeThumbnail(const QString& folder, const std::vector<CapturePiece>& pieces) {
   std::vector<ThumbnailPiece> parts;
@@ -109,10 +110,12 @@ bool isTemporary(const QString& name) {
 }
 
 bool isAbandoned(const QString& path) {
+  const qint64 age = QFileInfo(path).lastModified().secsTo(QDateTime::currentDateTime());
+  if (age > abandonedAfterSeconds) return true;
   bool isNumber = false;
   const pid_t writer = QFileInfo(path).fileName().mid(temporaryPrefix.size()).section(u'-', 0, 0).toInt(&isNumber);
-  if (isNumber && writer > 0 && ::kill(writer, 0) != 0 && errno == ESRCH) return true;
-  return QFileInfo(path).lastModified().secsTo(QDateTime::currentDateTime()) > abandonedAfterSeconds;
+  // A writer that is not found may still live on another machine that shares this home: writing takes it no minute.
+  return isNumber && writer > 0 && age > unseenWriterSeconds && ::kill(writer, 0) != 0 && errno == ESRCH;
 }
 
 }  // namespace vellora::sessionFolder

@@ -1,6 +1,8 @@
 #include "editor/SessionStore.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -102,7 +104,10 @@ TEST_F(SessionStoreTest, DeletesFoldersThatHoldNoSession) {
   writeFile(QStringLiteral("no-document"), QStringLiteral("piece-0.png"), "x");
   writeFile(QStringLiteral("good"), QStringLiteral("session.json"), documentText("piece-0.png"));
   writeFile(QStringLiteral(".writing-by-another-process"), QStringLiteral("piece-0.png"), "x");
-  writeFile(QStringLiteral(".writing-999999999-by-a-dead-process"), QStringLiteral("piece-0.png"), "x");
+  const QString dead = QStringLiteral(".writing-999999999-by-a-dead-process");
+  writeFile(dead, QStringLiteral("piece-0.png"), "x");
+  const std::array<timespec, 2> twoMinutesAgo{timespec{time(nullptr) - 120, 0}, timespec{time(nullptr) - 120, 0}};
+  utimensat(AT_FDCWD, QFile::encodeName(root.filePath(dead)).constData(), twoMinutesAgo.data(), 0);
   auto store = makeStore();
   store->waitForPendingWrites();
   EXPECT_EQ(folders(), (QStringList{QStringLiteral(".writing-by-another-process"), QStringLiteral("good")}));
