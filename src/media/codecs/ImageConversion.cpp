@@ -40,7 +40,7 @@ QImage toImage(const Bitmap& bitmap, AlphaByte alphaByte) {
     image = QImage(
         pixels, bitmap.width(), bitmap.height(), stride, format, [](void* kept) { delete static_cast<Bitmap*>(kept); },
         owner.get());
-    if (!image.isNull()) owner.release();
+    if (!image.isNull()) (void)owner.release();  // the image owns it now
   } else {
     image = QImage(bitmap.width(), bitmap.height(), format);
     if (image.isNull()) return image;

@@ -19,8 +19,7 @@ std::uint32_t bigEndianAt(const QByteArray& data, qsizetype position) {
 bool isHeif(const QByteArray& data) {
   if (!hasAt(data, 4, "ftyp")) return false;
   constexpr qsizetype mostBrandBytes = 256;
-  const qsizetype end =
-      std::min<qsizetype>({static_cast<qsizetype>(bigEndianAt(data, 0)), data.size(), mostBrandBytes});
+  const auto end = std::min<qsizetype>({static_cast<qsizetype>(bigEndianAt(data, 0)), data.size(), mostBrandBytes});
   for (qsizetype position = 8; position + 4 <= end; position += 4) {
     if (position == 12) continue;  // the minor version
     for (const char* brand : {"heic", "heix", "hevc", "heim", "heis", "mif1", "msf1", "avif", "avis"}) {
