@@ -49,13 +49,6 @@ const CommandDescription& describe(Command command) {
   return *std::ranges::find(descriptions, command, &CommandDescription::command);
 }
 
-std::optional<HotKeyAction> hotKeyActionOf(Command command) {
-  for (const auto& [action, bound] : hotKeyCommands) {
-    if (bound == command) return action;
-  }
-  return std::nullopt;
-}
-
 Command commandOf(HotKeyAction action) {
   for (const auto& [bound, command] : hotKeyCommands) {
     if (bound == action) return command;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <vector>
 
 #include "preferences/HotKeyAction.h"
@@ -45,8 +44,7 @@ struct CommandDescription {
 
 const CommandDescription& describe(Command command);
 
-/// The hot key action that starts the same thing.
-std::optional<HotKeyAction> hotKeyActionOf(Command command);
+/// What a hot key starts.
 Command commandOf(HotKeyAction action);
 
 }  // namespace vellora

@@ -33,14 +33,6 @@ void CaptureEngine::run(std::function<T()> work, Callback<T> done) {
   });
 }
 
-template <class T>
-T CaptureEngine::runNow(std::function<T()> work) {
-  std::optional<T> result;
-  queue_.async([&] { result.emplace(work()); });
-  queue_.drain();
-  return std::move(*result);
-}
-
 void CaptureEngine::shareableContent(Callback<Content> done) {
   run<Content>([&service = service_] { return contentOf(service); }, std::move(done));
 }
@@ -80,22 +72,6 @@ void CaptureEngine::readStill(std::shared_ptr<const ScreenStill> still, const Di
                kept->reset();
                done(std::move(image));
              });
-}
-
-CaptureEngine::Content CaptureEngine::shareableContentNow() {
-  return runNow<Content>([this] { return contentOf(service_); });
-}
-
-CaptureEngine::Image CaptureEngine::captureDisplayNow(const DisplayInfo& display) {
-  return runNow<Image>([&] { return withScale(service_.displayImage(display.id), display.scale); });
-}
-
-CaptureEngine::Image CaptureEngine::captureWindowNow(WindowId window, double scale) {
-  return runNow<Image>([&] { return withScale(service_.windowImage(window), scale); });
-}
-
-CaptureEngine::Image CaptureEngine::captureRegionNow(const PixelRect& region, double scale) {
-  return runNow<Image>([&] { return withScale(service_.regionImage(region), scale); });
 }
 
 }  // namespace vellora

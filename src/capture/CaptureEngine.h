@@ -41,17 +41,12 @@ class CaptureEngine {
   /// A display as it was when `still` was frozen. The still lives until the picture has been read.
   void readStill(std::shared_ptr<const ScreenStill> still, const DisplayInfo& display, Callback<Image> done);
 
-  /// The first ones at once, for callers without an event loop. They wait for what was asked for before.
-  Content shareableContentNow();
-  Image captureDisplayNow(const DisplayInfo& display);
-  Image captureWindowNow(WindowId window, double scale);
-  Image captureRegionNow(const PixelRect& region, double scale);
+  /// Waits until what was asked for so far has been taken; its callbacks still come later.
+  void waitForPictures() { queue_.drain(); }
 
  private:
   template <class T>
   void run(std::function<T()> work, Callback<T> done);
-  template <class T>
-  T runNow(std::function<T()> work);
 
   ScreenCaptureService& service_;
   RunLoop& runLoop_;

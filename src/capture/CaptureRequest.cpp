@@ -163,12 +163,6 @@ Result<CaptureTarget, CaptureError> resolveTarget(const CaptureRequest& request,
   return fullScreenTarget(request, content, pointer);
 }
 
-CaptureEngine::Image captureNow(CaptureEngine& engine, const CaptureTarget& target) {
-  if (target.display) return engine.captureDisplayNow(*target.display);
-  if (target.window) return engine.captureWindowNow(*target.window, target.scale);
-  return engine.captureRegionNow(target.origin.rect, target.scale);
-}
-
 void capture(CaptureEngine& engine, const CaptureTarget& target, CaptureEngine::Callback<CaptureEngine::Image> done) {
   if (target.display) return engine.captureDisplay(*target.display, std::move(done));
   if (target.window) return engine.captureWindow(*target.window, target.scale, std::move(done));

@@ -58,8 +58,6 @@ struct CaptureTarget {
 Result<CaptureTarget, CaptureError> resolveTarget(const CaptureRequest& request, const ShareableContent& content,
                                                   std::optional<PixelPoint> pointer);
 
-/// Takes the picture, waiting for it.
-CaptureEngine::Image captureNow(CaptureEngine& engine, const CaptureTarget& target);
 /// Takes the picture and delivers it on the main thread.
 void capture(CaptureEngine& engine, const CaptureTarget& target, CaptureEngine::Callback<CaptureEngine::Image> done);
 

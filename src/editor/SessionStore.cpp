@@ -180,7 +180,6 @@ void SessionStore::writeFinished(const QString& id, bool success, bool hasThumbn
   } else {
     std::erase_if(items_, [&id](const Item& item) { return item.id() == id; });
   }
-  if (writeObserver_) writeObserver_(success);
 }
 
 void SessionStore::take(std::size_t index, std::function<void(std::optional<Entry>)> completion) {

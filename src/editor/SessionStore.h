@@ -72,9 +72,6 @@ class SessionStore {
   /// Waits until every write and deletion asked for so far has landed. The one wait of termination.
   void waitForPendingWrites() { ioQueue_.drain(); }
 
-  /// Called on the main thread after a write ended, with whether it succeeded.
-  void setWriteObserver(std::function<void(bool)> observer) { writeObserver_ = std::move(observer); }
-
  private:
   void prune();
   void removeFolderLater(const QString& directory);
@@ -85,7 +82,6 @@ class SessionStore {
   const PictureReader reader_;
   std::vector<Item> items_;
   std::vector<QString> pendingWrites_;  ///< ids of sessions whose folders are not there yet
-  std::function<void(bool)> writeObserver_;
   Lifetime lifetime_;
   SerialQueue ioQueue_{"dev.orlo.vellora.session-store"};
 };

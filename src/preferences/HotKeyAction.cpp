@@ -22,13 +22,6 @@ QString identifier(HotKeyAction action) {
   return {};
 }
 
-std::optional<HotKeyAction> hotKeyActionFromIdentifier(const QString& name) {
-  for (const HotKeyAction action : allHotKeyActions) {
-    if (identifier(action) == name) return action;
-  }
-  return std::nullopt;
-}
-
 const char* titleKey(HotKeyAction action) {
   switch (action) {
     case HotKeyAction::FullScreen:

@@ -15,7 +15,6 @@ inline constexpr std::array allHotKeyActions{HotKeyAction::FullScreen, HotKeyAct
 
 /// The stable name used in the preference key: "fullscreen", "area", "window", "scrolling", "element", "ocr".
 QString identifier(HotKeyAction action);
-std::optional<HotKeyAction> hotKeyActionFromIdentifier(const QString& name);
 
 /// The localisation key of the command's name, the same as in the menu.
 const char* titleKey(HotKeyAction action);

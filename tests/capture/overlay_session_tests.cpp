@@ -156,7 +156,7 @@ TEST_F(OverlaySessionTest, EndsOnceWithNothingWhereverItIsCancelled) {
     EXPECT_FALSE(presenter.isVisible());
     EXPECT_EQ(presenter.calls.back(), "close");
     EXPECT_EQ(loop.pendingTimers(), 0u);
-    engine.shareableContentNow();
+    engine.waitForPictures();
     loop.advance(1);
     EXPECT_EQ(completions, 1);
   }

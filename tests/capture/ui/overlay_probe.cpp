@@ -52,7 +52,7 @@ int main(int argc, char** argv) {
   CaptureEngine engine(capture, loop);
   X11ScreenStills stills;
   QtOverlayPresenter presenter(engine, qEnvironmentVariableIsSet("OVERLAY_PROBE_PLAIN") ? nullptr : &stills);
-  engine.shareableContentNow();
+  engine.waitForPictures();
 
   int rounds = qEnvironmentVariableIntValue("OVERLAY_PROBE_ROUNDS");
   double begun = 0;
