@@ -1,5 +1,5 @@
 # Every library Vellora is built on; docs/architecture.md says why each was picked.
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets DBus Svg LinguistTools)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets DBus Svg PrintSupport LinguistTools)
 find_package(PkgConfig REQUIRED)
 find_package(nlohmann_json REQUIRED)
 find_package(tl-expected REQUIRED)

@@ -33,7 +33,7 @@ class CommandRow final : public QAbstractButton {
 
  protected:
   void paintEvent(QPaintEvent*) override {
-    const Palette& colors = Theme::shared().palette();
+    const ThemeColors& colors = Theme::shared().palette();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF ground = rect();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 
 #include "base/Bitmap.h"
@@ -18,6 +19,7 @@ struct CapturePiece {
   Size pointSize;                  ///< of what is shown, in points
   Size sourceSize;                 ///< of the uncropped source, in points
   Rect visibleRect;                ///< the part of the source that is shown, in source points
+  std::uint64_t id = 0;            ///< tells one piece from another while an editor is open; never stored
 
   Rect frame() const { return {origin, pointSize}; }
   bool isCropped() const { return visibleRect != Rect{{0, 0}, sourceSize}; }

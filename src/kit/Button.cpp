@@ -55,7 +55,7 @@ QSize Button::sizeHint() const {
 
 void Button::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const Palette& palette = Theme::shared().palette();
+  const ThemeColors& palette = Theme::shared().palette();
   const int room = tokens::focusRingRoom;
   const QRectF edge = QRectF(rect()).adjusted(room, room, -room, -room);
   const bool filled = role_ == Role::Primary || role_ == Role::Destructive;
@@ -158,7 +158,7 @@ QSize IconButton::sizeHint() const {
 
 void IconButton::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const Palette& palette = Theme::shared().palette();
+  const ThemeColors& palette = Theme::shared().palette();
   const int room = tokens::focusRingRoom;
   const QRectF edge = QRectF(rect()).adjusted(room, room, -room, -room);
   QColor ink = iconColor_.isValid() ? iconColor_ : palette.text;

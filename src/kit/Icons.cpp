@@ -75,7 +75,7 @@ class IconEngine final : public QIconEngine {
 
  private:
   QColor colorFor(QIcon::Mode mode) const {
-    const Palette& palette = Theme::shared().palette();
+    const ThemeColors& palette = Theme::shared().palette();
     if (mode == QIcon::Disabled) return palette.disabledText;
     return color_.value_or(palette.text);
   }

@@ -126,7 +126,7 @@ class KitStyle final : public QProxyStyle {
 
  private:
   static void drawPanel(QPainter& painter, const QRect& rect, const QWidget* widget, double rounding) {
-    const Palette& palette = Theme::shared().palette();
+    const ThemeColors& palette = Theme::shared().palette();
     const double radius = widget != nullptr && widget->testAttribute(Qt::WA_TranslucentBackground) ? rounding : 0;
     fillRounded(painter, rect, radius, palette.raised);
     strokeRounded(painter, rect, radius, palette.controlBorder);
@@ -149,7 +149,7 @@ class KitStyle final : public QProxyStyle {
   }
 
   static void drawItem(QPainter& painter, const QStyleOptionMenuItem& item, const QWidget* menu) {
-    const Palette& palette = Theme::shared().palette();
+    const ThemeColors& palette = Theme::shared().palette();
     const QRect rect = item.rect;
     if (item.menuItemType == QStyleOptionMenuItem::Separator) {
       drawHorizontalLine(painter, rect.left() + itemPadding, rect.right() + 1 - itemPadding, rect.center().y(),

@@ -40,7 +40,7 @@ QSize LinkRow::sizeHint() const {
 
 void LinkRow::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const Palette& palette = Theme::shared().palette();
+  const ThemeColors& palette = Theme::shared().palette();
   const QRectF touch = QRectF(rect()).adjusted(touchInset, touchInset, -touchInset, -touchInset);
   if (isEnabled() && (isDown() || underMouse())) {
     fillRounded(painter, touch, tokens::controlRadius, isDown() ? palette.pressed : palette.hover);

@@ -87,7 +87,7 @@ QSize MenuButton::sizeHint() const {
 
 void MenuButton::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const Palette& palette = Theme::shared().palette();
+  const ThemeColors& palette = Theme::shared().palette();
   const int room = tokens::focusRingRoom;
   const QRectF edge = QRectF(rect()).adjusted(room, room, -room, -room);
   fillRounded(painter, edge, tokens::controlRadius, palette.raised);

@@ -25,7 +25,7 @@ QRect PanelFrame::panel(const QRect& window) const {
 }
 
 void PanelFrame::paint(QPainter& painter, const QRect& window) {
-  const Palette& palette = Theme::shared().palette();
+  const ThemeColors& palette = Theme::shared().palette();
   const QRectF edge = panel(window);
   const double corner = composited_ ? radius_ : 0;
   if (composited_) shadow_.paint(painter, edge, corner);

@@ -18,7 +18,7 @@ class Card final : public QWidget {
  protected:
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
-    const Palette& palette = Theme::shared().palette();
+    const ThemeColors& palette = Theme::shared().palette();
     fillRounded(painter, rect(), tokens::panelRadius, palette.raised);
     strokeRounded(painter, rect(), tokens::panelRadius, palette.line);
     bool first = true;

@@ -59,7 +59,7 @@ void SettingsPage::addContent(QWidget* content) {
 }
 
 void SettingsPage::applyTheme() {
-  const Palette& colors = Theme::shared().palette();
+  const ThemeColors& colors = Theme::shared().palette();
   verticalScrollBar()->setStyleSheet(
       QStringLiteral("QScrollBar{background:transparent;width:12px;border:none}"
                      "QScrollBar::handle{background:%1;border-radius:3px;min-height:32px;margin:3px}"

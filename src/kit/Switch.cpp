@@ -59,7 +59,7 @@ void Switch::checkStateSet() {
 
 void Switch::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const Palette& palette = Theme::shared().palette();
+  const ThemeColors& palette = Theme::shared().palette();
   QRectF track(0, 0, trackWidth, trackHeight);
   track.moveCenter(QRectF(rect()).center());
   track = snapped(painter, track);

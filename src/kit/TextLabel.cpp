@@ -48,7 +48,7 @@ void TextLabel::changeEvent(QEvent* event) {
 }
 
 void TextLabel::applyColor() {
-  const Palette& colors = Theme::shared().palette();
+  const ThemeColors& colors = Theme::shared().palette();
   QColor color = colors.text;
   if (!isEnabled()) {
     color = colors.disabledText;

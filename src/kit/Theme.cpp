@@ -14,8 +14,8 @@
 namespace vellora {
 namespace {
 
-Palette lightPalette() {
-  Palette p;
+ThemeColors lightPalette() {
+  ThemeColors p;
   p.surface = QColor(0xFFFFFF);
   p.raised = QColor(0xFFFFFF);
   p.sunken = QColor(0xF4F5F7);
@@ -38,8 +38,8 @@ Palette lightPalette() {
   return p;
 }
 
-Palette darkPalette() {
-  Palette p;
+ThemeColors darkPalette() {
+  ThemeColors p;
   p.surface = QColor(0x1E1F22);
   p.raised = QColor(0x2A2C30);
   p.sunken = QColor(0x17181A);
@@ -69,7 +69,7 @@ Appearance paletteAppearance() {
              : Appearance::Light;
 }
 
-QPalette widgetPalette(const Palette& colors) {
+QPalette widgetPalette(const ThemeColors& colors) {
   QPalette palette;
   const auto set = [&](QPalette::ColorRole role, const QColor& color) { palette.setColor(role, color); };
   set(QPalette::Window, colors.surface);
@@ -104,9 +104,9 @@ Theme& Theme::shared() {
   return theme;
 }
 
-const Palette& Theme::palette(Appearance appearance) {
-  static const Palette light = lightPalette();
-  static const Palette dark = darkPalette();
+const ThemeColors& Theme::palette(Appearance appearance) {
+  static const ThemeColors light = lightPalette();
+  static const ThemeColors dark = darkPalette();
   return appearance == Appearance::Dark ? dark : light;
 }
 
@@ -141,7 +141,7 @@ void Theme::refresh() {
 
 void followTheme(QWidget& window) {
   const auto apply = [&window] {
-    const Palette& colors = Theme::shared().palette();
+    const ThemeColors& colors = Theme::shared().palette();
     window.setPalette(widgetPalette(colors));
     QPalette tip = QToolTip::palette();
     tip.setColor(QPalette::ToolTipBase, colors.raised);

@@ -12,7 +12,7 @@ namespace vellora {
 enum class Appearance { Light, Dark };
 
 /// The colours of one appearance. Everything drawn takes its colour from here.
-struct Palette {
+struct ThemeColors {
   QColor surface;  ///< window content
   QColor raised;   ///< floating panels, menus, cards
   QColor sunken;   ///< sidebars, canvases, wells
@@ -43,8 +43,8 @@ class Theme final : public QObject {
   static Theme& shared();
 
   Appearance appearance() const { return appearance_; }
-  const Palette& palette() const { return palette(appearance_); }
-  static const Palette& palette(Appearance appearance);
+  const ThemeColors& palette() const { return palette(appearance_); }
+  static const ThemeColors& palette(Appearance appearance);
 
   /// Holds one appearance, whatever the desktop says; nothing follows the desktop again.
   void setAppearanceOverride(std::optional<Appearance> appearance);

@@ -39,7 +39,7 @@ QString iconOf(ToastKind kind) {
 }
 
 QColor iconColor(ToastKind kind) {
-  const Palette& palette = Theme::shared().palette();
+  const ThemeColors& palette = Theme::shared().palette();
   switch (kind) {
     case ToastKind::Success:
       return palette.success;

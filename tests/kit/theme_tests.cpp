@@ -33,7 +33,7 @@ double contrast(const QColor& a, const QColor& b) {
 
 TEST(Theme, TextCanBeReadOnEveryGround) {
   for (const Appearance appearance : {Appearance::Light, Appearance::Dark}) {
-    const Palette& p = Theme::palette(appearance);
+    const ThemeColors& p = Theme::palette(appearance);
     for (const QColor& ground : {p.surface, p.raised, p.sunken}) {
       for (const QColor& ink : {p.text, p.secondaryText, p.errorText}) {
         EXPECT_GE(contrast(ink, ground), 4.5) << ink.name().toStdString() << " on " << ground.name().toStdString();

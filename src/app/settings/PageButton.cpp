@@ -32,7 +32,7 @@ QSize PageButton::sizeHint() const {
 
 void PageButton::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const Palette& palette = Theme::shared().palette();
+  const ThemeColors& palette = Theme::shared().palette();
   const QRectF edge = QRectF(rect());
   if (isChecked()) {
     fillRounded(painter, edge, tokens::controlRadius, palette.selection);

@@ -168,7 +168,7 @@ void SettingsWindow::retranslate() {
 
 void SettingsWindow::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const Palette& palette = Theme::shared().palette();
+  const ThemeColors& palette = Theme::shared().palette();
   painter.fillRect(rect(), palette.surface);
   painter.fillRect(sidebar_->geometry(), palette.sunken);
   const bool mirrored = layoutDirection() == Qt::RightToLeft;

@@ -29,7 +29,7 @@ QStringList caps(std::uint32_t modifiers, const QString& label) {
 }
 
 void drawCaps(QPainter& painter, const QRectF& field, const QStringList& texts) {
-  const Palette& palette = Theme::shared().palette();
+  const ThemeColors& palette = Theme::shared().palette();
   const QFontMetrics metrics(secondaryFont());
   const auto capWidth = [&](const QString& text) {
     return std::max(capHeight, metrics.horizontalAdvance(text) + 2 * capPadding);
@@ -180,7 +180,7 @@ QSize ShortcutRecorder::sizeHint() const {
 
 void ShortcutRecorder::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const Palette& palette = Theme::shared().palette();
+  const ThemeColors& palette = Theme::shared().palette();
   const int room = tokens::focusRingRoom;
   const QRectF edge = QRectF(rect()).adjusted(room, room, -room, -room);
   const bool recording = isRecording();

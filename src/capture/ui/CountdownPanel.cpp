@@ -77,7 +77,7 @@ void CountdownPanel::mousePressEvent(QMouseEvent* event) {
 }
 
 void CountdownPanel::paintEvent(QPaintEvent*) {
-  const Palette& palette = Theme::palette(Appearance::Dark);
+  const ThemeColors& palette = Theme::palette(Appearance::Dark);
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   QColor ground = palette.sunken;

@@ -15,7 +15,7 @@ namespace vellora {
 namespace {
 
 // The overlay lies over pictures of any colour: its chrome is dark in both themes.
-const Palette& chrome() {
+const ThemeColors& chrome() {
   return Theme::palette(Appearance::Dark);
 }
 
