@@ -27,7 +27,8 @@ class DocumentRenderer {
   ~DocumentRenderer();
 
   /// Draws the part `clip` (device pixels) of the document into `target`, over what is there. `toDevice` is an affine
-  /// map from document points to the pixels of `target`; only scaling and moving.
+  /// map from document points to the pixels of `target`; only scaling and moving. `target` is Format_RGB32 or
+  /// Format_ARGB32_Premultiplied. Painting part by part gives the same pixels as painting at once.
   void paint(QImage& target, const QRect& clip, const ImageDocument& document, const QTransform& toDevice,
              const RenderOptions& options = {});
 
@@ -42,6 +43,10 @@ class DocumentRenderer {
   struct Private;
   std::unique_ptr<Private> d_;
 };
+
+/// The pixels to paint anew for a change that changedRect() told: `changed` under `toDevice`, with the reach of
+/// smoothing.
+QRect repaintRect(const Rect& changed, const QTransform& toDevice);
 
 /// The finished picture of a document: its document rectangle at `scale` pixels per point (absent: the document's own
 /// output scale), transparent where nothing is. Nothing when it is empty, beyond Bitmap's limits, or memory is short.
