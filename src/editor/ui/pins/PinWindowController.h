@@ -1,0 +1,67 @@
+#pragma once
+
+#include <memory>
+
+#include <QObject>
+#include <QPointer>
+
+#include "base/Lifetime.h"
+#include "editor/PinModel.h"
+#include "editor/ui/pins/PinContent.h"
+
+class QMenu;
+
+namespace vellora {
+
+class PinBoard;
+class PinWindow;
+
+/// One pinned picture: its content, its window and what a person may ask of it. Owned by its PinBoard; main thread.
+class PinWindowController final : public QObject {
+  Q_OBJECT
+
+ public:
+  PinWindowController(PinBoard& board, PinContent content);
+  ~PinWindowController() override;
+
+  const PinContent& content() const { return content_; }
+  const PinModel& model() const { return model_; }
+  PinWindow& window() const { return *window_; }
+  /// The picture as PNG, for every user the same object.
+  std::shared_ptr<SharedPng> pngCache();
+
+  void show(const PinPlacement& placement);
+
+  void copy();
+  void save();
+  /// Hands the picture to an editor; the pin goes when one has taken it over.
+  void edit();
+  /// Begins to drag the picture out of the window into another program; returns when it was dropped.
+  void dragOut();
+  void toggleShadow();
+  void toggleRoundedCorners();
+  void setOpacity(double opacity);
+  /// Whether clicks go through the picture to what lies below it. The window cannot be asked back then: the program's
+  /// menu has to offer it.
+  void setClickThrough(bool on);
+  /// Ends the pin, telling `closed`; this object is deleted soon after.
+  void close();
+  void closeAll();
+
+  /// The commands as a menu, in their present state. The caller owns it.
+  std::unique_ptr<QMenu> makeMenu();
+
+ private:
+  friend class PinBoard;
+  void output(bool copy, bool save);
+  void leave();
+
+  PinBoard& board_;
+  PinContent content_;
+  PinModel model_;
+  std::unique_ptr<PinWindow> window_;
+  bool leaving_ = false;
+  Lifetime lifetime_;
+};
+
+}  // namespace vellora
