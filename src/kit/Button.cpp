@@ -13,6 +13,8 @@ namespace {
 
 constexpr int buttonPadding = 14;
 constexpr int buttonIconGap = 6;
+constexpr double dotRadius = 2.5;
+constexpr double dotInset = 5.5;
 
 void prepare(QPushButton& button) {
   button.setFocusPolicy(Qt::StrongFocus);
@@ -151,6 +153,12 @@ void IconButton::setIconColor(const QColor& color) {
   update();
 }
 
+void IconButton::setDot(const QColor& color) {
+  if (dotColor_ == color) return;
+  dotColor_ = color;
+  update();
+}
+
 QSize IconButton::sizeHint() const {
   const int side = std::max(tokens::minimumHit, iconSide_ + 12) + 2 * tokens::focusRingRoom;
   return {side, side};
@@ -173,6 +181,14 @@ void IconButton::paintEvent(QPaintEvent*) {
   QRectF iconRect(0, 0, iconSide_, iconSide_);
   iconRect.moveCenter(edge.center());
   paintIcon(painter, iconName_, snapped(painter, iconRect), ink);
+  if (dotColor_.isValid()) {
+    const bool mirrored = layoutDirection() == Qt::RightToLeft;
+    const double x = mirrored ? edge.left() + dotInset : edge.right() - dotInset;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(dotColor_);
+    painter.drawEllipse(QPointF(x, edge.top() + dotInset), dotRadius, dotRadius);
+  }
   if (focus_.visible()) drawFocusRing(painter, edge, tokens::controlRadius);
 }
 

@@ -68,6 +68,8 @@ class IconButton final : public QPushButton {
   void setIconSide(int points);
   /// A colour other than the text's, as red for recording; an invalid one goes back.
   void setIconColor(const QColor& color);
+  /// A small dot in the upper corner that tells of a state; an invalid colour for none.
+  void setDot(const QColor& color);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
@@ -82,6 +84,7 @@ class IconButton final : public QPushButton {
   QString iconName_;
   int iconSide_;
   QColor iconColor_;
+  QColor dotColor_;
   KeyboardFocus focus_;
 };
 
