@@ -7,6 +7,7 @@
 class QImage;
 class QPainter;
 class QPainterPath;
+class QRectF;
 
 namespace vellora {
 
@@ -17,20 +18,25 @@ class BackdropPainter {
   BackdropPainter();
   ~BackdropPainter();
 
-  /// Paints background, glow and grain over `layout.document`, then the shadow and the device frame of the content in
-  /// its placement. `painter` has document points as coordinates; draws nothing that depends on the content's pixels.
+  /// Paints background, glow and grain over `layout.document`, the shadow of the content and its device frame in their
+  /// placement. `painter` has document points as coordinates, only scaled and moved, and shows at most its clip; draws
+  /// nothing that depends on the content's pixels. A part painted alone is the same as in the whole.
   void paintBehind(QPainter& painter, const ImageDocument& document, const BackdropLayout& layout);
 
   /// The shape that shows of the content, in document points before the placement: the pieces with their rounded
-  /// corners. Empty with the backdrop off: nothing is cut.
+  /// corners, or the screen of the device frame. Empty with the backdrop off: nothing is cut.
   static QPainterPath contentShape(const ImageDocument& document, const BackdropLayout& layout);
 
-  /// Paints what stands over the content (a notch, the edge of a screen), before the placement.
-  void paintOver(QPainter& painter, const ImageDocument& document, const BackdropLayout& layout);
+  /// Paints what stands over the content (a camera, the edge of a window). `painter` has the content's coordinates:
+  /// whoever places the content applies the placement to this, too.
+  static void paintOver(QPainter& painter, const ImageDocument& document, const BackdropLayout& layout);
 
-  /// Blurs the edges of the finished document as the settings say; `image` shows `layout.document` at `scale` pixels
-  /// per point.
-  static void applyEdgeBlur(QImage& image, const BackdropSettings& settings, double scale);
+  /// Paints a background alone into `rect`, as for a tile that offers it.
+  void drawBackground(QPainter& painter, const QRectF& rect, const BackdropBackground& background);
+
+  /// Blurs the edges of the finished document as the settings say; `image` shows all of `layout.document`, at any
+  /// scale, as RGB32 or ARGB32_Premultiplied.
+  static void applyEdgeBlur(QImage& image, const BackdropSettings& settings);
 
  private:
   struct Cache;

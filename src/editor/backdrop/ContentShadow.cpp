@@ -1,0 +1,96 @@
+#include "editor/backdrop/ContentShadow.h"
+
+#include <QImage>
+#include <QPainter>
+
+namespace vellora {
+namespace {
+
+struct LayerShape {
+  double blur;  ///< standard deviation as a part of the extent
+  double drop;  ///< how far it falls below the content, likewise
+  double opacity;
+};
+
+constexpr LayerShape shapes[] = {{0.040, 0.030, 0.62}, {0.012, 0.010, 0.40}, {0.0028, 0.002, 0.34}};
+
+constexpr double nodesPerBlur = 4.0;
+constexpr int mostNodes = 1400;  // along a side
+
+/// Three running means after each other come close to a Gaussian of the standard deviation `sigma`, in nodes.
+void blurLine(float* first, std::size_t step, int count, int radius, std::vector<float>& copy) {
+  copy.resize(static_cast<std::size_t>(count));
+  const auto at = [&](int i) { return i < 0 || i >= count ? 0.0F : copy[static_cast<std::size_t>(i)]; };
+  const float share = 1.0F / static_cast<float>(2 * radius + 1);
+  for (int pass = 0; pass < 3; ++pass) {
+    for (int i = 0; i < count; ++i) copy[static_cast<std::size_t>(i)] = first[static_cast<std::size_t>(i) * step];
+    float sum = 0;
+    for (int i = -radius; i <= radius; ++i) sum += at(i);
+    for (int i = 0; i < count; ++i) {
+      first[static_cast<std::size_t>(i) * step] = std::max(sum, 0.0F) * share;
+      sum += at(i + radius + 1) - at(i - radius);
+    }
+  }
+}
+
+/// Variance of three running means of radius r: r (r + 1).
+int radiusFor(double sigma) {
+  return std::max(1, static_cast<int>(std::lround((std::sqrt(1 + 4 * sigma * sigma) - 1) / 2)));
+}
+
+void blur(SmoothGrid<float>& field, double sigmaX, double sigmaY) {
+  std::vector<float> copy;
+  const auto columns = static_cast<std::size_t>(field.columns());
+  for (int y = 0; y < field.rows(); ++y) blurLine(field.row(y), 1, field.columns(), radiusFor(sigmaX), copy);
+  for (int x = 0; x < field.columns(); ++x) blurLine(field.row(0) + x, columns, field.rows(), radiusFor(sigmaY), copy);
+}
+
+ContentShadow::Layer makeLayer(const QPainterPath& silhouette, const QRectF& visible, double opacity, double sigma,
+                               double drop) {
+  const QPainterPath dropped = silhouette.translated(0, drop);
+  const double reach = 3.2 * sigma;
+  const QRectF area = dropped.boundingRect().adjusted(-reach, -reach, reach, reach) &
+                      visible.adjusted(-2 * reach, -2 * reach, 2 * reach, 2 * reach);
+  ContentShadow::Layer layer{area, {}};
+  if (area.isEmpty()) return layer;
+  const auto nodes = [&](double length) {
+    return static_cast<int>(std::clamp(length / sigma * nodesPerBlur, 4.0, double{mostNodes}));
+  };
+  QImage mask(nodes(area.width()), nodes(area.height()), QImage::Format_Alpha8);
+  if (mask.isNull()) return layer;
+  mask.fill(0);
+  // Nodes lie on the area's edges, pixels' centres half a pixel inside the mask's.
+  const double stepX = area.width() / (mask.width() - 1);
+  const double stepY = area.height() / (mask.height() - 1);
+  {
+    QPainter painter(&mask);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(0.5, 0.5);
+    painter.scale(1 / stepX, 1 / stepY);
+    painter.translate(-area.topLeft());
+    painter.fillPath(dropped, Qt::black);
+  }
+  layer.field = SmoothGrid<float>(mask.width(), mask.height());
+  for (int y = 0; y < mask.height(); ++y) {
+    const uchar* from = mask.constScanLine(y);
+    float* to = layer.field.row(y);
+    for (int x = 0; x < mask.width(); ++x) to[x] = static_cast<float>(from[x] * opacity / 255);
+  }
+  blur(layer.field, sigma / stepX, sigma / stepY);
+  return layer;
+}
+
+}  // namespace
+
+ContentShadow::ContentShadow(const QPainterPath& silhouette, const QRectF& visible, double strength, double extent) {
+  if (!(strength > 0) || silhouette.isEmpty()) return;
+  // Stronger shadows are deeper, too.
+  const double depth = extent * (0.55 + 0.75 * strength);
+  for (const LayerShape& shape : shapes) {
+    Layer layer = makeLayer(silhouette, visible, std::min(1.0, shape.opacity * strength * 1.25),
+                            std::max(shape.blur * depth, 0.4), shape.drop * depth);
+    if (!layer.field.isEmpty()) layers_.push_back(std::move(layer));
+  }
+}
+
+}  // namespace vellora
