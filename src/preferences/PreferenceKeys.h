@@ -19,6 +19,12 @@ inline const QString toolStyles = QStringLiteral("toolStyles");
 inline const QString customColors = QStringLiteral("customColors");
 inline const QString backdropStyles = QStringLiteral("backdropStyles");
 inline const QString backdropLastUsed = QStringLiteral("backdropLastUsed");
+inline const QString eraseFillColor = QStringLiteral("vellora.eraseFillColor");
+inline const QString blurStrength = QStringLiteral("vellora.blurStrength");
+inline const QString blurStyleDefault = QStringLiteral("vellora.blurStyleDefault");
+inline const QString blurEraseDefault = QStringLiteral("vellora.blurEraseDefault");
+inline const QString magnifierMagnification = QStringLiteral("vellora.magnifierMagnification");
+inline const QString magnifierShape = QStringLiteral("vellora.magnifierShape");
 }  // namespace preferenceKey
 
 /// A preference a person may set by name on the command line, with how its text is read.
