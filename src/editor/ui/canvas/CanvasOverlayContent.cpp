@@ -1,0 +1,99 @@
+#include <cmath>
+
+#include "editor/ui/canvas/CanvasOverlay.h"
+
+namespace vellora {
+namespace {
+
+QPolygonF placed(const Rect& rect, const QTransform& toView) {
+  const QRectF box(rect.minX(), rect.minY(), rect.size.width, rect.size.height);
+  return toView.map(QPolygonF({box.topLeft(), box.topRight(), box.bottomRight(), box.bottomLeft()}));
+}
+
+QLineF placedLine(Point from, Point to, const QTransform& toView) {
+  return {toView.map(QPointF(from.x, from.y)), toView.map(QPointF(to.x, to.y))};
+}
+
+void addLens(OverlayContent& content, const Annotation& lens, const QTransform& toView) {
+  const Rect frame = spannedRect(lens);
+  const double zoom = std::isfinite(lens.magnification) && lens.magnification > 0 ? lens.magnification : 1;
+  const QPointF middle(frame.origin.x + frame.size.width / 2, frame.origin.y + frame.size.height / 2);
+  const QPointF source = lens.control ? QPointF(lens.control->x, lens.control->y) : middle;
+  const QSizeF size = QSizeF(frame.size.width, frame.size.height) / zoom;
+  QRectF shown({}, size);
+  shown.moveCenter(source);
+  QPainterPath outline;
+  if (lens.magnifierShape == MagnifierShape::Circle) {
+    outline.addEllipse(shown);
+  } else {
+    const double radius = std::min(size.width(), size.height()) * 0.12;
+    outline.addRoundedRect(shown, radius, radius);
+  }
+  content.lensSources.push_back(toView.map(outline));
+  // The link runs between the two edges; nothing where the lens covers what it shows.
+  const QPointF way = middle - source;
+  const double distance = std::hypot(way.x(), way.y());
+  const double near = std::min(size.width(), size.height()) / 2;
+  const double far = std::min(frame.size.width, frame.size.height) / 2;
+  if (distance <= near + far) return;
+  const QPointF unit = way / distance;
+  content.lensLinks.push_back({toView.map(source + unit * near), toView.map(middle - unit * far)});
+}
+
+void addText(OverlayContent& content, const CanvasModel& model, const CanvasModel::TextEdit& edit,
+             const QTransform& toView) {
+  if (const auto outline = model.outlineOf(edit.id)) content.textFrame = placed(*outline, toView);
+  for (const Rect& rect : edit.selected) content.textSelection.push_back(placed(rect, toView));
+  const Rect& cursor = edit.cursorRect;
+  content.cursor = placedLine(cursor.origin, {cursor.minX(), cursor.maxY()}, toView);
+}
+
+void addCrop(OverlayContent& content, const CanvasModel& model, std::uint64_t id, const QTransform& toView) {
+  const auto onPixels = [&](const QRectF& rect) {
+    const QRectF mapped = toView.mapRect(rect);
+    return QRect(mapped.topLeft().toPoint(), mapped.bottomRight().toPoint() - QPoint(1, 1));
+  };
+  for (const CapturePiece& piece : model.document().pieces) {
+    if (piece.id != id || piece.visibleRect.isEmpty()) continue;
+    const double across = piece.pointSize.width / piece.visibleRect.size.width;
+    const double down = piece.pointSize.height / piece.visibleRect.size.height;
+    const QRectF frame(piece.origin.x, piece.origin.y, piece.pointSize.width, piece.pointSize.height);
+    const QRectF whole(frame.x() - piece.visibleRect.minX() * across, frame.y() - piece.visibleRect.minY() * down,
+                       piece.sourceSize.width * across, piece.sourceSize.height * down);
+    content.crop = OverlayContent::Crop{onPixels(frame), onPixels(whole)};
+  }
+}
+
+}  // namespace
+
+OverlayContent overlayOf(const CanvasModel& model, const QTransform& toView, bool showsHovered) {
+  OverlayContent content;
+  const auto edit = model.textEdit();
+  for (const Handle& handle : model.handles()) {
+    content.marks.push_back({handle.role, toView.map(QPointF(handle.position.x, handle.position.y))});
+  }
+  if (const auto cropped = model.croppedPiece(); model.isCropping() && cropped) {
+    addCrop(content, model, *cropped, toView);
+    if (content.crop) return content;
+  }
+  for (const AnnotationId id : model.selection()) {
+    const AnnotationPtr annotation = model.document().annotation(id);
+    if (annotation == nullptr || (edit && edit->id == id)) continue;
+    if (const auto outline = model.outlineOf(id)) content.outlines.push_back(placed(*outline, toView));
+    if (annotation->kind == Annotation::Kind::Magnifier) addLens(content, *annotation, toView);
+  }
+  if (const auto piece = model.selectedPiece()) {
+    for (const CapturePiece& each : model.document().pieces) {
+      if (each.id == *piece) content.outlines.push_back(placed(each.frame(), toView));
+    }
+  }
+  const auto hovered = model.hovered();
+  if (hovered && showsHovered && !model.selection().contains(*hovered)) {
+    if (const auto outline = model.outlineOf(*hovered)) content.hovered = placed(*outline, toView);
+  }
+  if (const auto marquee = model.marquee()) content.marquee = placed(*marquee, toView);
+  if (edit) addText(content, model, *edit, toView);
+  return content;
+}
+
+}  // namespace vellora
