@@ -6,7 +6,6 @@
 
 #include <QString>
 
-#include "base/AtomicFile.h"
 #include "base/Lifetime.h"
 #include "base/Result.h"
 #include "base/RunLoop.h"
@@ -42,20 +41,25 @@ class DocumentOutput {
   };
   using JobPtr = std::shared_ptr<Job>;
   using Picture = std::shared_ptr<SharedPng>;
+  template <class T>
+  using Outcome = Result<T, DocumentOutputError>;
 
   explicit DocumentOutput(RunLoop& runLoop) : runLoop_(runLoop) {}
 
-  /// The document's picture at its own scale.
-  JobPtr render(const ImageDocument& document, std::function<void(Result<Picture, DocumentOutputError>)> done);
+  /// The document's picture at its own scale. Its PNG form is made when somebody first asks for it, or with
+  /// `encoded` at once.
+  JobPtr render(const ImageDocument& document, std::function<void(Outcome<Picture>)> done, bool encoded = false);
 
-  /// Writes the document's picture to `path`, replacing what is there in one step.
+  /// Writes the document's picture to `path`, replacing what is there in one step. Answers with the path.
   JobPtr save(const ImageDocument& document, const QString& path, PictureFormat format,
-              std::function<void(Result<QString, DocumentOutputError>)> done);
+              std::function<void(Outcome<QString>)> done);
+
+  /// Runs something else on the queue, after what is under way. Its callback must not touch this object.
+  void async(SerialQueue::Task task) { queue_.async(std::move(task)); }
 
  private:
   template <class T>
-  JobPtr run(std::function<Result<T, DocumentOutputError>(const Job&)> work,
-             std::function<void(Result<T, DocumentOutputError>)> done);
+  JobPtr run(std::function<Outcome<T>(const Job&)> work, std::function<void(Outcome<T>)> done);
 
   RunLoop& runLoop_;
   SerialQueue queue_{"dev.orlo.vellora.document-output"};
