@@ -15,9 +15,9 @@ double fit(Size image, Size available) {
   return std::min(available.width / image.width, available.height / image.height);
 }
 
-double clampedScale(double scale, Size image) {
-  if (std::isnan(scale)) return 1;
-  return std::clamp(scale, minimumScale(image), maximumScale);
+double clampedScale(double scale, ScaleBounds bounds) {
+  if (std::isnan(scale)) return std::clamp(1.0, bounds.lower, bounds.upper);
+  return std::clamp(scale, bounds.lower, bounds.upper);
 }
 
 }  // namespace
@@ -27,6 +27,17 @@ double minimumScale(Size image) {
   const double longSide = std::max(image.width, image.height);
   const double shortSide = std::min(image.width, image.height);
   return std::min(std::max(leastLongSide / longSide, leastShortSide / shortSide), 1.0);
+}
+
+ScaleBounds scaleBounds(Size image) {
+  return {minimumScale(image), maximumScale};
+}
+
+ScaleBounds pinchBounds(Size image, Size screen) {
+  const double least = minimumScale(image);
+  const double upper = isPicture(image) ? fit(image, screen) : 0;
+  if (!(upper > 0)) return {least, least};
+  return {std::min(upper, least), upper};
 }
 
 double initialScale(Size image, double requested, Size available) {
@@ -55,11 +66,15 @@ double resolveScale(Size proposed, Size image, double current) {
   const double byWidth = proposed.width / image.width;
   const double byHeight = proposed.height / image.height;
   const bool heightMoved = std::abs(byHeight - current) > std::abs(byWidth - current);
-  return snapped(clampedScale(heightMoved ? byHeight : byWidth, image));
+  return snapped(clampedScale(heightMoved ? byHeight : byWidth, scaleBounds(image)));
 }
 
 Size windowSize(Size image, double scale) {
   return {std::max(1.0, std::round(image.width * scale)), std::max(1.0, std::round(image.height * scale))};
+}
+
+Point center(const Rect& frame) {
+  return {frame.minX() + frame.size.width / 2, frame.minY() + frame.size.height / 2};
 }
 
 Rect centered(Size size, Point center) {
@@ -72,17 +87,9 @@ Rect movedInside(Rect frame, const Rect& visible) {
   return frame;
 }
 
-ScaledFrame setScale(double scale, Size image, const Rect& frame, const Rect& visible) {
-  const double clamped = clampedScale(scale, image);
-  const Point center{frame.minX() + frame.size.width / 2, frame.minY() + frame.size.height / 2};
-  return {clamped, movedInside(centered(windowSize(image, clamped), center), visible)};
-}
-
-ScaleBounds pinchBounds(Size image, Size screen) {
-  if (!isPicture(image)) return {};
-  const double upper = fit(image, screen);
-  if (!(upper > 0)) return {minimumScale(image), minimumScale(image)};
-  return {std::min(upper, minimumScale(image)), upper};
+ScaledFrame setScale(double scale, ScaleBounds bounds, Size image, const Rect& frame, const Rect& visible) {
+  const double clamped = clampedScale(scale, bounds);
+  return {clamped, movedInside(centered(windowSize(image, clamped), center(frame)), visible)};
 }
 
 ChromeTier chromeTier(double width) {

@@ -15,8 +15,19 @@ inline constexpr double chromeInset = 8;
 /// Which controls a pin has room for.
 enum class ChromeTier { Full = 0, NoReadout = 1, CopyEdit = 2, CopyOnly = 3, CloseOnly = 4 };
 
+struct ScaleBounds {
+  double lower = 1;
+  double upper = 1;
+};
+
 /// The least scale of a picture, at most 1: below it the picture would be too small to see and to grasp.
 double minimumScale(Size image);
+
+/// From the minimum to the maximum scale.
+ScaleBounds scaleBounds(Size image);
+
+/// The scales a pinch may reach on a screen of the given size: at most the whole picture on it.
+ScaleBounds pinchBounds(Size image, Size screen);
 
 /// The scale a new pin starts with: `requested`, less where the picture would not fit `available`.
 double initialScale(Size image, double requested, Size available);
@@ -31,6 +42,7 @@ double resolveScale(Size proposed, Size image, double current);
 /// The picture at `scale`, each side rounded to whole points and at least 1.
 Size windowSize(Size image, double scale);
 
+Point center(const Rect& frame);
 /// A rectangle of `size` around `center`.
 Rect centered(Size size, Point center);
 
@@ -42,16 +54,8 @@ struct ScaledFrame {
   Rect frame;
 };
 
-/// A window shown at another scale: it keeps its centre as far as `visible` has room.
-ScaledFrame setScale(double scale, Size image, const Rect& frame, const Rect& visible);
-
-struct ScaleBounds {
-  double lower = 1;
-  double upper = 1;
-};
-
-/// The scales a pinch may reach on a screen of the given size: at most the whole picture on it.
-ScaleBounds pinchBounds(Size image, Size screen);
+/// A window shown at another scale, as far as `bounds` allow it: it keeps its centre as far as `visible` has room.
+ScaledFrame setScale(double scale, ScaleBounds bounds, Size image, const Rect& frame, const Rect& visible);
 
 /// The controls for a window of width `width`.
 ChromeTier chromeTier(double width);

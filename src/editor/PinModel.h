@@ -115,11 +115,13 @@ class PinModel {
     Rect waiting;
   };
 
+  const PinScreen* screenNamed(const QString& name) const;
   Rect visibleFrame() const;
-  double bounded(double scale) const;
   void setFrame(const Rect& frame);
-  void applyScale(double scale);
+  void applyScale(double scale, const PinGeometry::ScaleBounds& bounds);
+  void leaveLostScreen(const PinScreen& lost);
   bool comeHome();
+  void followScreen(const PinScreen& before, const PinScreen& now);
 
   const Size imageSize_;
   PinStyle style_;
