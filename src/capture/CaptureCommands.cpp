@@ -44,6 +44,7 @@ std::optional<CaptureCompletion::Override> overrideOf(const CaptureRequest& requ
 struct CaptureCommands::Run {
   CaptureRequest request;
   Completion done;
+  Receiver receive;  ///< gets the picture instead of the after-capture actions
 };
 
 CaptureCommands::CaptureCommands(OverlayServices services, AccessGate& gate, CountdownView countdownView)
@@ -62,8 +63,16 @@ void CaptureCommands::captureFullscreenDelayed() {
   start({.kind = Kind::FullScreen, .delay = CaptureCountdown::defaultSeconds}, {});
 }
 
+void CaptureCommands::captureAreaFor(Receiver receive) {
+  begin(std::make_shared<Run>(Run{{.kind = Kind::Area}, {}, std::move(receive)}));
+}
+
 void CaptureCommands::start(const CaptureRequest& request, Completion done) {
-  const auto run = std::make_shared<Run>(Run{request, std::move(done)});
+  begin(std::make_shared<Run>(Run{request, std::move(done), {}}));
+}
+
+void CaptureCommands::begin(const std::shared_ptr<Run>& run) {
+  const CaptureRequest& request = run->request;
   if (active_) return finish(run, {.end = End::Busy});
   if (!gate_.allows(needOf(request.kind))) return finish(run, {.end = End::NotAllowed});
   active_ = run;
@@ -131,6 +140,7 @@ void CaptureCommands::captureNamed(const std::shared_ptr<Run>& run) {
 void CaptureCommands::complete(const std::shared_ptr<Run>& run, const CapturedImage& image,
                                const CaptureOrigin& origin) {
   if (active_ == run) active_.reset();
+  if (const auto receive = std::exchange(run->receive, nullptr)) return receive(image);
   CaptureResult result;
   result.size = image.image.size();
   result.scale = image.scale;
@@ -154,6 +164,7 @@ void CaptureCommands::fail(const std::shared_ptr<Run>& run, CaptureError error) 
 }
 
 void CaptureCommands::finish(const std::shared_ptr<Run>& run, const CaptureResult& result) {
+  if (const auto receive = std::exchange(run->receive, nullptr)) receive(std::nullopt);
   if (const auto done = std::exchange(run->done, nullptr)) done(result);
 }
 

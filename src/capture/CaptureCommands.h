@@ -38,6 +38,12 @@ class CaptureCommands {
   void captureFullscreen();
   void captureFullscreenDelayed();
 
+  /// Lets the person choose an area for somebody who wants its picture, instead of the after-capture actions. `receive`
+  /// comes exactly once: without a picture when the person leaves, it fails (which the failure handler is told) or
+  /// another capture is under way.
+  using Receiver = std::function<void(std::optional<CapturedImage>)>;
+  void captureAreaFor(Receiver receive);
+
   /// Carries out a request; `done` comes exactly once, with Busy from inside the call.
   void start(const CaptureRequest& request, Completion done);
 
@@ -49,6 +55,7 @@ class CaptureCommands {
  private:
   struct Run;
 
+  void begin(const std::shared_ptr<Run>& run);
   void proceed(const std::shared_ptr<Run>& run);
   void select(const std::shared_ptr<Run>& run);
   void captureNamed(const std::shared_ptr<Run>& run);

@@ -17,7 +17,7 @@ struct KeyModifiers {
 enum class PointerButton { Primary, Secondary };
 
 /// A button going down or up.
-struct PointerEvent {
+struct OverlayPointerEvent {
   PointerButton button = PointerButton::Primary;
   PixelPoint position;  ///< on the desktop, in device pixels
   KeyModifiers modifiers;
@@ -30,8 +30,8 @@ class OverlayInput {
   virtual ~OverlayInput() = default;
 
   virtual void pointerMoved(PixelPoint position, KeyModifiers modifiers) = 0;
-  virtual void pointerPressed(const PointerEvent& event) = 0;
-  virtual void pointerReleased(const PointerEvent& event) = 0;
+  virtual void pointerPressed(const OverlayPointerEvent& event) = 0;
+  virtual void pointerReleased(const OverlayPointerEvent& event) = 0;
   /// Repeats of a held key come as further presses, except for Space.
   virtual void keyPressed(OverlayKey key, KeyModifiers modifiers) = 0;
   virtual void keyReleased(OverlayKey key, KeyModifiers modifiers) = 0;

@@ -16,8 +16,8 @@ class OverlayModel {
   OverlayModel& operator=(const OverlayModel&) = delete;
 
   virtual void pointerMoved(PixelPoint position, KeyModifiers modifiers) = 0;
-  virtual void pointerPressed(const PointerEvent& event) = 0;
-  virtual void pointerReleased(const PointerEvent& event) = 0;
+  virtual void pointerPressed(const OverlayPointerEvent& event) = 0;
+  virtual void pointerReleased(const OverlayPointerEvent& event) = 0;
   virtual void keyPressed(OverlayKey key, KeyModifiers modifiers) = 0;
   virtual void keyReleased(OverlayKey key, KeyModifiers modifiers) = 0;
   virtual void modifiersChanged(KeyModifiers modifiers) = 0;

@@ -45,13 +45,13 @@ void OverlaySession::pointerMoved(PixelPoint position, KeyModifiers modifiers) {
   modelChanged();
 }
 
-void OverlaySession::pointerPressed(const PointerEvent& event) {
+void OverlaySession::pointerPressed(const OverlayPointerEvent& event) {
   if (state_ != State::Selecting) return;
   model_->pointerPressed(event);
   modelChanged();
 }
 
-void OverlaySession::pointerReleased(const PointerEvent& event) {
+void OverlaySession::pointerReleased(const OverlayPointerEvent& event) {
   if (state_ != State::Selecting) return;
   model_->pointerReleased(event);
   modelChanged();

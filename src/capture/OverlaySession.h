@@ -64,8 +64,8 @@ class OverlaySession : private OverlayInput {
   enum class State { Idle, Fetching, Selecting, Waiting, Capturing, TornDown };
 
   void pointerMoved(PixelPoint position, KeyModifiers modifiers) override;
-  void pointerPressed(const PointerEvent& event) override;
-  void pointerReleased(const PointerEvent& event) override;
+  void pointerPressed(const OverlayPointerEvent& event) override;
+  void pointerReleased(const OverlayPointerEvent& event) override;
   void keyPressed(OverlayKey key, KeyModifiers modifiers) override;
   void keyReleased(OverlayKey key, KeyModifiers modifiers) override;
   void modifiersChanged(KeyModifiers modifiers) override;

@@ -154,7 +154,7 @@ void SelectionModel::pointerMoved(PixelPoint position, KeyModifiers modifiers) {
   }
 }
 
-void SelectionModel::pointerPressed(const PointerEvent& event) {
+void SelectionModel::pointerPressed(const OverlayPointerEvent& event) {
   if (event.button == PointerButton::Secondary) {
     live(event.modifiers);
     stepBack();
@@ -163,7 +163,7 @@ void SelectionModel::pointerPressed(const PointerEvent& event) {
   press(event);
 }
 
-void SelectionModel::press(const PointerEvent& event) {
+void SelectionModel::press(const OverlayPointerEvent& event) {
   live(event.modifiers);
   switch (phase_) {
     case Phase::Hovering:
@@ -213,12 +213,12 @@ void SelectionModel::press(const PointerEvent& event) {
   }
 }
 
-void SelectionModel::pointerReleased(const PointerEvent& event) {
+void SelectionModel::pointerReleased(const OverlayPointerEvent& event) {
   if (event.button != PointerButton::Primary) return;
   release(event);
 }
 
-void SelectionModel::release(const PointerEvent& event) {
+void SelectionModel::release(const OverlayPointerEvent& event) {
   if (phase_ == Phase::Hovering || phase_ == Phase::Adjusting) return;  // the press was undone meanwhile
   if (phase_ == Phase::Dragging && byKeyboard_) return;
   pointerMoved(event.position, event.modifiers);
@@ -232,7 +232,7 @@ void SelectionModel::release(const PointerEvent& event) {
   }
 }
 
-void SelectionModel::click(const PointerEvent& event) {
+void SelectionModel::click(const OverlayPointerEvent& event) {
   const KeyModifiers active = live(event.modifiers);
   if (fromAdjusting_) {
     // A click beside an adjusted rectangle must not lose it.

@@ -34,8 +34,8 @@ class SelectionModel final : public OverlayModel {
   SelectionModel(ShareableContent content, SelectionOptions options, PixelPoint pointer, KeyModifiers held = {});
 
   void pointerMoved(PixelPoint position, KeyModifiers modifiers) override;
-  void pointerPressed(const PointerEvent& event) override;
-  void pointerReleased(const PointerEvent& event) override;
+  void pointerPressed(const OverlayPointerEvent& event) override;
+  void pointerReleased(const OverlayPointerEvent& event) override;
   void keyPressed(OverlayKey key, KeyModifiers modifiers) override;
   void keyReleased(OverlayKey key, KeyModifiers modifiers) override;
   void modifiersChanged(KeyModifiers modifiers) override;
@@ -59,9 +59,9 @@ class SelectionModel final : public OverlayModel {
   void follow(PixelPoint position);
   void stretch();
   void shiftSelection(int dx, int dy);
-  void press(const PointerEvent& event);
-  void release(const PointerEvent& event);
-  void click(const PointerEvent& event);
+  void press(const OverlayPointerEvent& event);
+  void release(const OverlayPointerEvent& event);
+  void click(const OverlayPointerEvent& event);
   void endDrag(bool adjust);
   void startFrom(PixelPoint corner, bool byKeyboard);
   void arrow(int dx, int dy, KeyModifiers modifiers);

@@ -17,7 +17,7 @@ void WindowPickModel::pointerMoved(PixelPoint position, KeyModifiers) {
   windows_.pointAt(position);
 }
 
-void WindowPickModel::pointerPressed(const PointerEvent& event) {
+void WindowPickModel::pointerPressed(const OverlayPointerEvent& event) {
   pointerMoved(event.position, event.modifiers);
   if (event.button == PointerButton::Secondary) {
     if (outcome_ == OverlayOutcome::Running) outcome_ = OverlayOutcome::Cancelled;
@@ -26,7 +26,7 @@ void WindowPickModel::pointerPressed(const PointerEvent& event) {
   pressed_ = true;
 }
 
-void WindowPickModel::pointerReleased(const PointerEvent& event) {
+void WindowPickModel::pointerReleased(const OverlayPointerEvent& event) {
   if (event.button != PointerButton::Primary || !pressed_) return;
   pressed_ = false;
   pointerMoved(event.position, event.modifiers);

@@ -14,8 +14,8 @@ class WindowPickModel final : public OverlayModel {
   WindowPickModel(ShareableContent content, PixelPoint pointer);
 
   void pointerMoved(PixelPoint position, KeyModifiers modifiers) override;
-  void pointerPressed(const PointerEvent& event) override;
-  void pointerReleased(const PointerEvent& event) override;
+  void pointerPressed(const OverlayPointerEvent& event) override;
+  void pointerReleased(const OverlayPointerEvent& event) override;
   void keyPressed(OverlayKey key, KeyModifiers modifiers) override;
   void keyReleased(OverlayKey, KeyModifiers) override {}
   void modifiersChanged(KeyModifiers) override {}

@@ -131,6 +131,32 @@ TEST_F(CaptureCommandsTest, KeepsToOneCaptureAtATime) {
   EXPECT_FALSE(commands.isSessionActive());
 }
 
+TEST_F(CaptureCommandsTest, HandsAnAreaToWhoeverAskedForIt) {
+  std::vector<std::optional<PixelSize>> received;
+  const auto ask = [&] {
+    commands.captureAreaFor([&](const std::optional<CapturedImage>& picture) {
+      received.push_back(picture ? std::optional(picture->image.size()) : std::nullopt);
+    });
+  };
+  ask();
+  ASSERT_TRUE(runLoop.runUntil([this] { return presenter.isVisible(); }));
+  ask();  // while the first one is under way
+  EXPECT_EQ(received, (std::vector<std::optional<PixelSize>>{std::nullopt}));
+  presenter.input->pointerPressed({.position = {210, 20}});
+  presenter.input->pointerMoved({250, 50}, {});
+  presenter.input->pointerReleased({.position = {250, 50}});
+  runLoop.advance(1);
+  ASSERT_TRUE(runLoop.runUntil([&] { return received.size() == 2; }));
+  EXPECT_EQ(received.back(), (PixelSize{41, 31}));
+  EXPECT_TRUE(store.items().empty());
+  EXPECT_TRUE(pasteboard.copies.empty());
+
+  ask();
+  commands.cancelSessions();
+  EXPECT_EQ(received.size(), 3u);
+  EXPECT_EQ(received.back(), std::nullopt);
+}
+
 TEST_F(CaptureCommandsTest, CountsDownAndCanBeCancelled) {
   start({.kind = Kind::FullScreen, .delay = 3});
   runLoop.advance(2.5);
