@@ -6,6 +6,7 @@
 #include "base/Lifetime.h"
 #include "base/RunLoop.h"
 #include "base/SerialQueue.h"
+#include "editor/PinModel.h"
 #include "editor/ui/pins/PinContent.h"
 
 class QTimer;
@@ -41,17 +42,19 @@ class PinBoard {
 
  private:
   friend class PinWindowController;
+  static std::vector<PinScreen> screens();
+  std::vector<Rect> picturesBeside(const PinWindowController& pin) const;
   void remove(PinWindowController* pin);
   void changed();
   void screensChanged();
-  void observeScreens();
 
   RunLoop& runLoop_;
   PreferenceStore& preferences_;
   WindowHints* const hints_;
   const PinActions actions_;
+  std::unique_ptr<QTimer> screensTimer_;
   std::vector<std::unique_ptr<PinWindowController>> pins_;
-  std::unique_ptr<QObject> screenObserver_;
+  std::vector<std::unique_ptr<PinWindowController>> leaving_;
   Lifetime lifetime_;
   SerialQueue queue_{"dev.orlo.vellora.pins"};
 };

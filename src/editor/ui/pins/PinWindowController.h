@@ -9,8 +9,6 @@
 #include "editor/PinModel.h"
 #include "editor/ui/pins/PinContent.h"
 
-class QMenu;
-
 namespace vellora {
 
 class PinBoard;
@@ -32,6 +30,7 @@ class PinWindowController final : public QObject {
 
   void show(const PinPlacement& placement);
 
+  void setScale(double scale);
   void copy();
   void save();
   /// Hands the picture to an editor; the pin goes when one has taken it over.
@@ -44,16 +43,16 @@ class PinWindowController final : public QObject {
   /// Whether clicks go through the picture to what lies below it. The window cannot be asked back then: the program's
   /// menu has to offer it.
   void setClickThrough(bool on);
+  void toggleClickThrough() { setClickThrough(!model_.isClickThrough()); }
   /// Ends the pin, telling `closed`; this object is deleted soon after.
   void close();
   void closeAll();
 
-  /// The commands as a menu, in their present state. The caller owns it.
-  std::unique_ptr<QMenu> makeMenu();
-
  private:
   friend class PinBoard;
   void output(bool copy, bool save);
+  void followScreens(const std::vector<PinScreen>& screens);
+  void openMenu(const QPoint& position);
   void leave();
 
   PinBoard& board_;
