@@ -4,6 +4,7 @@
 
 #include "editor/backdrop/BackdropLayout.h"
 #include "editor/rendering/DocumentRenderer.h"
+#include "editor/rendering/Scene.h"
 
 namespace vellora {
 namespace {
@@ -30,12 +31,13 @@ bool isOpaque(const QImage& image) {
 }  // namespace
 
 PixelSize renderedSize(const ImageDocument& document, double scale) {
-  return pixelSize(backdropLayout(document).document, scale);
+  return pixelSize(backdropLayout(drawablePart(document)).document, scale);
 }
 
 std::optional<Bitmap> renderDocument(const ImageDocument& document, std::optional<double> scale) {
-  const double pixelsPerPoint = scale.value_or(document.outputScale());
-  const Rect rect = backdropLayout(document).document;
+  const ImageDocument drawable = drawablePart(document);
+  const double pixelsPerPoint = scale.value_or(drawable.outputScale());
+  const Rect rect = backdropLayout(drawable).document;
   const PixelSize size = pixelSize(rect, pixelsPerPoint);
   auto bitmap = MutableBitmap::create(size, PixelAlpha::Premultiplied);
   if (!bitmap) return std::nullopt;
@@ -45,7 +47,7 @@ std::optional<Bitmap> renderDocument(const ImageDocument& document, std::optiona
   image.fill(Qt::transparent);
   const QTransform toDevice(pixelsPerPoint, 0, 0, pixelsPerPoint, -rect.minX() * pixelsPerPoint,
                             -rect.minY() * pixelsPerPoint);
-  DocumentRenderer().paint(image, image.rect(), document, toDevice);
+  DocumentRenderer().paint(image, image.rect(), drawable, toDevice);
 
   const PixelAlpha alpha = isOpaque(image) ? PixelAlpha::Opaque : PixelAlpha::Premultiplied;
   const Bitmap finished = std::move(*bitmap).finish();

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "editor/Annotation.h"
+#include "editor/rendering/CellGrid.h"
+#include "editor/rendering/PieceView.h"
+
+namespace vellora {
+
+/// A redaction and what is seen in its place.
+struct Redaction {
+  AnnotationPtr annotation;
+  std::shared_ptr<const CellGrid> grid;
+};
+
+/// What the redactions of a document look like, in z-order; those with impossible numbers are left out.
+///
+/// An erased area is one colour: the one chosen, or the colour that prevails just outside it. Pixels inside any
+/// redaction of the document, whatever lies above what, are never read for that.
+///
+/// A mosaic must not tell what it hides even to somebody who knows this program, the seed and everything around the
+/// area, and tries candidates until one gives the same cells. Averages alone do tell: a few levels of grey for each of
+/// some dozen cells single out one number of ten thousand, and known noise is simply subtracted. So the cells that are
+/// seen do not come from what lies below each of them:
+/// - The colours of a mosaic are those that prevail along its border, outside every redaction, spread over its cells.
+/// - The hidden pixels are looked at in fields as large as the area's shorter side, and never smaller than 64 points:
+///   letters stand inside a field with the paper around them, none is larger than one. As long as a quarter of a field
+///   is near the colour expected from the border, which text of any kind leaves, nothing of it is used. Only a field of
+///   another nature (a picture, a coloured panel) shows, as one of 125 tones: the average of the tone that covers most
+///   of it, which text on it does not change either, quantised to 5 levels of brightness and of each colour difference.
+/// - Noise from `sketchSeed` and the cell's number, the same whatever is hidden, makes the cells look uneven.
+/// Every candidate text thus gives the same cells. What can come out is below seven bits a field of 64 points and more,
+/// and then only when candidates differ in what covers most of it. `blurStrength` sets the size of the cells seen,
+/// which carry nothing of their own. What an erased area hides is not looked at for a mosaic either.
+std::vector<Redaction> planRedactions(std::span<const PieceView> pieces, std::span<const AnnotationPtr> annotations);
+
+}  // namespace vellora
