@@ -101,7 +101,13 @@ CanvasView::~CanvasView() {
 // What is shown
 
 void CanvasView::Private::modelChanged(CanvasChange change) {
-  refreshDocument();
+  if (gesturePlacement) {
+    // A pen sends many samples a frame: they are shown together.
+    changing.start(0, &view);
+  } else {
+    refresh();
+    refreshPointer();
+  }
   if (change == CanvasChange::Text || change == CanvasChange::Selection) {
     const bool editing = model.textEdit().has_value();
     if (view.testAttribute(Qt::WA_InputMethodEnabled) != editing) {
@@ -111,9 +117,15 @@ void CanvasView::Private::modelChanged(CanvasChange change) {
     restartBlinking();
     view.updateMicroFocus();
   }
-  refreshOverlay();
-  if (!gesturePlacement) refreshPointer();
   emit view.modelChanged(change);
+}
+
+/// Shows the model as it is now.
+void CanvasView::Private::refresh() {
+  changing.stop();
+  refreshDocument();
+  refreshOverlay();
+  resting.start(restAfter, &view);
 }
 
 /// The document as it is drawn: with what the input method composes, and a piece that is being cropped in full.
@@ -195,6 +207,7 @@ QPoint CanvasView::Private::focusOnPlane() const {
 
 void CanvasView::paintEvent(QPaintEvent* event) {
   d_->refreshView();
+  if (d_->changing.isActive()) d_->refresh();
   const double ratio = d_->viewport.ratio();
   const QRegion pixels = inPixels(event->region(), ratio) & QRect({}, d_->viewport.pixels());
   const QPoint origin = d_->viewport.origin();
@@ -211,7 +224,7 @@ void CanvasView::paintEvent(QPaintEvent* event) {
   d_->backing.draw(painter, plane, CanvasScene::ground());
   painter.translate(-origin);
   if (overlayRegion(d_->overlay, ratio).intersects(pixels)) paintOverlay(painter, d_->overlay, ratio);
-  if (!d_->dropping) return;
+  if (!d_->dropping && !d_->keyboardFocus.visible()) return;
   const QRectF frame = QRectF(QRect({}, d_->viewport.pixels()));
   const double line = std::max(1.0, std::round(2 * ratio));
   painter.setRenderHint(QPainter::Antialiasing, false);
@@ -221,7 +234,9 @@ void CanvasView::paintEvent(QPaintEvent* event) {
 }
 
 void CanvasView::timerEvent(QTimerEvent* event) {
-  if (event->timerId() == d_->painting.timerId()) {
+  if (event->timerId() == d_->changing.timerId()) {
+    d_->refresh();
+  } else if (event->timerId() == d_->painting.timerId()) {
     const QRegion painted = d_->backing.paint(d_->visiblePlane(), d_->focusOnPlane(), paintingBudget);
     d_->repaintPixels(painted.translated(d_->viewport.origin()));
     if (d_->backing.unpainted().isEmpty()) d_->painting.stop();
@@ -239,6 +254,7 @@ void CanvasView::timerEvent(QTimerEvent* event) {
 
 void CanvasView::Private::restartBlinking() {
   cursorShown = true;
+  refreshOverlay();
   const int flash = QGuiApplication::styleHints()->cursorFlashTime();
   if (model.textEdit() && flash > 1 && view.hasFocus() && !Theme::shared().reducedMotion()) {
     blinking.start(flash / 2, &view);
@@ -248,7 +264,8 @@ void CanvasView::Private::restartBlinking() {
 }
 
 bool CanvasView::isSettled() const {
-  return d_->zoomAnimation.state() != QAbstractAnimation::Running && d_->backing.unpainted().isEmpty();
+  return d_->zoomAnimation.state() != QAbstractAnimation::Running && !d_->changing.isActive() &&
+         d_->backing.unpainted().isEmpty();
 }
 
 QSize CanvasView::sizeHint() const {

@@ -88,11 +88,11 @@ void CanvasView::Private::release(const PointerEvent& event) {
   QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, true);
   model.release(event);
   gesturePlacement.reset();
+  refresh();
   if (fitting) {
     fit();
     viewportChanged();
   }
-  refreshOverlay();
   hover(pointer, pointerModifiers);
 }
 
@@ -326,12 +326,9 @@ bool CanvasView::event(QEvent* event) {
 
 void CanvasView::keyPressEvent(QKeyEvent* event) {
   CanvasModel& model = d_->model;
+  if (d_->eyedropper) return d_->eyedropperKey(*event);
   if (event->key() == Qt::Key_Escape) {
-    if (d_->eyedropper) {
-      cancelEyedropper();
-    } else if (!model.escape()) {
-      event->ignore();
-    }
+    if (!model.escape()) event->ignore();
     return;
   }
   if (event->key() == Qt::Key_Space && !isEditingText() && !d_->gesturePlacement) {
@@ -425,16 +422,16 @@ QVariant CanvasView::inputMethodQuery(Qt::InputMethodQuery query) const {
 }
 
 void CanvasView::focusInEvent(QFocusEvent* event) {
+  d_->keyboardFocus.focusIn(*event);
   QWidget::focusInEvent(event);
   d_->restartBlinking();
-  d_->refreshOverlay();
 }
 
 void CanvasView::focusOutEvent(QFocusEvent* event) {
+  d_->keyboardFocus.focusOut();
   QWidget::focusOutEvent(event);
   if (d_->panHeldBySpace) setPanning(d_->panHeldBySpace = false);
   d_->restartBlinking();
-  d_->refreshOverlay();
 }
 
 // Colours
@@ -457,6 +454,35 @@ void CanvasView::cancelEyedropper() {
 
 bool CanvasView::isPickingColor() const {
   return d_->eyedropper.has_value();
+}
+
+/// The arrow keys go from pixel to pixel, Return takes the colour.
+void CanvasView::Private::eyedropperKey(const QKeyEvent& event) {
+  const int step = event.modifiers().testFlag(Qt::ShiftModifier) ? 10 : 1;
+  QPoint place = QCursor::pos();
+  switch (event.key()) {
+    case Qt::Key_Escape:
+      return view.cancelEyedropper();
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return takeColor(place);
+    case Qt::Key_Left:
+      place.rx() -= step;
+      break;
+    case Qt::Key_Right:
+      place.rx() += step;
+      break;
+    case Qt::Key_Up:
+      place.ry() -= step;
+      break;
+    case Qt::Key_Down:
+      place.ry() += step;
+      break;
+    default:
+      return;
+  }
+  QCursor::setPos(place);
+  eyedropper->moveTo(place);
 }
 
 QImage CanvasView::Private::sample(QPointF inView, int count) const {

@@ -12,6 +12,7 @@
 #include "editor/ui/canvas/CanvasView.h"
 #include "editor/ui/canvas/CanvasViewport.h"
 #include "editor/ui/canvas/Eyedropper.h"
+#include "kit/Paint.h"
 
 namespace vellora {
 
@@ -22,6 +23,7 @@ struct CanvasView::Private {
   // Showing
   void modelChanged(CanvasChange change);
   ImageDocument presented() const;
+  void refresh();
   void refreshDocument();
   void refreshView();
   void viewportChanged();
@@ -49,6 +51,7 @@ struct CanvasView::Private {
   void setHint(const QString& text);
   void restartBlinking();
   bool clipboardKey(const QKeyEvent& event);
+  void eyedropperKey(const QKeyEvent& event);
   void takeColor(QPoint global);
   QImage sample(QPointF inView, int count) const;
 
@@ -69,11 +72,13 @@ struct CanvasView::Private {
   Zooming zooming;
   bool fitting = true;
 
+  QBasicTimer changing;  // ends with the turn of the event loop in which a drag changed the document
   QBasicTimer painting;  // runs while something is still to be painted
   QBasicTimer resting;   // ends a while after the last change of the view
   QBasicTimer blinking;
   QBasicTimer scrolling;  // runs while a drag is held beyond the edge
   bool cursorShown = true;
+  KeyboardFocus keyboardFocus;
 
   WheelKind wheelKind;
   bool panning = false;  // held on, by the space bar or from outside
