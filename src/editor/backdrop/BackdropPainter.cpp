@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <vector>
 
 #include <QImage>
 #include <QPainter>
@@ -37,6 +38,30 @@ QPainterPath roundedPieces(const ImageDocument& document, const BackdropSettings
     path.addRoundedRect(toQt(piece.frame()), radius, radius);
   }
   return path;
+}
+
+/// Where opaque content will cover everything, in document points: what a straight content covers for sure.
+std::vector<QRectF> coveredAreas(const ImageDocument& document, const BackdropSettings& settings,
+                                 const BackdropLayout& layout) {
+  std::vector<QRectF> areas;
+  if (!layout.isFlat) return areas;
+  for (const CapturePiece& piece : document.pieces) {
+    if (piece.image.isNull() || piece.image.alpha() != PixelAlpha::Opaque) continue;
+    const double radius = cornerRadius(piece, settings) + 1;
+    const QRectF inner = toQt(piece.frame()).adjusted(1, radius, -1, -radius);
+    if (!inner.isEmpty()) areas.push_back(inner);
+  }
+  return areas;
+}
+
+/// The same of a frame, which is opaque itself.
+std::vector<QRectF> framedArea(const DeviceFramePainter& frame, const BackdropLayout& layout) {
+  if (!layout.isFlat) return {};
+  const QRectF screen = frame.screen().boundingRect();
+  const double corner = std::min(screen.width(), screen.height()) / 8;
+  const QRectF area = screen.adjusted(1, corner, -1, -corner);
+  if (area.isEmpty() || !frame.silhouette().contains(area)) return {};
+  return {area};
 }
 
 bool isDrawn(const ImageDocument& document, const BackdropLayout& layout) {
@@ -74,7 +99,9 @@ void BackdropPainter::paintBehind(QPainter& painter, const ImageDocument& docume
       cache_->strength = settings.shadow;
     }
   }
-  cache_->ground.paint(painter, toQt(layout.document), settings, settings.shadow > 0 ? &*cache_->shadow : nullptr);
+  const auto covered = frame ? framedArea(*frame, layout) : coveredAreas(document, settings, layout);
+  cache_->ground.paint(painter, toQt(layout.document), settings, settings.shadow > 0 ? &*cache_->shadow : nullptr,
+                       covered);
   if (!frame) return;
   painter.save();
   painter.setClipRect(toQt(layout.document), Qt::IntersectClip);

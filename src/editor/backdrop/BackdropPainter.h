@@ -20,7 +20,8 @@ class BackdropPainter {
 
   /// Paints background, glow and grain over `layout.document`, the shadow of the content and its device frame in their
   /// placement. `painter` has document points as coordinates, only scaled and moved, and shows at most its clip; draws
-  /// nothing that depends on the content's pixels. A part painted alone is the same as in the whole.
+  /// nothing that depends on the content's pixels. A part painted alone is the same as in the whole. What opaque pieces
+  /// are going to cover is left out while the content lies flat.
   void paintBehind(QPainter& painter, const ImageDocument& document, const BackdropLayout& layout);
 
   /// The shape that shows of the content, in document points before the placement: the pieces with their rounded

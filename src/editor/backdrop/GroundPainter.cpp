@@ -62,9 +62,10 @@ class Glow {
       const auto& column = columns_[static_cast<std::size_t>(x + i)];
       const float light = 0.55F * core * column[0] + 0.45F * halo * column[1];
       const float kept = (1 - glowShade * intensity_ * (1 - light)) * (1 - glowStrength * intensity_ * light);
-      const float added = glowStrength * intensity_ * light * row[i].alpha;
-      row[i] = {row[i].red * kept + added, row[i].green * kept + added, row[i].blue * kept + added * 0.97F,
-                row[i].alpha};
+      const float added = glowStrength * intensity_ * light * row[i].alpha();
+      const float alpha = row[i].alpha();
+      row[i] = row[i] * kept + Rgba(added, added, added * 0.97F, 0);
+      row[i].setAlpha(alpha);
     }
   }
 
@@ -73,11 +74,6 @@ class Glow {
   std::vector<std::array<float, 2>> columns_;
   std::vector<std::array<float, 2>> rows_;
 };
-
-QRgb packed(const Rgba& color, float threshold) {
-  const auto part = [threshold](float value) { return static_cast<QRgb>(static_cast<int>(value + threshold)); };
-  return part(color.alpha) << 24 | part(color.red) << 16 | part(color.green) << 8 | part(color.blue);
-}
 
 /// The pixels a rectangle of a device touches, without slivers from rounding.
 QRect coveredPixels(const QRectF& rect) {
@@ -179,7 +175,7 @@ void GroundPainter::paintPart(QPainter& painter, const QRect& part, Job& job) {
       const auto& thresholds = ditherThresholds()[static_cast<std::size_t>(y & 7)];
       auto* pixels = reinterpret_cast<QRgb*>(strip.scanLine(i));
       for (int k = 0; k < part.width(); ++k) {
-        pixels[k] = packed(job.row[static_cast<std::size_t>(k)], thresholds[static_cast<std::size_t>((x + k) & 7)]);
+        pixels[k] = job.row[static_cast<std::size_t>(k)].toPixel(thresholds[static_cast<std::size_t>((x + k) & 7)]);
       }
     }
     painter.drawImage(QPoint(part.left(), top), strip, QRect(0, 0, part.width(), rows));
@@ -192,10 +188,10 @@ void GroundPainter::composeRow(int x, int y, int count, Job& job) {
   if (job.glow) job.glow->apply(x, y, count, row);
   if (job.grain != nullptr) {
     for (int i = 0; i < count; ++i) {
-      const float alpha = row[i].alpha;
+      const float alpha = row[i].alpha();
       const float change = job.grain->at(x + i, y) * job.grainStrength * (alpha / 255);
-      const auto moved = [&](float value) { return std::clamp(value + change, 0.0F, alpha); };
-      row[i] = {moved(row[i].red), moved(row[i].green), moved(row[i].blue), alpha};
+      const Rgba moved = row[i] + Rgba(change, change, change, 0);
+      row[i] = smaller(greater(moved, {}), {alpha, alpha, alpha, alpha});
     }
   }
   if (job.shadow == nullptr) return;
@@ -207,17 +203,13 @@ void GroundPainter::composeRow(int x, int y, int count, Job& job) {
     const double nodesY = (layer.field.rows() - 1) / layer.area.height();
     const int from = std::clamp(static_cast<int>((layer.area.left() - first.x()) / pointsPerPixel), 0, count);
     const int to = std::clamp(static_cast<int>((layer.area.right() - first.x()) / pointsPerPixel) + 1, from, count);
-    layer.field.sampleRow((first.x() + from * pointsPerPixel - layer.area.left()) * nodesX,
-                          (first.y() - layer.area.top()) * nodesY, pointsPerPixel * nodesX, to - from, job.line,
-                          [row = row + from](int i, float shade) {
-                            const float light = 1 - shade;
-                            const float alpha = row[i].alpha * light + 255 * shade;
-                            row[i] = row[i] * light;
-                            row[i].alpha = alpha;
-                          });
+    layer.field.sampleRow(
+        (first.x() + from * pointsPerPixel - layer.area.left()) * nodesX, (first.y() - layer.area.top()) * nodesY,
+        pointsPerPixel * nodesX, to - from, job.line,
+        [row = row + from](int i, float shade) { row[i] = row[i] * (1 - shade) + Rgba(0, 0, 0, 255 * shade); });
   }
   if (job.opaque) {
-    for (int i = 0; i < count; ++i) row[i].alpha = 255;
+    for (int i = 0; i < count; ++i) row[i].setAlpha(255);
   }
 }
 

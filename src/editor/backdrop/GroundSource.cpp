@@ -92,11 +92,6 @@ class FieldSource final : public GroundSource {
   std::vector<Rgba> line_;
 };
 
-Rgba unpacked(QRgb pixel) {
-  return {static_cast<float>(qRed(pixel)), static_cast<float>(qGreen(pixel)), static_cast<float>(qBlue(pixel)),
-          static_cast<float>(qAlpha(pixel))};
-}
-
 /// A picture that covers the document, cut where it is too wide or too high.
 class PictureSource final : public GroundSource {
  public:
@@ -114,18 +109,18 @@ class PictureSource final : public GroundSource {
     const int lastY = picture_->height() - 1;
     const double v = std::clamp(top_ + step_ * y, 0.0, static_cast<double>(lastY));
     const int upper = static_cast<int>(v);
-    const auto* above = reinterpret_cast<const QRgb*>(picture_->constScanLine(upper));
-    const auto* below = reinterpret_cast<const QRgb*>(picture_->constScanLine(std::min(upper + 1, lastY)));
+    const uchar* above = picture_->constScanLine(upper);
+    const uchar* below = picture_->constScanLine(std::min(upper + 1, lastY));
     const auto down = static_cast<float>(v - upper);
     for (int i = 0; i < count; ++i) {
       const double u = std::clamp(left_ + step_ * (x + i), 0.0, static_cast<double>(lastX));
       const int column = static_cast<int>(u);
       const int next = std::min(column + 1, lastX);
       const auto across = static_cast<float>(u - column);
-      const Rgba left = unpacked(above[column]) * (1 - down) + unpacked(below[column]) * down;
-      const Rgba right = unpacked(above[next]) * (1 - down) + unpacked(below[next]) * down;
+      const Rgba left = Rgba::fromPixel(above + column * 4) * (1 - down) + Rgba::fromPixel(below + column * 4) * down;
+      const Rgba right = Rgba::fromPixel(above + next * 4) * (1 - down) + Rgba::fromPixel(below + next * 4) * down;
       target[i] = left + (right - left) * across;
-      if (opaque_) target[i].alpha = 255;
+      if (opaque_) target[i].setAlpha(255);
     }
   }
   bool isOpaque() const override { return opaque_; }
