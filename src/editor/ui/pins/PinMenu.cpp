@@ -82,7 +82,8 @@ std::unique_ptr<QMenu> makePinMenu(PinWindowController& pin) {
   menu->addSeparator();
   add(*menu, pin, QStringLiteral("close"), qtTrId("pin.close"), QStringLiteral("Esc"), &PinWindowController::close);
   //% "Close all pins"
-  add(*menu, pin, {}, qtTrId("pin.closeAll"), {}, &PinWindowController::closeAll);
+  const QString closeAll = qtTrId("pin.closeAll");
+  add(*menu, pin, {}, closeAll, {}, &PinWindowController::closeAll);
   styleMenu(*menu);
   return menu;
 }

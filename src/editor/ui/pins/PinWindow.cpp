@@ -31,8 +31,10 @@ constexpr double opacityPerNotch = 0.1;
 constexpr double gripInside = 5;  // how far from an edge a pull resizes
 constexpr double gripOutside = 5;
 constexpr double gripCorner = 14;
-constexpr int settleTime = 250;         // until the window manager has answered, in ms
-constexpr int screenSettleTime = 1500;  // until it has moved windows after a change of the screens
+constexpr double leastChromedHeight = 40;  // a lower picture would vanish below its controls: they stand above it
+constexpr int settleTime = 250;            // until the window manager has answered, in ms
+constexpr int screenSettleTime = 1500;     // until it has moved windows after a change of the screens
+constexpr double shadowRadius = 24;
 constexpr int badgeStay = 900;
 constexpr int badgeHeight = 24;
 constexpr int badgePadding = 10;
@@ -95,14 +97,15 @@ PinWindow::PinWindow(Parts parts)
 // Geometry
 
 QMargins PinWindow::room() const {
-  // The controls of a tiny picture need more room than it has.
-  const auto side = [this](double length) {
-    const int controls = static_cast<int>(std::ceil((PinChrome::height - length) / 2));
-    return std::max(blended_ ? PanelShadow::margin() : 0, controls);
-  };
-  const int across = side(model_.frame().size.width);
-  const int down = side(model_.frame().size.height);
-  return {across, down, across, down};
+  const int shadow = blended_ ? PanelShadow::margin() : 0;
+  const double narrow = (PinChrome::height - model_.frame().size.width) / 2;
+  const int across = std::max(shadow, static_cast<int>(std::ceil(narrow)));
+  const int above = hasChromeAbove() ? std::max(shadow, PinChrome::height) : shadow;
+  return {across, above, across, shadow};
+}
+
+bool PinWindow::hasChromeAbove() const {
+  return model_.frame().size.height < leastChromedHeight;
 }
 
 QRect PinWindow::pictureInWindow() const {
@@ -137,13 +140,12 @@ void PinWindow::followLook(Describe what) {
 void PinWindow::arrangeChrome() {
   const QRect picture = pictureInWindow();
   const auto tier = model_.chromeTier();
-  const auto inset = [](int length) {
-    const int spare = (length - PinChrome::height) / 2;
-    return std::min(static_cast<int>(PinGeometry::chromeInset), spare);
-  };
-  const int across = inset(picture.width());
-  const int width = std::max(picture.width() - 2 * across, PinChrome::widthOf(tier));
-  chrome_->arrange(tier, {picture.left() + across, picture.top() + inset(picture.height()), width, PinChrome::height});
+  constexpr int inset = static_cast<int>(PinGeometry::chromeInset);
+  const int width = std::max(picture.width() - 2 * inset, PinChrome::widthOf(tier));
+  QRect area(0, 0, width, PinChrome::height);
+  area.moveCenter(picture.center());
+  area.moveTop(hasChromeAbove() ? picture.top() - PinChrome::height : picture.top() + inset);
+  chrome_->arrange(tier, area);
   chrome_->setScale(model_.scale());
 }
 
@@ -242,7 +244,8 @@ void PinWindow::paintShadow(QPainter& painter, const QRectF& picture) {
   painter.save();
   painter.setClipRegion((QRegion(rect()) - body) + corners, Qt::IntersectClip);
   painter.setOpacity(model_.opacity());
-  shadow_.paint(painter, picture, radius);
+  // The blur needs some body to be dark enough: sharp corners cast a slightly round shadow.
+  shadow_.paint(painter, picture, std::min({shadowRadius, picture.width() / 2, picture.height() / 2}));
   if (corner > 0) {
     painter.setOpacity(1);
     painter.setClipRegion(corners, Qt::IntersectClip);

@@ -82,6 +82,7 @@ class PinWindow final : public QWidget {
   enum class Grip { None, Pressed, Moving, Resizing, DraggingOut };
 
   QMargins room() const;
+  bool hasChromeAbove() const;
   QRect pictureInWindow() const;
   QSize deviceSize(const QPainter& painter) const;
   double cornerRadius(const QRectF& picture) const;
