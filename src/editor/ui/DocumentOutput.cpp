@@ -64,4 +64,11 @@ DocumentOutput::JobPtr DocumentOutput::save(const ImageDocument& document, const
       std::move(done));
 }
 
+void DocumentOutput::exportPng(const ImageDocument& document, std::function<void(std::span<const std::byte>)> done) {
+  queue_.async([document, done = std::move(done)] {
+    const auto made = picture(document, Job());
+    done(made ? (*made)->bytes().value_or(std::span<const std::byte>()) : std::span<const std::byte>());
+  });
+}
+
 }  // namespace vellora

@@ -3,6 +3,7 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <span>
 
 #include <QString>
 
@@ -53,6 +54,9 @@ class DocumentOutput {
   /// Writes the document's picture to `path`, replacing what is there in one step. Answers with the path.
   JobPtr save(const ImageDocument& document, const QString& path, PictureFormat format,
               std::function<void(Outcome<QString>)> done);
+
+  /// Gives the picture's PNG form to `done` on the queue itself; nothing when it cannot be made.
+  void exportPng(const ImageDocument& document, std::function<void(std::span<const std::byte>)> done);
 
   /// Runs something else on the queue, after what is under way. Its callback must not touch this object.
   void async(SerialQueue::Task task) { queue_.async(std::move(task)); }

@@ -54,7 +54,7 @@ Modifiers modifiersOf(Qt::KeyboardModifiers modifiers) {
 
 KeyInput keyInputOf(const QKeyEvent& event, double pointsPerScreenPoint) {
   KeyInput input;
-  input.key = keyOf(event.key());
+  input.key = event.matches(QKeySequence::SelectAll) ? KeyInput::Key::SelectAll : keyOf(event.key());
   input.modifiers = modifiersOf(event.modifiers());
   // A control character is a key's name, not text.
   if (!event.text().isEmpty() && event.text().front().isPrint()) input.text = event.text();

@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "editor/canvas/Cropping.h"
 #include "editor/ui/canvas/CanvasOverlay.h"
 
 namespace vellora {
@@ -44,23 +45,20 @@ void addText(OverlayContent& content, const CanvasModel& model, const CanvasMode
              const QTransform& toView) {
   if (const auto outline = model.outlineOf(edit.id)) content.textFrame = placed(*outline, toView);
   for (const Rect& rect : edit.selected) content.textSelection.push_back(placed(rect, toView));
+  for (const Rect& rect : edit.composed) {
+    content.composing.push_back(placedLine({rect.minX(), rect.maxY()}, {rect.maxX(), rect.maxY()}, toView));
+  }
   const Rect& cursor = edit.cursorRect;
   content.cursor = placedLine(cursor.origin, {cursor.minX(), cursor.maxY()}, toView);
 }
 
 void addCrop(OverlayContent& content, const CanvasModel& model, std::uint64_t id, const QTransform& toView) {
-  const auto onPixels = [&](const QRectF& rect) {
-    const QRectF mapped = toView.mapRect(rect);
+  const auto onPixels = [&](const Rect& rect) {
+    const QRectF mapped = toView.mapRect(QRectF(rect.minX(), rect.minY(), rect.size.width, rect.size.height));
     return QRect(mapped.topLeft().toPoint(), mapped.bottomRight().toPoint() - QPoint(1, 1));
   };
   for (const CapturePiece& piece : model.document().pieces) {
-    if (piece.id != id || piece.visibleRect.isEmpty()) continue;
-    const double across = piece.pointSize.width / piece.visibleRect.size.width;
-    const double down = piece.pointSize.height / piece.visibleRect.size.height;
-    const QRectF frame(piece.origin.x, piece.origin.y, piece.pointSize.width, piece.pointSize.height);
-    const QRectF whole(frame.x() - piece.visibleRect.minX() * across, frame.y() - piece.visibleRect.minY() * down,
-                       piece.sourceSize.width * across, piece.sourceSize.height * down);
-    content.crop = OverlayContent::Crop{onPixels(frame), onPixels(whole)};
+    if (piece.id == id) content.crop = OverlayContent::Crop{onPixels(piece.frame()), onPixels(sourceFrame(piece))};
   }
 }
 
@@ -92,6 +90,7 @@ OverlayContent overlayOf(const CanvasModel& model, const QTransform& toView, boo
     if (const auto outline = model.outlineOf(*hovered)) content.hovered = placed(*outline, toView);
   }
   if (const auto marquee = model.marquee()) content.marquee = placed(*marquee, toView);
+  for (const Guide& guide : model.guides()) content.guides.push_back(placedLine(guide.from, guide.to, toView));
   if (edit) addText(content, model, *edit, toView);
   return content;
 }

@@ -26,15 +26,6 @@ QRect onPlane(const Rect& rect, double scale) {
   return {left, top, rounded(rect.maxX() * scale) - left, rounded(rect.maxY() * scale) - top};
 }
 
-/// The same with every pixel it touches and one more, for smoothed edges.
-QRect coveredOnPlane(const Rect& rect, double scale) {
-  if (!(rect.size.width >= 0 && rect.size.height >= 0)) return QRect();
-  const int left = rounded(std::floor(rect.minX() * scale)) - 1;
-  const int top = rounded(std::floor(rect.minY() * scale)) - 1;
-  return {left, top, rounded(std::ceil(rect.maxX() * scale)) + 1 - left,
-          rounded(std::ceil(rect.maxY() * scale)) + 1 - top};
-}
-
 /// Everything, as far as views go.
 QRect wholePlane() {
   return {-farthest, -farthest, 2 * farthest, 2 * farthest};
@@ -53,8 +44,7 @@ QRegion CanvasScene::setDocument(const ImageDocument& document, double scale) {
   document_ = document;
   layout_ = layout;
   if (moved) return wholePlane();
-  if (changed.size.width == 0 && changed.size.height == 0) return {};
-  return coveredOnPlane(changed, scale);
+  return repaintRect(changed, QTransform::fromScale(scale, scale));
 }
 
 void CanvasScene::paint(QImage& target, const QRect& clip, QPoint planeToTarget, double scale, double ratio) {

@@ -12,6 +12,7 @@
 #include <QStyleHints>
 #include <QTimerEvent>
 
+#include "editor/canvas/Cropping.h"
 #include "editor/ui/canvas/CanvasHints.h"
 #include "editor/ui/canvas/CanvasViewPrivate.h"
 #include "kit/Paint.h"
@@ -47,16 +48,6 @@ QRegion inPixels(const QRegion& points, double ratio) {
     pixels += QRectF(QPointF(rect.topLeft()) * ratio, QSizeF(rect.size()) * ratio).toAlignedRect();
   }
   return pixels;
-}
-
-/// Takes a piece's crop away: the whole source, lying where it lay.
-void uncrop(CapturePiece& piece) {
-  if (!(piece.visibleRect.size.width > 0 && piece.visibleRect.size.height > 0)) return;
-  const double across = piece.pointSize.width / piece.visibleRect.size.width;
-  const double down = piece.pointSize.height / piece.visibleRect.size.height;
-  piece.origin = {piece.origin.x - piece.visibleRect.minX() * across, piece.origin.y - piece.visibleRect.minY() * down};
-  piece.pointSize = {piece.sourceSize.width * across, piece.sourceSize.height * down};
-  piece.visibleRect = {{0, 0}, piece.sourceSize};
 }
 
 }  // namespace
@@ -134,7 +125,7 @@ ImageDocument CanvasView::Private::presented() const {
   if (const auto cropped = model.croppedPiece(); model.isCropping() && cropped) {
     document.backdrop.enabled = false;
     for (CapturePiece& piece : document.pieces) {
-      if (piece.id == *cropped) uncrop(piece);
+      if (piece.id == *cropped) piece = uncropped(piece);
     }
   }
   const auto edit = model.textEdit();

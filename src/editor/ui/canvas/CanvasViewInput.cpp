@@ -13,10 +13,10 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
+#include <QStyleHints>
 #include <QTabletEvent>
 #include <QWheelEvent>
 
-#include "editor/painting/TextLayout.h"
 #include "editor/ui/canvas/CanvasHints.h"
 #include "editor/ui/canvas/CanvasViewPrivate.h"
 
@@ -174,7 +174,14 @@ void CanvasView::mousePressEvent(QMouseEvent* event) {
     d_->startPan(event->position());
   } else if (event->button() == Qt::LeftButton && !d_->panFrom) {
     d_->pointerPressure = 0.5;
-    d_->press(d_->pointerAt(event->position(), event->modifiers()));
+    PointerEvent at = d_->pointerAt(event->position(), event->modifiers());
+    const QStyleHints& style = *QGuiApplication::styleHints();
+    const bool third = d_->sinceDoubleClick.isValid() &&
+                       d_->sinceDoubleClick.elapsed() < style.mouseDoubleClickInterval() &&
+                       (event->position() - d_->doubleClickAt).manhattanLength() < style.mouseDoubleClickDistance();
+    if (third) at.clicks = 3;
+    d_->sinceDoubleClick.invalidate();
+    d_->press(at);
   } else if (event->button() == Qt::RightButton && d_->gesturePlacement) {
     d_->model.cancelGesture();
   }
@@ -220,6 +227,8 @@ void CanvasView::mouseDoubleClickEvent(QMouseEvent* event) {
     mousePressEvent(event);
   } else {
     d_->model.doubleClick(at);
+    d_->sinceDoubleClick.start();
+    d_->doubleClickAt = event->position();
   }
 }
 
@@ -392,7 +401,11 @@ void CanvasView::inputMethodEvent(QInputMethodEvent* event) {
     d_->model.setComposing({});
     d_->model.insertText(event->commitString());
   }
-  d_->model.setComposing(event->preeditString());
+  int cursor = -1;
+  for (const QInputMethodEvent::Attribute& attribute : event->attributes()) {
+    if (attribute.type == QInputMethodEvent::Cursor) cursor = attribute.start;
+  }
+  d_->model.setComposing(event->preeditString(), cursor);
   event->accept();
 }
 

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include <QBasicTimer>
+#include <QElapsedTimer>
 #include <QVariantAnimation>
 
 #include "editor/ui/canvas/CanvasBacking.h"
@@ -90,6 +91,8 @@ struct CanvasView::Private {
   QPointF pointer;  // where it was last, in the view
   Qt::KeyboardModifiers pointerModifiers;
   double pointerPressure = 0.5;
+  QElapsedTimer sinceDoubleClick;
+  QPointF doubleClickAt;
   QString hint;
   bool dropping = false;  // something that can be dropped is over the canvas
   std::optional<Eyedropper> eyedropper;
