@@ -17,7 +17,9 @@ class BackdropStyles;
 class CanvasModel;
 class CanvasView;
 class CustomColors;
+class DocumentDelivery;
 class DocumentOutput;
+class EditorCommands;
 class EditorSettings;
 class RunLoop;
 class SharedPng;
@@ -89,14 +91,16 @@ class EditorWindow final : public QWidget {
   /// The document as it is now, what is being drawn or typed included.
   const ImageDocument& document() const;
   Date capturedAt() const;
-  /// Whether anything was changed since the window opened, and not taken back.
-  bool isEdited() const;
+  /// The document went on to be a pin: whoever keeps it now is not this window.
+  bool becamePin() const;
 
   /// Puts a picture beside what is there, as one undoable step.
   void addPiece(CapturePiece piece);
 
   CanvasModel& model();
   CanvasView& canvas();
+  EditorCommands& commands();
+  DocumentDelivery& delivery();
 
  signals:
   /// The window is closing; document() is what it leaves. Sent once, before it is deleted.
@@ -104,10 +108,7 @@ class EditorWindow final : public QWidget {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  void dragEnterEvent(QDragEnterEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   struct Private;
