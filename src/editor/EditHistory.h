@@ -15,9 +15,9 @@ class EditHistory {
 
   const ImageDocument& current() const { return current_; }
 
-  /// Makes `next` the document as one undoable step. Steps that follow each other with the same non-empty
-  /// `coalescingKey` ("lineWidth 17", one per slider, drag or run of typing) become one; endCoalescing() or any other
-  /// step ends the run.
+  /// Makes `next` the document as one undoable step; a document like the current one makes none. Steps that follow each
+  /// other with the same non-empty `coalescingKey` ("lineWidth 17", one per slider, drag or run of typing) become one,
+  /// or none when they end where they began; endCoalescing() or any other step ends the run.
   void apply(ImageDocument next, std::string coalescingKey = {});
   void endCoalescing() { openKey_.clear(); }
 
@@ -27,7 +27,7 @@ class EditHistory {
   bool undo();
   bool redo();
 
-  /// How many steps lie behind; tells whether two states of one history are the same.
+  /// Tells two states of one history apart: the same number, the same document.
   std::uint64_t revision() const { return revision_; }
 
  private:
@@ -38,7 +38,8 @@ class EditHistory {
   ImageDocument current_;
   std::vector<Step> undo_;
   std::vector<Step> redo_;
-  std::string openKey_;
+  std::string openKey_;      // of the run under way
+  bool runHasStep_ = false;  // the run's step is the last one; else it ended where it began, so far
   std::uint64_t revision_ = 0;
   std::uint64_t lastRevision_ = 0;
 };

@@ -22,11 +22,28 @@ struct PointerEvent {
   double pointsPerScreenPoint;  ///< how many document points a screen point covers: tolerances are in screen points
   Modifiers modifiers;
   double pressure = 0.5;  ///< of a pen, 0 to 1; 0.5 for a mouse
+  int clicks = 1;         ///< 3: the third press of a triple click
 };
 
 /// A key, freed of any window system's names.
 struct KeyInput {
-  enum class Key { Left, Right, Up, Down, Home, End, Backspace, Delete, Return, Tab, Backtab, Escape, Space, Other };
+  enum class Key {
+    Left,
+    Right,
+    Up,
+    Down,
+    Home,
+    End,
+    Backspace,
+    Delete,
+    Return,
+    Tab,
+    Backtab,
+    Escape,
+    Space,
+    SelectAll,  ///< Control+A, or what the desktop uses for it
+    Other
+  };
   Key key = Key::Other;
   Modifiers modifiers;
   QString text;  ///< what the key types

@@ -6,12 +6,15 @@
 #include <string>
 #include <vector>
 
-#include "editor/CustomColors.h"
 #include "editor/EditHistory.h"
 #include "editor/EditorSettings.h"
 #include "editor/TextMeasurer.h"
 #include "editor/ToolStylePreferences.h"
+#include "editor/canvas/Arrangement.h"
 #include "editor/canvas/CanvasInput.h"
+#include "editor/canvas/Handles.h"
+#include "editor/canvas/Snapping.h"
+#include "editor/canvas/Styling.h"
 
 namespace vellora {
 
@@ -24,56 +27,27 @@ enum class CanvasChange {
   Text,   ///< the text cursor, its selection or the composed text
 };
 
-/// What the controls beside the canvas show and set. An absent value: the selected things differ in it, or have none.
-struct StyleState {
-  std::optional<ColorComponents> color;
-  std::optional<double> lineWidth;
-  std::optional<bool> textBackground;
-  std::optional<bool> textHandwritten;
-  std::optional<bool> sketch;
-  std::optional<bool> shapeFill;
-  std::optional<BlurStyle> blurStyle;
-  std::optional<double> blurStrength;
-  std::optional<ColorComponents> eraseFillColor;
-  std::optional<double> magnification;
-  std::optional<MagnifierShape> magnifierShape;
-  /// The kinds the controls are for: those selected, else the tool's own; empty for an idle selection tool.
-  std::set<Annotation::Kind> kinds;
-};
-
-/// Where several selected things are lined up.
-enum class Alignment { Left, CenterX, Right, Top, CenterY, Bottom };
-
-/// A picture or annotations on their way through the clipboard.
+/// Annotations on their way through the clipboard.
 struct CanvasClip {
   QByteArray annotations;  ///< "application/x-vellora-annotations": JSON
-};
-
-/// The small square or dot at which a thing is taken hold of.
-struct Handle {
-  enum class Role {
-    TopLeft,
-    Top,
-    TopRight,
-    Right,
-    BottomRight,
-    Bottom,
-    BottomLeft,
-    Left,  ///< of rectangles and crops
-    Start,
-    End,
-    Bend,       ///< of arrows and lines
-    Tail,       ///< of a counter
-    TextWidth,  ///< where a text wraps
-    Source,     ///< of a lens: what it shows
-  };
-  Role role;
-  Point position;  ///< document points, before the backdrop's placement
 };
 
 /// What the pointer and the keys do to a document: tools, hit-testing, handles, selection, text editing, cropping,
 /// undo. Every change is one undoable step, whole or not at all. Knows no window: it takes positions in document points
 /// and says what changed. Main thread.
+///
+/// **Drawing.** What is drawn is selected, so that its handles and style are at hand, and the selection tool takes
+/// over, so that it can be moved. Pen and counter stay, because one stroke or number seldom comes alone; a stroke is
+/// not selected, so that its handles are not in the way of the next. A locked tool stays in any case. With a drawing
+/// tool the handles of what is selected still work, the counter tool moves counters, and the text tool edits texts.
+///
+/// **Selecting.** A press on a thing selects and moves it, one on the bare picture draws a marquee; with several pieces
+/// it moves the piece, and what is drawn on it goes along, so that no redaction is left behind (Shift draws the marquee
+/// there too). A click on the bare picture ends a selection or, without one, selects the piece. Things line up while
+/// they are moved and resized, unless Control is held. While Alt is held a move leaves copies: their originals.
+///
+/// **Typing.** All typing in one text is one step. While it lasts, undo takes back runs of it (see TextEditor), and
+/// with none left ends it. A text that is left empty disappears.
 class CanvasModel {
  public:
   struct Services {
@@ -85,7 +59,7 @@ class CanvasModel {
   CanvasModel(ImageDocument document, Services services);
   ~CanvasModel();
 
-  /// Called after each change, once per kind of change.
+  /// Called after each call that changed something, once per kind of change.
   void onChange(std::function<void(CanvasChange)> changed);
 
   /// The document with what is being drawn or dragged at the moment.
@@ -97,6 +71,7 @@ class CanvasModel {
   Tool tool() const;
   bool isToolLocked() const;  ///< a locked tool stays after drawing; an unlocked one makes room for Select
   void setTool(Tool tool, bool locked = false);
+  /// Of the selected things, else of what the tool would draw.
   StyleState style() const;
   /// Each changes the selected things as one step (a run under one `coalescingKey` as one), and the tool's own style
   /// for what is drawn next.
@@ -133,36 +108,45 @@ class CanvasModel {
   const std::set<AnnotationId>& selection() const;
   std::optional<std::uint64_t> selectedPiece() const;
   void select(std::set<AnnotationId> ids);
-  void selectAll();
+  void selectPiece(std::optional<std::uint64_t> piece);
+  void selectAll();                ///< all annotations; while typing, all of the text
   void selectNext(int direction);  ///< by Tab, in z-order
   std::vector<Handle> handles() const;
   std::optional<Rect> marquee() const;
+  /// What the thing being dragged lines up with.
+  const std::vector<Guide>& guides() const;
   /// The outline to draw around a selected or hovered thing.
   std::optional<Rect> outlineOf(AnnotationId id) const;
   std::optional<AnnotationId> hovered() const;
 
   // Commands on the selection
   bool canDelete() const;
+  /// Deletes the selected annotations, or the selected piece with what is drawn on it; never the last piece.
   void deleteSelection();
   void duplicateSelection();
+  /// In document points; nudges in a row are one step.
   void nudge(double dx, double dy);
   void align(Alignment alignment);
+  /// Of three and more.
+  void distribute(Distribution way);
   void bringForward();
   void sendBackward();
   void bringToFront();
   void sendToBack();
   std::optional<CanvasClip> copySelection() const;
-  /// Pastes annotations near `place`; false when the bytes are none of ours.
+  /// Pastes annotations around `place`, else where they were; each time they are pasted again a little further. False
+  /// when the bytes are none of ours.
   bool paste(const CanvasClip& clip, std::optional<Point> place);
 
   // Pieces
   void addPiece(CapturePiece piece);
   /// Puts a pasted or dropped picture in the middle of `place`.
   void addPiece(CapturePiece piece, Point center);
-  void beginCrop(std::optional<std::uint64_t> piece = std::nullopt);  ///< the selected piece, else the first
+  /// Shows the crop of the selected piece, else of the first. Each drag of its edges is one step, as is resetting it.
+  void beginCrop(std::optional<std::uint64_t> piece = std::nullopt);
   bool isCropping() const;
   std::optional<std::uint64_t> croppedPiece() const;
-  void resetCrop();
+  void resetCrop();  ///< of the piece being cropped, else of the selected, else of the first
   void endCrop();
 
   // Undo
@@ -176,16 +160,18 @@ class CanvasModel {
   // Text editing
   struct TextEdit {
     AnnotationId id;
-    int cursor = 0;              ///< UTF-16 offset
-    int anchor = 0;              ///< the other end of the text selection
-    QString composing;           ///< of the input method, shown at the cursor and part of no step
-    Rect cursorRect;             ///< document points
+    int cursor = 0;     ///< UTF-16 offset
+    int anchor = 0;     ///< the other end of the text selection
+    QString composing;  ///< of the input method, shown at the cursor and part of no step; document() is without
+    Rect cursorRect;    ///< document points; where the text is shown with what is composed
     std::vector<Rect> selected;  ///< document points
+    std::vector<Rect> composed;  ///< document points: where what is composed stands
   };
   std::optional<TextEdit> textEdit() const;
   void editText(AnnotationId id);
   void insertText(const QString& text);
-  void setComposing(const QString& text);
+  /// `cursor`: within the composed text; -1: at its end.
+  void setComposing(const QString& text, int cursor = -1);
   QString selectedText() const;
   void endTextEdit();
 
