@@ -12,7 +12,7 @@ struct LayerShape {
   double opacity;
 };
 
-constexpr LayerShape shapes[] = {{0.040, 0.030, 0.62}, {0.012, 0.010, 0.40}, {0.0028, 0.002, 0.34}};
+constexpr LayerShape shapes[] = {{0.040, 0.038, 0.62}, {0.012, 0.010, 0.40}, {0.0028, 0.002, 0.34}};
 
 constexpr double nodesPerBlur = 4.0;
 constexpr int mostNodes = 1400;  // along a side

@@ -258,9 +258,9 @@ OkLab lagoon(Place p, float aspect) {
   const Place q = flowing({p.x * stretch, p.y}, 0.05F, 1.1F, 0.21F);
   const float first = std::abs(valueNoise(q.x * 5.2F, q.y * 5.2F) - 0.5F);
   const float second = std::abs(valueNoise(q.x * 6.1F + 31.0F, q.y * 6.1F + 17.0F) - 0.5F);
-  const float net = decay(first * 14.0F) + decay(second * 14.0F);
+  const float net = decay(first * 9.0F) + decay(second * 9.0F);
   const float shallow = smooth(1.25F, 0.15F, length((p.x - 0.12F) * stretch * 0.8F, p.y - 0.86F));
-  color = lighter(color, (0.075F * net - 0.03F) * shallow);
+  color = lighter(color, (0.062F * net * net - 0.03F) * shallow);
   return lighter(color, 0.03F * (clouds(p.x * stretch * 2, p.y * 2, 3) - 0.45F));
 }
 

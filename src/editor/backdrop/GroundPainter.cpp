@@ -15,8 +15,9 @@ namespace {
 
 constexpr int stripHeight = 64;
 constexpr float grainStrength = 30;  // of 255, at full intensity
-constexpr float glowStrength = 0.80F;
-constexpr float glowShade = 0.30F;  // how much darker it gets far from the glow
+constexpr float glowGain = 0.7F;     // how much stronger colours get in the glow
+constexpr float glowVeil = 0.55F;    // how much of them turns white
+constexpr float glowShade = 0.26F;   // how much darker it gets far from the glow
 
 /// The 8 × 8 matrix of ordered dithering, as thresholds between 0 and 1.
 const std::array<std::array<float, 8>, 8>& ditherThresholds() {
@@ -61,10 +62,12 @@ class Glow {
     for (int i = 0; i < count; ++i) {
       const auto& column = columns_[static_cast<std::size_t>(x + i)];
       const float light = 0.55F * core * column[0] + 0.45F * halo * column[1];
-      const float kept = (1 - glowShade * intensity_ * (1 - light)) * (1 - glowStrength * intensity_ * light);
-      const float added = glowStrength * intensity_ * light * row[i].alpha();
       const float alpha = row[i].alpha();
-      row[i] = row[i] * kept + Rgba(added, added, added * 0.97F, 0);
+      // Lit colours first grow stronger, as if light fell on them, and then fade into white.
+      const float lit = (1 - glowShade * intensity_ * (1 - light)) * (1 + glowGain * intensity_ * light);
+      const float veil = glowVeil * intensity_ * light;
+      const Rgba bright = smaller(row[i] * lit, {alpha, alpha, alpha, alpha});
+      row[i] = bright * (1 - veil) + Rgba(alpha, alpha, alpha * 0.97F, 0) * veil;
       row[i].setAlpha(alpha);
     }
   }

@@ -163,6 +163,23 @@ void writeSheets(const QDir& folder, const QList<QImage>& images) {
   }
 }
 
+/// The curated pictures alone.
+void writeCurated(const QDir& folder) {
+  const QSize cell(800, 450);
+  QImage page(cell.width() * 2, cell.height() * 4, QImage::Format_RGB32);
+  page.fill(QColor(0x808080));
+  QPainter painter(&page);
+  BackdropPainter backdrop;
+  int index = 0;
+  for (const char* identifier : curatedPictures) {
+    const QPoint corner(index % 2 * cell.width(), index / 2 * cell.height());
+    backdrop.drawBackground(painter, QRectF(corner, cell), curated(identifier));
+    ++index;
+  }
+  painter.end();
+  page.save(folder.filePath(QStringLiteral("curated.png")));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -187,5 +204,6 @@ int main(int argc, char** argv) {
     images << image;
   }
   writeSheets(folder, images);
+  writeCurated(folder);
   return 0;
 }
