@@ -1,9 +1,14 @@
 #include "editor/canvas/AnnotationGeometry.h"
 
+#include <algorithm>
 #include <limits>
-#include <numbers>
+
+#include "editor/canvas/PlaneGeometry.h"
 
 namespace vellora {
+
+using namespace geometry;
+
 namespace {
 
 using Kind = Annotation::Kind;
@@ -35,14 +40,6 @@ class Bounds {
 };
 
 }  // namespace
-
-Point inStepsOf45(Point from, Point to) {
-  const Point way = difference(to, from);
-  constexpr double step = std::numbers::pi / 4;
-  const double angle = std::round(std::atan2(way.y, way.x) / step) * step;
-  const Point direction{std::cos(angle), std::sin(angle)};
-  return sum(from, scaled(direction, way.x * direction.x + way.y * direction.y));
-}
 
 std::vector<Point> shaftOf(const Annotation& annotation) {
   const Point a = annotation.p1;

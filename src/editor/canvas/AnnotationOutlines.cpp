@@ -1,8 +1,11 @@
 #include "editor/canvas/AnnotationOutlines.h"
 
 #include "editor/canvas/AnnotationGeometry.h"
+#include "editor/canvas/PlaneGeometry.h"
 
 namespace vellora {
+
+using namespace geometry;
 
 Rect AnnotationOutlines::of(const AnnotationPtr& annotation) {
   // Far beyond what a document holds; only entries of deleted things pile up.

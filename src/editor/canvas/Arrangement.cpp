@@ -4,8 +4,12 @@
 #include <map>
 
 #include "editor/canvas/AnnotationGeometry.h"
+#include "editor/canvas/PlaneGeometry.h"
 
 namespace vellora {
+
+using namespace geometry;
+
 namespace {
 
 constexpr int highestNumber = 1'000'000;

@@ -7,8 +7,12 @@
 #include "editor/canvas/Cropping.h"
 #include "editor/canvas/DragGestures.h"
 #include "editor/canvas/HitTesting.h"
+#include "editor/canvas/PlaneGeometry.h"
 
 namespace vellora {
+
+using namespace geometry;
+
 namespace {
 
 std::vector<AnnotationId> newIds(std::size_t count) {

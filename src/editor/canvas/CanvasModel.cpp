@@ -5,8 +5,12 @@
 
 #include "editor/canvas/AnnotationGeometry.h"
 #include "editor/canvas/CanvasModelPrivate.h"
+#include "editor/canvas/PlaneGeometry.h"
 
 namespace vellora {
+
+using namespace geometry;
+
 namespace {
 
 /// Revisions of documents that are no step yet.

@@ -1,14 +1,17 @@
 #include <algorithm>
 #include <utility>
 
-#include "editor/canvas/AnnotationGeometry.h"
 #include "editor/canvas/CanvasModelPrivate.h"
 #include "editor/canvas/Cropping.h"
 #include "editor/canvas/DragGestures.h"
 #include "editor/canvas/DrawGestures.h"
 #include "editor/canvas/HitTesting.h"
+#include "editor/canvas/PlaneGeometry.h"
 
 namespace vellora {
+
+using namespace geometry;
+
 namespace {
 
 /// How far the pointer moves before a press becomes a drag, in screen points.

@@ -6,6 +6,7 @@
 #include "editor/canvas/CanvasModelPrivate.h"
 
 namespace vellora {
+
 namespace {
 
 using Kind = Annotation::Kind;

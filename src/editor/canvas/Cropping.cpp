@@ -2,9 +2,12 @@
 
 #include <algorithm>
 
-#include "editor/canvas/AnnotationGeometry.h"
+#include "editor/canvas/PlaneGeometry.h"
 
 namespace vellora {
+
+using namespace geometry;
+
 namespace {
 
 double usableScale(double scale) {

@@ -6,8 +6,12 @@
 #include "editor/canvas/Arrangement.h"
 #include "editor/canvas/Cropping.h"
 #include "editor/canvas/HitTesting.h"
+#include "editor/canvas/PlaneGeometry.h"
 
 namespace vellora {
+
+using namespace geometry;
+
 namespace {
 
 CapturePiece* findPiece(ImageDocument& document, std::uint64_t id) {

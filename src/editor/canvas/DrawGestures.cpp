@@ -4,8 +4,12 @@
 #include <numbers>
 
 #include "editor/canvas/AnnotationGeometry.h"
+#include "editor/canvas/PlaneGeometry.h"
 
 namespace vellora {
+
+using namespace geometry;
+
 namespace {
 
 using Kind = Annotation::Kind;

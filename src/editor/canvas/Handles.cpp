@@ -4,8 +4,12 @@
 
 #include "editor/ToolStyle.h"
 #include "editor/canvas/AnnotationGeometry.h"
+#include "editor/canvas/PlaneGeometry.h"
 
 namespace vellora {
+
+using namespace geometry;
+
 namespace {
 
 using Kind = Annotation::Kind;

@@ -1,13 +1,19 @@
 #include "editor/canvas/HitTesting.h"
 
 #include <algorithm>
+#include <array>
+#include <limits>
 #include <numbers>
 #include <ranges>
 #include <span>
 
 #include "editor/canvas/AnnotationGeometry.h"
+#include "editor/canvas/PlaneGeometry.h"
 
 namespace vellora {
+
+using namespace geometry;
+
 namespace {
 
 using Kind = Annotation::Kind;

@@ -1,8 +1,10 @@
 #include "editor/canvas/Snapping.h"
 
-#include "editor/canvas/AnnotationGeometry.h"
+#include "editor/canvas/PlaneGeometry.h"
 
 namespace vellora {
+
+using namespace geometry;
 
 Snapper::Snapper(const ImageDocument& document, AnnotationOutlines& outlines, const std::set<AnnotationId>& dragged,
                  std::optional<std::uint64_t> draggedPiece) {

@@ -2,10 +2,13 @@
 
 #include <algorithm>
 
-#include "editor/canvas/AnnotationGeometry.h"
+#include "editor/canvas/PlaneGeometry.h"
 #include "editor/canvas/TextBoundaries.h"
 
 namespace vellora {
+
+using namespace geometry;
+
 namespace {
 
 using Key = KeyInput::Key;
