@@ -301,7 +301,9 @@ void CanvasView::Private::finishZoom() {
 void CanvasView::setZoom(double zoom, QPointF at) {
   d_->stopFitting();
   const QPointF pixel = d_->pixelAt(at);
-  const bool goesOn = d_->zoomAnimation.state() == QAbstractAnimation::Running && d_->zooming.at == pixel;
+  // Steps at one place go on from the same point of the document: rounding to whole pixels does not add up.
+  const QPointF before = d_->viewport.toView().map(d_->zooming.fixed) - pixel;
+  const bool goesOn = d_->zooming.at == pixel && std::max(std::abs(before.x()), std::abs(before.y())) <= 1;
   d_->animateZoom(zoom, goesOn ? d_->zooming.fixed : d_->viewport.documentAt(pixel), pixel);
 }
 

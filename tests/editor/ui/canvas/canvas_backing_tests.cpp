@@ -110,10 +110,10 @@ TEST_F(CanvasBackingTest, MovingPaintsOnlyWhatCameIntoView) {
     backing.paint(moved, {}, unlimited);
   }
   EXPECT_LE(plane.painted, 10 * (12 * 450 + 5 * 600));
-  // Back again within what is kept: nothing at all.
+  // A step back, within what is kept: nothing at all.
   const std::int64_t before = plane.painted;
-  backing.show(visible.translated(112, -48), 1);
-  EXPECT_TRUE(backing.paint(visible.translated(112, -48), {}, unlimited).isEmpty());
+  backing.show(visible.translated(12 * 9, -5 * 9), 1);
+  EXPECT_TRUE(backing.paint(visible.translated(12 * 9, -5 * 9), {}, unlimited).isEmpty());
   EXPECT_EQ(plane.painted, before);
 }
 
