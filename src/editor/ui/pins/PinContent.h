@@ -29,7 +29,7 @@ struct PinContent {
 
 /// Where a new pin goes.
 struct PinPlacement {
-  QScreen* screen = nullptr;     ///< null: the one with the pointer
+  QScreen* screen = nullptr;     ///< null: the one of `center`, else of the pointer
   std::optional<QPoint> center;  ///< in the desktop's points; absent: in the middle of the screen
   double scale = 1;              ///< wanted; less where the picture would not fit the screen
 };

@@ -172,6 +172,13 @@ void PinWindow::showEvent(QShowEvent* event) {
     hints_->setShadowMargin(winId(), static_cast<int>(std::lround(margin * devicePixelRatioF())));
   }
   limitInput();
+  windowHandle()->installEventFilter(this);
+}
+
+bool PinWindow::eventFilter(QObject* watched, QEvent* event) {
+  // Window managers that put a frame around the window learn only of changes made after that.
+  if (event->type() == QEvent::Expose && watched == windowHandle()) limitInput();
+  return QWidget::eventFilter(watched, event);
 }
 
 void PinWindow::resizeEvent(QResizeEvent*) {

@@ -50,7 +50,8 @@ std::shared_ptr<SharedPng> PinWindowController::pngCache() {
 }
 
 void PinWindowController::show(const PinPlacement& placement) {
-  QScreen* screen = placement.screen != nullptr ? placement.screen : QGuiApplication::screenAt(QCursor::pos());
+  QScreen* screen = placement.screen;
+  if (screen == nullptr) screen = QGuiApplication::screenAt(placement.center.value_or(QCursor::pos()));
   if (screen == nullptr) screen = QGuiApplication::primaryScreen();
   if (screen != nullptr) window_->setScreen(screen);
   std::optional<Point> center;
