@@ -187,12 +187,12 @@ ColorPicker::ColorPicker(const QColor& color, QWidget* parent)
   column->addWidget(alphaStrip_);
   auto* row = new QHBoxLayout;
   row->setSpacing(tokens::space2);
-  //% "Colour as a hexadecimal number"
+  //% "Color as a hexadecimal number"
   hex_->setAccessibleName(qtTrId("color.hex"));
   hex_->setToolTip(hex_->accessibleName());
   hex_->setMaxLength(9);
   row->addWidget(hex_, 1);
-  //% "Pick a colour from the screen"
+  //% "Pick a color from the screen"
   auto* dropper = new IconButton(QStringLiteral("eyedropper"), qtTrId("color.eyedropper"), {}, this);
   dropper->setIconSide(16);
   row->addWidget(dropper);

@@ -54,7 +54,7 @@ bool hasColor(Annotation::Kind kind) {
 void openColorPopover(StyleContext& context, QWidget* owner, const ColorComponents& color,
                       std::function<void(const ColorComponents&)> changed, std::function<void()> settled,
                       std::function<void()> removed) {
-  //% "Colour"
+  //% "Color"
   auto* popover = new Popover(qtTrId("editor.color"), owner);
   auto* column = new QVBoxLayout(popover);
   column->setContentsMargins({});
@@ -71,7 +71,7 @@ void openColorPopover(StyleContext& context, QWidget* owner, const ColorComponen
     });
   });
   if (removed) {
-    //% "Delete Colour"
+    //% "Delete Color"
     auto* remove = new Button(Button::Role::Quiet, qtTrId("editor.swatch.delete"), popover);
     remove->setIconName(QStringLiteral("trash"));
     QObject::connect(remove, &Button::clicked, popover, [popover, removed] {
@@ -92,8 +92,9 @@ ColorSection::ColorSection(StyleContext& styleContext, QWidget* parent) : StyleS
   for (std::size_t i = 0; i < Palette::swatches.size(); ++i) {
     addSwatch(Palette::swatches[i], names[static_cast<qsizetype>(i)], QString::number(i + 1));
   }
-  //% "Add a colour of your own"
-  add_ = new ColorSwatch({}, qtTrId("editor.swatch.add"), this);
+  //% "Add a color of your own"
+  const QString addTitle = qtTrId("editor.swatch.add");
+  add_ = new ColorSwatch({}, addTitle, this);
   connect(add_, &ColorSwatch::clicked, this, &ColorSection::addCustomColor);
   row->addWidget(add_);
   layOutCustomColors();
@@ -136,7 +137,7 @@ void ColorSection::layOutCustomColors() {
   }
   for (std::size_t i = 0; i < colors.size(); ++i) {
     custom_[i]->setColor(toQColor(colors[i]));
-    //% "Your colour %1 (double click to edit)"
+    //% "Your color %1 (double click to edit)"
     custom_[i]->setTitle(qtTrId("editor.swatch.tooltip").arg(hexOfColor(toQColor(colors[i]))));
   }
   add_->setVisible(colors.size() < CustomColors::limit);
@@ -183,7 +184,7 @@ void ColorSection::openPicker(std::size_t customIndex, QWidget* owner) {
 
 void ColorSection::openMenu(std::size_t customIndex, const QPoint& at) {
   QMenu menu;
-  //% "Edit Colour…"
+  //% "Edit Color…"
   QAction* edit = menu.addAction(icon(QStringLiteral("editor")), qtTrId("editor.swatch.edit"));
   QAction* remove = menu.addAction(icon(QStringLiteral("trash")), qtTrId("editor.swatch.delete"));
   styleMenu(menu);

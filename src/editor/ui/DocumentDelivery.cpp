@@ -50,6 +50,16 @@ QString failureText(DocumentOutputError error) {
   return {};
 }
 
+QString copyingText() {
+  //% "Copying…"
+  return qtTrId("editor.progress.copy");
+}
+
+QString savingText() {
+  //% "Saving…"
+  return qtTrId("editor.progress.save");
+}
+
 void tellFailure(DocumentOutputError error, QScreen* screen) {
   if (error != DocumentOutputError::Cancelled) Toast::show({}, failureText(error), ToastKind::Failure, screen);
 }
@@ -155,9 +165,7 @@ void DocumentDelivery::output(bool copy, bool save) {
           if (ok && copy) copied();
         });
       });
-  //% "Copying…"
-  //% "Saving…"
-  begin(job, copy ? qtTrId("editor.progress.copy") : qtTrId("editor.progress.save"));
+  begin(job, copy ? copyingText() : savingText());
 }
 
 void DocumentDelivery::noteCopied(std::uint64_t revision) {
@@ -247,9 +255,10 @@ void DocumentDelivery::saveTo(const QString& path, PictureFormat format) {
         ended();
         if (!saved) return tellFailure(saved.error(), screen);
         //% "Saved %1"
-        Toast::show({}, qtTrId("editor.saved").arg(QFileInfo(*saved).fileName()), ToastKind::Success, screen);
+        const QString text = qtTrId("editor.saved").arg(QFileInfo(*saved).fileName());
+        Toast::show({}, text, ToastKind::Success, screen);
       });
-  begin(job, qtTrId("editor.progress.save"));
+  begin(job, savingText());
 }
 
 void DocumentDelivery::print() {

@@ -51,7 +51,7 @@ constexpr Entry entries[] = {
     {Command::ToggleFill, Group::Style, QT_TRID_NOOP("editor.fill"), "style.fill", "F"},
     //% "Next Way to Pixelate"
     {Command::NextBlurStyle, Group::Style, QT_TRID_NOOP("editor.nextBlurStyle"), "", "Shift+B"},
-    //% "Pick Colour from Screen"
+    //% "Pick Color from Screen"
     {Command::PickColor, Group::Style, QT_TRID_NOOP("editor.pickColor"), "eyedropper", "I"},
     //% "Undo"
     {Command::Undo, Group::Edit, QT_TRID_NOOP("editor.undo"), "edit.undo", "Ctrl+Z"},
@@ -80,14 +80,14 @@ constexpr Entry entries[] = {
     {Command::SendToBack, Group::Arrange, QT_TRID_NOOP("editor.sendToBack"), "arrange.back", "Ctrl+Shift+[ Ctrl+{"},
     //% "Align Left Edges"
     {Command::AlignLeft, Group::Arrange, QT_TRID_NOOP("editor.alignLeft"), "arrange.left", "Ctrl+Alt+Left"},
-    //% "Align Centres Horizontally"
+    //% "Align Centers Horizontally"
     {Command::AlignCenter, Group::Arrange, QT_TRID_NOOP("editor.alignCenter"), "arrange.center.horizontal",
      "Ctrl+Alt+H"},
     //% "Align Right Edges"
     {Command::AlignRight, Group::Arrange, QT_TRID_NOOP("editor.alignRight"), "arrange.right", "Ctrl+Alt+Right"},
     //% "Align Top Edges"
     {Command::AlignTop, Group::Arrange, QT_TRID_NOOP("editor.alignTop"), "arrange.top", "Ctrl+Alt+Up"},
-    //% "Align Centres Vertically"
+    //% "Align Centers Vertically"
     {Command::AlignMiddle, Group::Arrange, QT_TRID_NOOP("editor.alignMiddle"), "arrange.center.vertical", "Ctrl+Alt+V"},
     //% "Align Bottom Edges"
     {Command::AlignBottom, Group::Arrange, QT_TRID_NOOP("editor.alignBottom"), "arrange.bottom", "Ctrl+Alt+Down"},

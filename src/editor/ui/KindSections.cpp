@@ -111,11 +111,12 @@ BlurSection::BlurSection(StyleContext& styleContext, QWidget* parent) : StyleSec
           [this](double strength) { model().setBlurStrength(strength, strengthKey); });
   connect(strength_, &Slider::editingFinished, this, [this] { model().endCoalescing(); });
   row->addWidget(strength_);
-  //% "Colour it is painted over with"
-  fill_ = new ColorSwatch({}, qtTrId("editor.blurFillColor"), this);
+  //% "Color it is painted over with"
+  const QString fillTitle = qtTrId("editor.blurFillColor");
+  fill_ = new ColorSwatch({}, fillTitle, this);
   connect(fill_, &ColorSwatch::clicked, this, &BlurSection::openFillColor);
   row->addWidget(fill_);
-  //% "Take the colour from around it"
+  //% "Take the color from around it"
   automatic_ = makeSwitch(QStringLiteral("eyedropper"), qtTrId("editor.blurFillColor.automatic"), {}, this);
   connect(automatic_, &IconButton::clicked, this, [this](bool on) {
     model().setEraseFillColor(on ? std::nullopt : std::optional(toComponents(fill_->color())));
@@ -135,11 +136,11 @@ bool BlurSection::refresh(const StyleState& style) {
   ways_->setCurrent(style.blurStyle ? static_cast<int>(*style.blurStyle) : -1);
   const bool erases = style.blurStyle == BlurStyle::Erase;
   strength_->setVisible(!erases);
-  const QString strengthName = style.blurStyle == BlurStyle::Gaussian
-                                   //% "Softness"
-                                   ? qtTrId("editor.blurStrength.gaussian")
-                                   //% "Cell size"
-                                   : qtTrId("editor.blurStrength.pixel");
+  //% "Softness"
+  const QString softness = qtTrId("editor.blurStrength.gaussian");
+  //% "Cell size"
+  const QString cellSize = qtTrId("editor.blurStrength.pixel");
+  const QString& strengthName = style.blurStyle == BlurStyle::Gaussian ? softness : cellSize;
   strength_->setAccessibleName(strengthName);
   strength_->setToolTip(strengthName);
   if (style.blurStrength) strength_->setNumber(*style.blurStrength);

@@ -62,7 +62,7 @@ ShortcutsSheet::ShortcutsSheet(const EditorCommands& commands, QWidget* window) 
                                                 qtTrId("editor.shortcuts.doubleClick")});
         break;
       case EditorCommandGroup::Style:
-        //% "Colours"
+        //% "Colors"
         extra(qtTrId("editor.shortcuts.colors"), {QStringLiteral("1"), QStringLiteral("…"), QStringLiteral("8")});
         break;
       case EditorCommandGroup::View:
