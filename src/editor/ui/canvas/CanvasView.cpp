@@ -99,12 +99,13 @@ void CanvasView::Private::modelChanged(CanvasChange change) {
     refresh();
     refreshPointer();
   }
-  if (change == CanvasChange::Text || change == CanvasChange::Selection) {
-    const bool editing = model.textEdit().has_value();
-    if (view.testAttribute(Qt::WA_InputMethodEnabled) != editing) {
-      view.setAttribute(Qt::WA_InputMethodEnabled, editing);
-      QGuiApplication::inputMethod()->update(Qt::ImEnabled);
-    }
+  const bool editing = model.textEdit().has_value();
+  const bool wasEditing = view.testAttribute(Qt::WA_InputMethodEnabled);
+  if (editing != wasEditing) {
+    view.setAttribute(Qt::WA_InputMethodEnabled, editing);
+    QGuiApplication::inputMethod()->update(Qt::ImEnabled);
+  }
+  if (change == CanvasChange::Text || editing != wasEditing) {
     restartBlinking();
     view.updateMicroFocus();
   }
