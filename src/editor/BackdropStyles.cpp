@@ -94,6 +94,12 @@ void BackdropStyles::remember(const BackdropSettings& settings) {
   preferences_.setValue(lastBackgroundKey, json::serialize(encodeBackground(settings.clamped().background)));
 }
 
+BackdropSettings BackdropStyles::turnedOn(const BackdropSettings& settings) const {
+  BackdropSettings result = settings == BackdropSettings() ? lastUsed().value_or(settings) : settings;
+  result.enabled = true;
+  return result;
+}
+
 QString BackdropStyles::freeName(const QString& name, std::optional<std::size_t> besides) {
   const QString base = cleanName(name);
   const auto taken = [&](const QString& candidate) {

@@ -44,6 +44,8 @@ class BackdropStyles {
   /// The background used last: it outlives a backdrop that was reset.
   std::optional<BackdropBackground> lastBackground() const;
   void remember(const BackdropSettings& settings);
+  /// What turning on a backdrop that is off gives: one nobody touched yet begins as the last one used.
+  BackdropSettings turnedOn(const BackdropSettings& settings) const;
 
  private:
   QString freeName(const QString& name, std::optional<std::size_t> besides);
