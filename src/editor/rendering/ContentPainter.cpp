@@ -102,17 +102,12 @@ void ContentPainter::readyPictures(const Scene& scene, const QRect& clip, const 
   if (order.empty()) return;
   std::ranges::reverse(order);
 
-  // One walk through the document serves many pictures; a few far from each other are cheaper one by one.
+  // One walk through the document serves many pictures; that bounds the time a crowd of them takes.
   constexpr double mostPixels = 64e6;
-  constexpr std::size_t few = 16;
+  constexpr std::size_t crowd = 64;
   QRect all;
-  double sum = 0;
-  for (const std::size_t index : order) {
-    const QRect box = pictureBox(scene, scene.items[index]);
-    all |= box;
-    sum += areaOf(box);
-  }
-  if (areaOf(all) <= mostPixels && (order.size() > few || areaOf(all) <= 3 * sum)) {
+  for (const std::size_t index : order) all |= pictureBox(scene, scene.items[index]);
+  if (order.size() > crowd && areaOf(all) <= mostPixels) {
     makePictures(scene, order);
     return;
   }
@@ -224,7 +219,7 @@ void ContentPainter::drawItem(Surface& surface, const QRect& clip, const Scene& 
       return;
     }
     case Scene::Item::Kind::Redaction:
-      drawCells(surface.target(), touchedPixels(item.grid->rect, surface.map()) & clip, *item.grid, surface.map());
+      drawRedaction(surface, clip, scene, item);
       return;
     case Scene::Item::Kind::Gaussian:
       drawGaussian(surface, touched, scene, item);
@@ -234,6 +229,20 @@ void ContentPainter::drawItem(Surface& surface, const QRect& clip, const Scene& 
       drawLens(surface, touched, scene, index);
       return;
   }
+}
+
+void ContentPainter::drawRedaction(Surface& surface, const QRect& clip, const Scene& scene, const Scene::Item& item) {
+  const auto area = [&](const Surface& to) { return touchedPixels(item.grid->rect, to.map()); };
+  if (!item.keepsToPieces) {
+    drawCells(surface.target(), area(surface) & clip, *item.grid, surface.map());
+    return;
+  }
+  drawShaped(surface, area(surface) & clip, scene, [&](Surface& to, const QRect& part) {
+    for (const Scene::Piece& piece : scene.pieces) {
+      const QRect shown = PixelPlacement(piece.view.frame, to.map()).within(part);
+      drawCells(to.target(), shown, *item.grid, to.map());
+    }
+  });
 }
 
 void ContentPainter::drawGaussian(Surface& surface, const QRect& clip, const Scene& scene, const Scene::Item& item) {
@@ -246,14 +255,15 @@ void ContentPainter::drawGaussian(Surface& surface, const QRect& clip, const Sce
       drawPixels(to.target(), area, picture.color, placement, Enlarging::Smooth);
       return;
     }
-    // Opaque pieces are blurred up to their very edge.
+    // Opaque pieces are blurred up to their very edge; beside the pieces nothing is.
     QRegion filled;
+    QRegion sheer;
     for (const Scene::Piece& piece : scene.pieces) {
-      if (piece.view.pixels.alpha() != PixelAlpha::Opaque) continue;
-      filled |= PixelPlacement(piece.view.frame, to.map()).within(area);
+      const bool opaque = piece.view.pixels.alpha() == PixelAlpha::Opaque;
+      (opaque ? filled : sheer) |= PixelPlacement(piece.view.frame, to.map()).within(area);
     }
     for (const QRect& part : filled) drawPixels(to.target(), part, picture.color, placement, Enlarging::Smooth);
-    for (const QRect& part : QRegion(area) - filled) {
+    for (const QRect& part : sheer - filled) {
       drawPixels(to.target(), part, *picture.soft, placement, Enlarging::Smooth);
     }
   });
@@ -266,8 +276,13 @@ void ContentPainter::drawLens(Surface& surface, const QRect& clip, const Scene& 
     QPainter& painter = surface.painter(clip);
     lens.drawBelow(surface.target(), painter, clip, surface.map());
   }
-  const QRect glass = touchedPixels(lens.rect(), surface.map()) & clip;
-  if (!glass.isEmpty()) {
+  // The whole glass where it is of a usual size: Qt rounds positions left of and above an image otherwise than those
+  // inside, so the picture must always begin at the same place.
+  constexpr double mostPixels = 4e6;
+  QRect glass = touchedPixels(lens.rect(), surface.map());
+  const bool isSeen = glass.intersects(clip);
+  if (areaOf(glass) > mostPixels) glass &= clip;
+  if (isSeen) {
     QImage shown(glass.size(), QImage::Format_ARGB32_Premultiplied);
     if (shown.isNull()) return;
     shown.fill(emptyGlass);

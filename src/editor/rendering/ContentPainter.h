@@ -47,6 +47,7 @@ class ContentPainter {
 
   void drawPieces(Surface& surface, const QRect& clip, const Scene& scene);
   void drawItem(Surface& surface, const QRect& clip, const Scene& scene, std::size_t index);
+  void drawRedaction(Surface& surface, const QRect& clip, const Scene& scene, const Scene::Item& item);
   void drawGaussian(Surface& surface, const QRect& clip, const Scene& scene, const Scene::Item& item);
   void drawLens(Surface& surface, const QRect& clip, const Scene& scene, std::size_t index);
   void drawRedactionsAbove(Surface& surface, const QRect& clip, const Scene& scene, std::size_t index);

@@ -13,16 +13,17 @@ constexpr double shadowOpacity = 0.34;
 
 constexpr double rimWidth = 3;
 constexpr double markWidth = 1.5;
-/// A dark line on both sides of each light one, so that they show on any ground.
-constexpr double outlineWidth = 1;
+/// How far the dark glow beside each light line reaches, which makes it show on any ground.
+constexpr double glowWidth = 1.6;
 const QColor light(255, 255, 255);
-const QColor dark(0, 0, 0, 72);
 
 void strokeOutlined(QPainter& painter, const QPainterPath& path, double width) {
+  // Not with flat caps: Qt draws straight lines with those a little differently under every clip.
   const auto stroke = [&](const QColor& color, double lineWidth) {
-    painter.strokePath(path, QPen(color, lineWidth, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
+    painter.strokePath(path, QPen(color, lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   };
-  stroke(dark, width + 2 * outlineWidth);
+  stroke(QColor(0, 0, 0, 24), width + 2 * glowWidth);
+  stroke(QColor(0, 0, 0, 62), width + 1.2);
   stroke(light, width);
 }
 
@@ -52,7 +53,7 @@ Rect Lens::source() const {
 
 Rect Lens::bounds() const {
   const Rect lens = grown(rect_, shadowReach + shadowDrop);
-  return isApart() ? lens.united(grown(source(), markWidth + 2 * outlineWidth)) : lens;
+  return isApart() ? lens.united(grown(source(), markWidth + glowWidth)) : lens;
 }
 
 QTransform Lens::magnifying() const {

@@ -195,12 +195,14 @@ class Fields {
     constexpr int mostAlong = 32;
     const double edge = std::max({smallest, std::min(area.size.width, area.size.height),
                                   std::max(area.size.width, area.size.height) / mostAlong});
+    // Hands are not exact: the rim of an area often shows what lies around it.
+    const Rect inner = grown(area, -0.08 * std::min(area.size.width, area.size.height));
     columns_ = std::max(static_cast<int>(area.size.width / edge), 1);
     rows_ = std::max(static_cast<int>(area.size.height / edge), 1);
     for (int row = 0; row < rows_; ++row) {
       for (int column = 0; column < columns_; ++column) {
-        const Size size{area.size.width / columns_, area.size.height / rows_};
-        const Rect field{{area.minX() + column * size.width, area.minY() + row * size.height}, size};
+        const Size size{inner.size.width / columns_, inner.size.height / rows_};
+        const Rect field{{inner.minX() + column * size.width, inner.minY() + row * size.height}, size};
         tones_.push_back(toneOf(surroundings, field, border, forbidden, samplesASide));
       }
     }
@@ -216,10 +218,10 @@ class Fields {
  private:
   static std::optional<Tone> toneOf(const Surroundings& surroundings, const Rect& field, const Border& border,
                                     std::span<const Rect> forbidden, int samplesASide) {
-    constexpr double nearby = 64;
+    constexpr double nearby = 48;
+    constexpr double enough = 0.45;
     std::vector<Sample> samples;
     std::size_t asExpected = 0;
-    const Tone expected = border.spreadAt({field.minX() + field.size.width / 2, field.minY() + field.size.height / 2});
     for (int row = 0; row < samplesASide; ++row) {
       for (int column = 0; column < samplesASide; ++column) {
         const Point place{field.minX() + field.size.width * (column + 0.5) / samplesASide,
@@ -227,13 +229,16 @@ class Fields {
         const auto tone = surroundings.at(place, forbidden);
         if (!tone) continue;
         samples.push_back({CoarseTone::bin(*tone), *tone});
+        const Tone expected = border.spreadAt(place);
         if (std::abs(tone->red - expected.red) <= nearby && std::abs(tone->green - expected.green) <= nearby &&
             std::abs(tone->blue - expected.blue) <= nearby) {
           ++asExpected;
         }
       }
     }
-    if (border.prevailingTone() && asExpected * 4 >= samples.size()) return std::nullopt;
+    if (border.prevailingTone() && static_cast<double>(asExpected) >= enough * static_cast<double>(samples.size())) {
+      return std::nullopt;
+    }
     const auto tone = prevailing(samples);
     if (!tone) return std::nullopt;
     return CoarseTone::quantised(*tone);
@@ -257,7 +262,7 @@ CellGrid mosaic(const Annotation& annotation, const Rect& area, const Border& bo
   constexpr double cellRange = 20;
   constexpr int mostCells = 160;
   constexpr double noiseShare = 0.16;
-  constexpr double tint = 10;  // how far the noise strays from grey
+  constexpr double tint = 36;  // how far the noise strays from grey
   const double strength = annotation.blurStrength >= 0 ? std::min(annotation.blurStrength, 1.0) : 0;
   const double edge = smallestCell + cellRange * strength;
   const auto count = [&](double length) {
@@ -274,10 +279,8 @@ CellGrid mosaic(const Annotation& annotation, const Rect& area, const Border& bo
           scrambled(annotation.sketchSeed ^ scrambled(static_cast<std::uint64_t>(row) << 32 | column));
       const auto part = [&](int shift) { return static_cast<double>(noise >> shift & 0xFF); };
       const double grey = part(0);
-      tone = mixed(tone,
-                   {grey + tint * (part(8) - 128) / 16, grey + tint * (part(16) - 128) / 16,
-                    grey + tint * (part(24) - 128) / 16},
-                   noiseShare);
+      const auto tinted = [&](int shift) { return grey + tint * (part(shift) / 128 - 1); };
+      tone = mixed(tone, {tinted(8), tinted(16), tinted(24)}, noiseShare);
       grid.cells.push_back(packed(tone));
     }
   }

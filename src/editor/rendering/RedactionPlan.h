@@ -25,15 +25,17 @@ struct Redaction {
 /// some dozen cells single out one number of ten thousand, and known noise is simply subtracted. So the cells that are
 /// seen do not come from what lies below each of them:
 /// - The colours of a mosaic are those that prevail along its border, outside every redaction, spread over its cells.
-/// - The hidden pixels are looked at in fields as large as the area's shorter side, and never smaller than 64 points:
-///   letters stand inside a field with the paper around them, none is larger than one. As long as a quarter of a field
-///   is near the colour expected from the border, which text of any kind leaves, nothing of it is used. Only a field of
-///   another nature (a picture, a coloured panel) shows, as one of 125 tones: the average of the tone that covers most
-///   of it, which text on it does not change either, quantised to 5 levels of brightness and of each colour difference.
+/// - The hidden pixels are looked at in fields as large as the area's shorter side and at least 64 points (or the whole
+///   area), never in smaller parts: whole letters stand in a field with the paper around them. As long as 45 % of a
+///   field are near the colours expected from the border, nothing of it is used. Text leaves more than that, so on the
+///   paper it stands on it changes nothing. Only a field of another nature (a picture, a coloured panel) shows, as one
+///   of 125 tones: the average of the tone that covers most of it, quantised to 5 levels of brightness and of each
+///   colour difference. Text on such a field does not cover most of it either.
 /// - Noise from `sketchSeed` and the cell's number, the same whatever is hidden, makes the cells look uneven.
-/// Every candidate text thus gives the same cells. What can come out is below seven bits a field of 64 points and more,
-/// and then only when candidates differ in what covers most of it. `blurStrength` sets the size of the cells seen,
-/// which carry nothing of their own. What an erased area hides is not looked at for a mosaic either.
+/// Every candidate text thus gives the same cells. What can come out at all is less than seven bits a field, and
+/// candidates are told apart by them only when they differ in what covers most of a field, or when a field lies right
+/// on the limit of 45 %. Who must rule out even that takes an erased area. `blurStrength` sets the size of the cells
+/// seen, which carry nothing of their own. What an erased area hides is not looked at for a mosaic either.
 std::vector<Redaction> planRedactions(std::span<const PieceView> pieces, std::span<const AnnotationPtr> annotations);
 
 }  // namespace vellora

@@ -54,7 +54,7 @@ double blurReach(double sigma, double scale) {
 /// Builds the items of a scene from the bottom up.
 class Builder {
  public:
-  explicit Builder(Scene& scene) : scene_(scene) {}
+  Builder(Scene& scene, BoundsCache& bounds) : scene_(scene), bounds_(bounds) {}
 
   void build() {
     const std::vector<Redaction> plan = redactions();
@@ -96,11 +96,27 @@ class Builder {
         item.bounds = item.lens->bounds();
         item.source = item.lens->source();
       } else {
-        item.bounds = paintedBounds(*annotation);
+        item.bounds = boundsOf(annotation);
         item.hideGlyphs = scene_.options.hiddenGlyphs == annotation->id;
       }
-      if (isPlausible(item.bounds)) scene_.items.push_back(std::move(item));
+      if (!isPlausible(item.bounds)) continue;
+      if (item.grid) item.keepsToPieces = !hidesBesidePieces(item);
+      scene_.items.push_back(std::move(item));
     }
+  }
+
+  Rect boundsOf(const AnnotationPtr& annotation) {
+    const auto known = bounds_.find(annotation);
+    return known != bounds_.end() ? known->second : bounds_[annotation] = paintedBounds(*annotation);
+  }
+
+  bool hidesBesidePieces(const Item& redaction) const {
+    return std::ranges::any_of(scene_.items, [&](const Item& below) {
+      const Rect hidden = common(below.bounds, redaction.bounds);
+      if (below.grid || hidden.isEmpty()) return false;
+      return std::ranges::none_of(scene_.pieces,
+                                  [&](const Scene::Piece& piece) { return holds(piece.view.frame, hidden); });
+    });
   }
 
   double largestPixel() const {
@@ -152,7 +168,8 @@ class Builder {
     const Item& item = scene_.items[index];
     Key key;
     key << static_cast<std::uint64_t>(item.kind);
-    if (item.kind == Item::Kind::Redaction) return (key << keyOf(*item.grid)).value();
+    if (item.kind == Item::Kind::Redaction)
+      return (key << keyOf(*item.grid) << std::uint64_t{item.keepsToPieces}).value();
     key << static_cast<const void*>(item.annotation.get()) << std::uint64_t{item.hideGlyphs};
     if (item.kind == Item::Kind::Drawn) return key.value();
 
@@ -178,6 +195,7 @@ class Builder {
   }
 
   Scene& scene_;
+  BoundsCache& bounds_;
 };
 
 bool samePiece(const CapturePiece& a, const CapturePiece& b) {
@@ -200,7 +218,8 @@ ImageDocument drawablePart(const ImageDocument& document) {
   return part;
 }
 
-std::shared_ptr<const Scene> makeScene(const ImageDocument& document, const RenderOptions& options) {
+std::shared_ptr<const Scene> makeScene(const ImageDocument& document, const RenderOptions& options,
+                                       BoundsCache& bounds) {
   auto scene = std::make_shared<Scene>();
   scene->asked = document;
   scene->options = options;
@@ -214,7 +233,9 @@ std::shared_ptr<const Scene> makeScene(const ImageDocument& document, const Rend
     while (std::ranges::any_of(scene->pieces, isTaken)) ++pixels;
     scene->pieces.push_back({view, (Key() << pixels << view.frame).value(), pixels});
   }
-  Builder(*scene).build();
+  // What was deleted long ago goes now and then.
+  if (bounds.size() > 4 * document.annotations.size() + 64) bounds.clear();
+  Builder(*scene, bounds).build();
   return scene;
 }
 

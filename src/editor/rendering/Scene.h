@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <unordered_map>
 #include <vector>
 
 #include <QPainterPath>
@@ -37,6 +38,7 @@ struct Scene {
     Rect bounds;  ///< what it may colour
     Rect source;  ///< blurs and lenses: what they show
     std::shared_ptr<const CellGrid> grid;
+    bool keepsToPieces = false;  ///< a redaction with nothing beside the pieces to hide
     std::optional<Lens> lens;
     /// Two items of one key look the same, as long as a scene that holds either is alive: made from the annotation and
     /// from everything it shows.
@@ -59,7 +61,11 @@ struct Scene {
   bool shows(const ImageDocument& other, const RenderOptions& otherOptions) const;
 };
 
-std::shared_ptr<const Scene> makeScene(const ImageDocument& document, const RenderOptions& options);
+/// How far annotations reach, remembered from scene to scene.
+using BoundsCache = std::unordered_map<AnnotationPtr, Rect>;
+
+std::shared_ptr<const Scene> makeScene(const ImageDocument& document, const RenderOptions& options,
+                                       BoundsCache& bounds);
 
 /// A document without the pieces that cannot be drawn.
 ImageDocument drawablePart(const ImageDocument& document);

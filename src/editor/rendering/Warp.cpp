@@ -79,20 +79,22 @@ void warpTile(const PixelTarget& target, const QRect& tile, const QTransform& to
 
 void drawWarped(QImage& target, const QRect& clip, const QTransform& toFlat, const QRect& flatBounds,
                 const std::function<void(QImage& part, QPoint corner)>& draw) {
-  constexpr int tileEdge = 256;
+  // Tiles lie on a grid of the target: Qt rounds positions left of and above an image otherwise than those inside, so
+  // a flat part must always begin at the same place.
+  constexpr int tileEdge = 128;
   constexpr double mostPixels = 32e6;
   const QRect area = clip & target.rect();
   const PixelTarget pixels(target);
-  for (int top = area.top(); top <= area.bottom(); top += tileEdge) {
-    for (int left = area.left(); left <= area.right(); left += tileEdge) {
-      const QRect tile = QRect(left, top, tileEdge, tileEdge) & area;
+  for (int top = area.top() / tileEdge * tileEdge; top <= area.bottom(); top += tileEdge) {
+    for (int left = area.left() / tileEdge * tileEdge; left <= area.right(); left += tileEdge) {
+      const QRect tile(left, top, tileEdge, tileEdge);
       const QRect part = flatPart(tile, toFlat, flatBounds);
       if (part.isEmpty() || static_cast<double>(part.width()) * part.height() > mostPixels) continue;
       QImage flat(part.size(), QImage::Format_ARGB32_Premultiplied);
       if (flat.isNull()) return;
       flat.fill(Qt::transparent);
       draw(flat, part.topLeft());
-      warpTile(pixels, tile, toFlat, PixelTarget(flat), part.topLeft());
+      warpTile(pixels, tile & area, toFlat, PixelTarget(flat), part.topLeft());
     }
   }
 }
