@@ -37,16 +37,7 @@ void CanvasModel::Private::addCopies(const std::vector<AnnotationPtr>& originals
   const auto copies = copiesOf(next, originals, by, ids);
   next.annotations.insert(next.annotations.end(), copies.begin(), copies.end());
   commit(std::move(next));
-  cropped.reset();
   setSelection({ids.begin(), ids.end()});
-}
-
-/// The piece a command is for that was given none.
-std::optional<std::uint64_t> CanvasModel::Private::pieceInQuestion() const {
-  if (cropped) return cropped;
-  if (piece) return piece;
-  const auto& pieces = document().pieces;
-  return pieces.empty() ? std::nullopt : std::optional(pieces.front().id);
 }
 
 bool CanvasModel::canDelete() const {
@@ -62,7 +53,6 @@ void CanvasModel::deleteSelection() {
   if (d_->piece) {
     gone = annotationsOn(document(), d_->outlines, *d_->piece);
     std::erase_if(next.pieces, [this](const CapturePiece& piece) { return piece.id == d_->piece; });
-    d_->cropped.reset();
   }
   std::erase_if(next.annotations, [&](const AnnotationPtr& annotation) { return gone.contains(annotation->id); });
   d_->commit(std::move(next));
@@ -179,20 +169,20 @@ void CanvasModel::Private::insertPiece(CapturePiece added) {
   commit(std::move(next));
   tool = Tool::Select;
   locked = false;
-  cropped.reset();
   setSelection({}, id);
 }
 
 void CanvasModel::beginCrop(std::optional<std::uint64_t> piece) {
   const Private::Call call(*d_);
   d_->settle();
-  const auto id = piece && d_->hasPiece(*piece) ? piece : d_->pieceInQuestion();
-  if (!id) return;
+  if (!piece) piece = d_->piece;
+  if (!piece && !document().pieces.empty()) piece = document().pieces.front().id;
+  if (!piece || !d_->hasPiece(*piece)) return;
   d_->tool = Tool::Select;
   d_->locked = false;
   d_->hovered.reset();
-  d_->setSelection({}, id);
-  d_->cropped = id;
+  d_->setSelection({}, piece);
+  d_->cropped = piece;
 }
 
 bool CanvasModel::isCropping() const {
@@ -206,10 +196,9 @@ std::optional<std::uint64_t> CanvasModel::croppedPiece() const {
 void CanvasModel::resetCrop() {
   const Private::Call call(*d_);
   d_->settle();
-  const auto id = d_->pieceInQuestion();
   ImageDocument next = document();
   for (CapturePiece& piece : next.pieces) {
-    if (piece.id == id) piece = uncropped(piece);
+    if (!d_->piece || piece.id == d_->piece) piece = uncropped(piece);
   }
   d_->commit(std::move(next));
 }

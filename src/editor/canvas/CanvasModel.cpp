@@ -113,6 +113,7 @@ void CanvasModel::Private::commit(ImageDocument next, const std::string& coalesc
 void CanvasModel::Private::setSelection(std::set<AnnotationId> ids, std::optional<std::uint64_t> selectedPiece) {
   std::erase_if(ids, [this](AnnotationId id) { return !document().indexOf(id); });
   if (selectedPiece && !hasPiece(*selectedPiece)) selectedPiece.reset();
+  if (cropped != selectedPiece) cropped.reset();
   if (ids == selection && selectedPiece == piece) return;
   history.endCoalescing();
   selection = std::move(ids);
@@ -121,8 +122,7 @@ void CanvasModel::Private::setSelection(std::set<AnnotationId> ids, std::optiona
 
 /// Ends what is under way and keeps what has come of it.
 void CanvasModel::Private::settle() {
-  if (gesture && pressed) finishGesture(*pressed);
-  selectingText = false;
+  endGesture();
   endTyping();
 }
 
@@ -143,7 +143,6 @@ void CanvasModel::Private::followHistory(const ImageDocument& before) {
     if (!returned.empty()) ids = std::move(returned);
   }
   setSelection(std::move(ids), piece);
-  if (cropped && !hasPiece(*cropped)) cropped.reset();
   hovered.reset();
 }
 

@@ -146,7 +146,7 @@ class CanvasModel {
   void beginCrop(std::optional<std::uint64_t> piece = std::nullopt);
   bool isCropping() const;
   std::optional<std::uint64_t> croppedPiece() const;
-  void resetCrop();  ///< of the piece being cropped, else of the selected, else of the first
+  void resetCrop();  ///< of the selected piece, else of all
   void endCrop();
 
   // Undo

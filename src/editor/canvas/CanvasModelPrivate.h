@@ -56,7 +56,6 @@ struct CanvasModel::Private {
   void settle();
   void followHistory(const ImageDocument& before);
   bool hasPiece(std::uint64_t id) const;
-  std::optional<std::uint64_t> pieceInQuestion() const;
 
   // Pointer
   void press(const PointerEvent& event);
@@ -69,10 +68,12 @@ struct CanvasModel::Private {
   void take(const GestureState& state);
   void finishGesture(const PointerEvent& event);
   void dropGesture();
+  void endGesture();
   GestureState gestureStart() const;
   std::optional<Handle> handleUnder(const PointerEvent& event) const;
   std::optional<AnnotationId> annotationUnder(const PointerEvent& event) const;
   std::vector<Handle> handles() const;
+  std::optional<AnnotationId> hoveredAt(const PointerEvent& event) const;
   PointerHint hintForTool(const PointerEvent& event) const;
   void afterDrawing();
 
@@ -112,7 +113,7 @@ struct CanvasModel::Private {
   bool locked = false;
   std::set<AnnotationId> selection;
   std::optional<std::uint64_t> piece;
-  std::optional<std::uint64_t> cropped;
+  std::optional<std::uint64_t> cropped;  // the selected piece, or none
   std::optional<AnnotationId> hovered;
 
   std::unique_ptr<Gesture> gesture;

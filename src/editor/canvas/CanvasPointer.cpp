@@ -80,9 +80,7 @@ std::unique_ptr<Gesture> CanvasModel::Private::handleGesture(const Handle& handl
 }
 
 std::unique_ptr<Gesture> CanvasModel::Private::drawingGesture(const PointerEvent& event) {
-  const Annotation::Kind kind = *drawnKind(tool);
-  const auto under = tool == Tool::Text || tool == Tool::Counter ? annotationUnder(event) : std::nullopt;
-  if (under && document().annotation(*under)->kind == kind) {
+  if (const auto under = hoveredAt(event)) {
     if (tool == Tool::Counter) {
       setSelection({*under});
       return std::make_unique<MoveGesture>(gestureStart(), event, outlines, selection);
@@ -91,7 +89,7 @@ std::unique_ptr<Gesture> CanvasModel::Private::drawingGesture(const PointerEvent
     pressWhileTyping(event);
     return nullptr;
   }
-  Annotation drawn = newAnnotation(kind);
+  Annotation drawn = newAnnotation(*drawnKind(tool));
   switch (tool) {
     case Tool::Pen:
       return std::make_unique<PenGesture>(gestureStart(), std::move(drawn), event);
@@ -145,7 +143,7 @@ bool CanvasModel::Private::pressWhileTyping(const PointerEvent& event) {
 }
 
 void CanvasModel::Private::press(const PointerEvent& event) {
-  if (gesture) finishGesture(*pressed);
+  endGesture();
   history.endCoalescing();
   hovered.reset();
   if (typing) {
@@ -192,16 +190,35 @@ void CanvasModel::Private::dropGesture() {
   setSelection(dropped->start().selection, dropped->start().piece);
 }
 
+/// Ends what the pointer does before it is let go: what was dragged stays, a press alone comes to nothing.
+void CanvasModel::Private::endGesture() {
+  selectingText = false;
+  if (gesture && dragging) {
+    finishGesture(*pressed);
+  } else {
+    dropGesture();
+  }
+}
+
 void CanvasModel::Private::afterDrawing() {
   const bool stays = locked || tool == Tool::Pen || tool == Tool::Counter;
   if (!stays) tool = Tool::Select;
 }
 
+/// What a press would select or edit.
+std::optional<AnnotationId> CanvasModel::Private::hoveredAt(const PointerEvent& event) const {
+  const bool takes = tool == Tool::Select || tool == Tool::Text || tool == Tool::Counter;
+  if (!takes || typing || cropped) return std::nullopt;
+  const auto under = annotationUnder(event);
+  const bool takesAny = tool == Tool::Select;
+  if (!under || takesAny || document().annotation(*under)->kind == drawnKind(tool)) return under;
+  return std::nullopt;
+}
+
 PointerHint CanvasModel::Private::hintForTool(const PointerEvent& event) const {
-  const auto under = tool == Tool::Text || tool == Tool::Counter ? annotationUnder(event) : std::nullopt;
-  const bool isOwnKind = under && document().annotation(*under)->kind == drawnKind(tool);
-  if (tool == Tool::Text) return isOwnKind ? PointerHint::EditText : PointerHint::TypeText;
-  return isOwnKind ? PointerHint::Move : PointerHint::Draw;
+  const bool takes = hoveredAt(event).has_value();
+  if (tool == Tool::Text) return takes ? PointerHint::EditText : PointerHint::TypeText;
+  return takes ? PointerHint::Move : PointerHint::Draw;
 }
 
 void CanvasModel::press(const PointerEvent& event) {
@@ -218,11 +235,7 @@ void CanvasModel::move(const PointerEvent& event) {
     return;
   }
   if (!d_->gesture) {
-    d_->hovered = d_->typing || d_->cropped ? std::nullopt : d_->annotationUnder(event);
-    const bool takesAll = d_->tool == Tool::Select;
-    if (d_->hovered && !takesAll && document().annotation(*d_->hovered)->kind != drawnKind(d_->tool))
-      d_->hovered.reset();
-    if (!takesAll && d_->tool != Tool::Text && d_->tool != Tool::Counter) d_->hovered.reset();
+    d_->hovered = d_->hoveredAt(event);
     return;
   }
   const double threshold = dragThreshold * event.pointsPerScreenPoint;

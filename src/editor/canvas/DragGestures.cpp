@@ -116,7 +116,7 @@ void PieceGesture::drag(const PointerEvent& event) {
 
 void PieceGesture::click(const PointerEvent&) {
   state_.selection.clear();
-  state_.piece = piece_;
+  state_.piece = start_.selection.empty() ? std::optional(piece_) : std::nullopt;
 }
 
 HandleGesture::HandleGesture(GestureState start, AnnotationPtr annotation, const Handle& handle,

@@ -48,6 +48,12 @@ void moveEnd(Annotation& annotation, Role role, Point to, const Modifiers& modif
   moveEnds(annotation, isStart ? to : other, isStart ? other : to);
 }
 
+/// Where a text wraps, else where it ends.
+double textEdge(const Annotation& text, const Rect& outline) {
+  if (!(text.textBoxWidth > 0)) return outline.maxX();
+  return text.p1.x + text.textBoxWidth + 2 * textPadding(text);
+}
+
 void scaleText(Annotation& text, const Rect& outline, Point to) {
   const Point diagonal{outline.size.width, outline.size.height};
   const double square = diagonal.x * diagonal.x + diagonal.y * diagonal.y;
@@ -117,7 +123,7 @@ std::vector<Handle> handlesOf(const Annotation& annotation, const Rect& outline)
     case Kind::Line:
       return {{Role::Start, annotation.p1}, {Role::End, annotation.p2}};
     case Kind::Text:
-      return {{Role::TextWidth, {outline.maxX(), center(outline).y}},
+      return {{Role::TextWidth, {textEdge(annotation, outline), center(outline).y}},
               {Role::BottomRight, {outline.maxX(), outline.maxY()}}};
     case Kind::Counter:
       return {{Role::Tail, tailTip(annotation)}};

@@ -24,7 +24,7 @@ bool hasProperty(Kind kind, StyleProperty property) {
   switch (property) {
     case StyleProperty::Color:
     case StyleProperty::LineWidth:
-      return kind != Kind::Blur;
+      return kind != Kind::Blur && kind != Kind::Magnifier;
     case StyleProperty::TextBackground:
     case StyleProperty::TextHandwritten:
       return kind == Kind::Text;
