@@ -6,24 +6,18 @@ class QPainter;
 
 namespace vellora {
 
-/// Draws annotations, all kinds but blur and magnifier, which are made from the picture below them. Stateless but for a
-/// cache of freehand outlines; several may draw at once on several threads.
+/// Draws annotations, all kinds but blur and magnifier, which are made from the picture below them. Several may draw at
+/// once on several threads: layouts and outlines are kept for each thread by itself, for what it drew last.
 class AnnotationPainter {
  public:
-  AnnotationPainter();
-  ~AnnotationPainter();
-
   /// Draws into `painter`, whose coordinates are document points. With `hideTextGlyphs` (the text is being edited in
-  /// place) a text draws its filled ground only.
-  void draw(QPainter& painter, const Annotation& annotation, bool hideTextGlyphs = false);
-
- private:
-  struct Cache;
-  std::unique_ptr<Cache> cache_;
+  /// place) a text draws its filled ground only. All parts of a translucent annotation are blended as one. An
+  /// annotation whose numbers are not finite is not drawn.
+  void draw(QPainter& painter, const Annotation& annotation, bool hideTextGlyphs = false) const;
 };
 
 /// Everything an annotation may colour, in document points, a little too large rather than too small: what to repaint
-/// when it changes.
+/// when it changes. Any thread; quick for what this thread drew last.
 Rect paintedBounds(const Annotation& annotation);
 
 }  // namespace vellora
