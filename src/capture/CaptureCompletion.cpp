@@ -44,8 +44,9 @@ void CaptureCompletion::completeCapture(const CapturedImage& image, const std::o
 }
 
 void pushUneditedCapture(SessionStore& store, const CaptureDocument& document) {
-  store.push({makePiece(document.picture.image, document.picture.scale, document.png)}, Json::array(),
-             defaultBackdropRecord(), document.capturedAt);
+  ImageDocument plain;
+  plain.pieces.push_back(makePiece(document.picture.image, document.picture.scale, document.png));
+  store.push(plain, document.capturedAt);
 }
 
 }  // namespace vellora

@@ -1,5 +1,11 @@
 #include "editor/SessionDocument.h"
 
+#include <algorithm>
+#include <cmath>
+
+#include "editor/AnnotationRecord.h"
+#include "editor/BackdropRecord.h"
+
 namespace vellora {
 namespace {
 
@@ -27,7 +33,10 @@ std::optional<PieceRecord> decodePiece(const Json& object) {
   const auto scale = required(object, "scale", json::number, ok);
   const auto origin = required(object, "origin", json::point, ok);
   const auto pointSize = required(object, "pointSize", json::size, ok);
-  if (!ok || *scale <= 0) return std::nullopt;
+  if (!ok || *scale < sessionLimits::leastScale || *scale > sessionLimits::mostScale) return std::nullopt;
+  if (std::abs(origin->x) > sessionLimits::coordinate || std::abs(origin->y) > sessionLimits::coordinate) {
+    return std::nullopt;
+  }
   PieceRecord piece{*file, *scale, *origin, *pointSize, std::nullopt};
   if (const Json* visible = json::member(object, "visibleRect")) {
     piece.visibleRect = json::rect(*visible);
@@ -41,14 +50,16 @@ std::optional<PieceRecord> decodePiece(const Json& object) {
 QByteArray encode(const SessionDocument& document) {
   Json pieces = Json::array();
   for (const PieceRecord& piece : document.pieces) pieces.push_back(encode(piece));
+  Json annotations = Json::array();
+  for (const AnnotationPtr& annotation : document.annotations) annotations.push_back(encodeAnnotation(*annotation));
   return json::serialize(Json{{"version", document.version},
                               {"capturedAt", json::fromDate(document.capturedAt)},
                               {"savedAt", json::fromDate(document.savedAt)},
                               {"pixelWidth", document.pixelWidth},
                               {"pixelHeight", document.pixelHeight},
-                              {"backdrop", document.backdrop},
+                              {"backdrop", encodeBackdrop(document.backdrop)},
                               {"pieces", pieces},
-                              {"annotations", document.annotations}});
+                              {"annotations", std::move(annotations)}});
 }
 
 Result<SessionDocument, SessionDocumentError> decodeSessionDocument(const QByteArray& text) {
@@ -65,8 +76,9 @@ Result<SessionDocument, SessionDocumentError> decodeSessionDocument(const QByteA
   const Json* pieces = json::member(object, "pieces");
   const Json* annotations = json::member(object, "annotations");
   if (!ok || !backdrop || !backdrop->is_object() || !pieces || !pieces->is_array() || !annotations ||
-      !annotations->is_array() || pieces->size() > sessionLimits::pieces || *pixelWidth < 0 ||
-      *pixelWidth > sessionLimits::edge || *pixelHeight < 0 || *pixelHeight > sessionLimits::edge) {
+      !annotations->is_array() || pieces->size() > sessionLimits::pieces ||
+      annotations->size() > sessionLimits::annotations || *pixelWidth < 0 || *pixelWidth > sessionLimits::edge ||
+      *pixelHeight < 0 || *pixelHeight > sessionLimits::edge) {
     return failure(SessionDocumentError::Malformed);
   }
   SessionDocument document;
@@ -75,7 +87,9 @@ Result<SessionDocument, SessionDocumentError> decodeSessionDocument(const QByteA
   document.savedAt = *savedAt;
   document.pixelWidth = *pixelWidth;
   document.pixelHeight = *pixelHeight;
-  document.backdrop = *backdrop;
+  auto settings = decodeBackdrop(*backdrop);
+  if (!settings) return failure(SessionDocumentError::Malformed);
+  document.backdrop = std::move(*settings);
   for (const Json& record : *pieces) {
     auto piece = decodePiece(record);
     if (!piece) return failure(SessionDocumentError::Malformed);
@@ -85,31 +99,48 @@ Result<SessionDocument, SessionDocumentError> decodeSessionDocument(const QByteA
     const Json* kind = json::member(record, "kind");
     const auto number = kind ? json::integer(*kind) : std::nullopt;
     if (!number) return failure(SessionDocumentError::Malformed);
-    if (*number < 0 || *number >= annotationKindCount) return failure(SessionDocumentError::UnknownKind);
+    if (*number < 0 || *number >= Annotation::kindCount) return failure(SessionDocumentError::UnknownKind);
+    auto annotation = decodeAnnotation(record);
+    if (!annotation) return failure(SessionDocumentError::Malformed);
+    document.annotations.push_back(makeAnnotation(std::move(*annotation)));
   }
-  document.annotations = *annotations;
   if (document.pieces.empty()) return failure(SessionDocumentError::NoPieces);
   return document;
 }
 
-Json defaultBackdropRecord() {
-  constexpr double gray = 0.851;
-  return Json{{"enabled", false},
-              {"background", Json{{"kind", "solid"}, {"color", json::fromColor({gray, gray, gray, 1})}}},
-              {"aspect", 0},
-              {"insetFraction", 0.06},
-              {"shadow", 0.32},
-              {"innerRadius", 10.0},
-              {"tiltX", 0.0},
-              {"tiltY", 0.0},
-              {"rotation", 0.0},
-              {"edgeBlurDirection", 0},
-              {"edgeBlurStrength", 0.0},
-              {"noiseIntensity", 0.0},
-              {"glowIntensity", 0.0},
-              {"glowCenter", json::fromPoint({0.5, 0.85})},
-              {"contentScale", 1.0},
-              {"contentOffset", json::fromPoint({0, 0})}};
+SessionDocument makeSessionDocument(const ImageDocument& document, const std::vector<QString>& files, Date capturedAt,
+                                    Date savedAt) {
+  SessionDocument session;
+  session.capturedAt = capturedAt;
+  session.savedAt = savedAt;
+  session.backdrop = document.backdrop;
+  session.annotations = document.annotations;
+  for (std::size_t i = 0; i < document.pieces.size(); ++i) {
+    const CapturePiece& piece = document.pieces[i];
+    PieceRecord record{files.at(i), piece.scale, piece.origin, piece.pointSize, {}};
+    if (piece.isCropped()) record.visibleRect = piece.visibleRect;
+    session.pieces.push_back(std::move(record));
+  }
+  const Rect all = document.contentRect();
+  session.pixelWidth = std::llround(all.size.width * document.outputScale());
+  session.pixelHeight = std::llround(all.size.height * document.outputScale());
+  return session;
+}
+
+std::optional<CapturePiece> makePiece(const PieceRecord& record, const Bitmap& image) {
+  CapturePiece piece = makePiece(image, record.scale);
+  piece.origin = record.origin;
+  if (record.visibleRect) {
+    const Rect& wanted = *record.visibleRect;
+    const double left = std::clamp(wanted.minX(), 0.0, piece.sourceSize.width);
+    const double top = std::clamp(wanted.minY(), 0.0, piece.sourceSize.height);
+    const double right = std::clamp(wanted.maxX(), left, piece.sourceSize.width);
+    const double bottom = std::clamp(wanted.maxY(), top, piece.sourceSize.height);
+    piece.visibleRect = {{left, top}, {right - left, bottom - top}};
+    if (piece.visibleRect.isEmpty()) return std::nullopt;
+  }
+  piece.pointSize = piece.visibleRect.size;
+  return piece;
 }
 
 }  // namespace vellora

@@ -5,8 +5,9 @@
 
 #include <QString>
 
-#include "base/Json.h"
+#include "base/Date.h"
 #include "base/Result.h"
+#include "editor/ImageDocument.h"
 
 namespace vellora {
 
@@ -20,8 +21,7 @@ struct PieceRecord {
   friend bool operator==(const PieceRecord&, const PieceRecord&) = default;
 };
 
-/// The content of a session folder's "session.json": one capture with everything that was done to it. Annotations and
-/// the backdrop are kept as the JSON they are stored as, so that a document goes through unchanged.
+/// The content of a session folder's "session.json": one capture with everything that was done to it.
 struct SessionDocument {
   static constexpr int currentVersion = 1;
 
@@ -30,9 +30,9 @@ struct SessionDocument {
   Date savedAt;
   std::int64_t pixelWidth = 0;  ///< of the union of all pieces
   std::int64_t pixelHeight = 0;
-  Json backdrop = Json::object();
-  std::vector<PieceRecord> pieces;   ///< in canvas order
-  Json annotations = Json::array();  ///< in z-order, first drawn first
+  BackdropSettings backdrop;
+  std::vector<PieceRecord> pieces;         ///< in canvas order
+  std::vector<AnnotationPtr> annotations;  ///< in z-order, first drawn first
 };
 
 enum class SessionDocumentError {
@@ -45,16 +45,21 @@ enum class SessionDocumentError {
 namespace sessionLimits {
 inline constexpr qint64 documentBytes = 64 << 20;
 inline constexpr std::size_t pieces = 256;
+inline constexpr std::size_t annotations = 10'000;
 inline constexpr std::int64_t edge = 1 << 20;  ///< of the whole canvas in pixels
+inline constexpr double coordinate = 1e7;      ///< of pieces, in points, either way
+inline constexpr double leastScale = 0.01;     ///< pixels per point
+inline constexpr double mostScale = 64;
 }  // namespace sessionLimits
 
 QByteArray encode(const SessionDocument& document);
 Result<SessionDocument, SessionDocumentError> decodeSessionDocument(const QByteArray& text);
 
-/// The backdrop of a document that has none yet: off, with the values a person starts from when turning it on.
-Json defaultBackdropRecord();
+/// The stored form of a document, its pieces under the given file names, in order.
+SessionDocument makeSessionDocument(const ImageDocument& document, const std::vector<QString>& files, Date capturedAt,
+                                    Date savedAt);
 
-/// The number of annotation kinds; stored kinds run from 0 to one less.
-inline constexpr int annotationKindCount = 9;
+/// A piece as its record says, over the picture that was stored. Nothing when the record shows no part of it.
+std::optional<CapturePiece> makePiece(const PieceRecord& record, const Bitmap& image);
 
 }  // namespace vellora

@@ -4,6 +4,7 @@
 #include <stdio.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 
 #include <QDateTime>
@@ -24,36 +25,46 @@ const QString temporaryPrefix = QStringLiteral(".writing-");
 constexpr qint64 abandonedAfterSeconds = 3600;
 constexpr qint64 unseenWriterSeconds = 60;
 
-bool writeThumbnail(const QString& folder, const std::vector<CapturePiece>& pieces) {
-  std::vector<ThumbnailPiece> parts;
-  Rect all = pieces.front().frame();
-  for (const CapturePiece& piece : pieces) {
-    parts.push_back({piece.image, piece.frame()});
-    all = all.united(piece.frame());
+/// What the thumbnail shows, as pictures at their places.
+std::vector<ThumbnailPiece> thumbnailParts(const ImageDocument& document, const DocumentRenderer& renderer) {
+  const Rect all = document.contentRect();
+  // Twice the pixels needed, so that the reduction has something to average.
+  const double scale = 2 * std::max(thumbnailSize.width / all.size.width, thumbnailSize.height / all.size.height);
+  if (auto finished = renderer ? renderer(document, std::min(scale, document.outputScale())) : std::nullopt) {
+    const Size size{static_cast<double>(finished->width()), static_cast<double>(finished->height())};
+    return {{std::move(*finished), {{0, 0}, size}}};
   }
+  std::vector<ThumbnailPiece> parts;
+  for (const CapturePiece& piece : document.pieces) parts.push_back({piece.image, piece.frame()});
+  return parts;
+}
+
+bool writeThumbnail(const QString& folder, const ImageDocument& document, const DocumentRenderer& renderer) {
+  const auto parts = thumbnailParts(document, renderer);
+  Rect all = parts.front().frame;
+  for (const ThumbnailPiece& part : parts) all = all.united(part.frame);
   const auto thumbnail = renderThumbnail(parts, all);
   if (!thumbnail) return false;
   const auto png = encodePng(*thumbnail, {});
   return png && AtomicFile::write(QDir(folder).filePath(thumbnailName), std::span<const std::byte>(*png)).has_value();
 }
 
-bool writePieces(const QString& folder, const std::vector<CapturePiece>& pieces) {
+/// Makes `path` another name of `existing`, or a copy where the file system has no second names.
+bool adopt(const QString& existing, const QString& path) {
+  return ::link(QFile::encodeName(existing).constData(), QFile::encodeName(path).constData()) == 0 ||
+         QFile::copy(existing, path);
+}
+
+bool writePieces(const QString& folder, const std::vector<CapturePiece>& pieces, const std::vector<QString>& existing) {
   const QDir dir(folder);
   if (!dir.mkpath(QStringLiteral("."))) {
     log::error(QStringLiteral("session folder failed: cannot create %1").arg(folder));
     return false;
   }
   for (std::size_t index = 0; index < pieces.size(); ++index) {
-    const auto png = pieces[index].png->bytes();
-    if (!png) {
-      log::error(QStringLiteral("session piece failed: the picture cannot be encoded"));
-      return false;
-    }
-    const auto written = AtomicFile::write(dir.filePath(pieceFileName(index)), *png);
-    if (!written) {
-      log::error(QStringLiteral("session piece failed: %1").arg(written.error().description()));
-      return false;
-    }
+    const QString path = dir.filePath(pieceFileName(index));
+    if (index < existing.size() && !existing[index].isEmpty() && adopt(existing[index], path)) continue;
+    if (!writePiece(path, pieces[index])) return false;
   }
   return true;
 }
@@ -64,8 +75,19 @@ QString pieceFileName(std::size_t index) {
   return QStringLiteral("piece-%1.png").arg(index);
 }
 
-std::optional<Written> write(const QString& directory, const SessionDocument& document,
-                             const std::vector<CapturePiece>& pieces) {
+bool writePiece(const QString& path, const CapturePiece& piece) {
+  const auto png = piece.png->bytes();
+  if (!png) {
+    log::error(QStringLiteral("session piece failed: the picture cannot be encoded"));
+    return false;
+  }
+  const auto written = AtomicFile::write(path, *png);
+  if (!written) log::error(QStringLiteral("session piece failed: %1").arg(written.error().description()));
+  return written.has_value();
+}
+
+std::optional<Written> write(const QString& directory, const ImageDocument& document, Date capturedAt, Date savedAt,
+                             const std::vector<QString>& pieceFiles, const DocumentRenderer& renderer) {
   const QFileInfo target(directory);
   const QString temporary =
       target.dir().filePath(temporaryPrefix + QString::number(::getpid()) + u'-' + target.fileName());
@@ -73,10 +95,13 @@ std::optional<Written> write(const QString& directory, const SessionDocument& do
     QDir(temporary).removeRecursively();
     return std::nullopt;
   };
-  if (!writePieces(temporary, pieces)) return abandon();
+  if (!writePieces(temporary, document.pieces, pieceFiles)) return abandon();
   Written result;
-  result.hasThumbnail = writeThumbnail(temporary, pieces);
-  const auto written = AtomicFile::write(QDir(temporary).filePath(documentName), encode(document));
+  result.hasThumbnail = writeThumbnail(temporary, document, renderer);
+  std::vector<QString> names;
+  for (std::size_t index = 0; index < document.pieces.size(); ++index) names.push_back(pieceFileName(index));
+  const QByteArray text = encode(makeSessionDocument(document, names, capturedAt, savedAt));
+  const auto written = AtomicFile::write(QDir(temporary).filePath(documentName), text);
   if (!written) {
     log::error(QStringLiteral("session document failed: %1").arg(written.error().description()));
     return abandon();
@@ -86,6 +111,25 @@ std::optional<Written> write(const QString& directory, const SessionDocument& do
     return abandon();
   }
   return result;
+}
+
+std::optional<Loaded> load(const QString& directory, const PictureReader& reader) {
+  const auto session = readDocument(directory);
+  if (!session) return std::nullopt;
+  Loaded loaded;
+  loaded.capturedAt = session->capturedAt;
+  loaded.savedAt = session->savedAt;
+  loaded.document.annotations = session->annotations;
+  loaded.document.backdrop = session->backdrop;
+  for (const PieceRecord& record : session->pieces) {
+    const auto path = piecePath(directory, record);
+    const auto image = path ? reader(*path) : std::nullopt;
+    auto piece = image ? makePiece(record, *image) : std::nullopt;
+    if (!piece) return std::nullopt;
+    loaded.document.pieces.push_back(std::move(*piece));
+    loaded.pieceFiles.push_back(*path);
+  }
+  return loaded;
 }
 
 std::optional<SessionDocument> readDocument(const QString& directory) {

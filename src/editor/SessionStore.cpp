@@ -10,6 +10,7 @@
 
 #include "base/AtomicFile.h"
 #include "base/Log.h"
+#include "editor/RecoveryFolder.h"
 #include "editor/SessionFolder.h"
 
 namespace vellora {
@@ -30,26 +31,6 @@ void excludeFromBackup(const QString& directory) {
 QString makeSessionId(Date savedAt) {
   const QString stamp = QLocale::c().toString(savedAt.toDateTime(), QStringLiteral("yyyyMMdd-HHmmss"));
   return stamp + u'-' + QUuid::createUuid().toString(QUuid::WithoutBraces).left(8).toLower();
-}
-
-std::optional<SessionStore::Entry> loadEntry(const QString& directory, const SessionStore::PictureReader& reader) {
-  const auto document = sessionFolder::readDocument(directory);
-  if (!document) return std::nullopt;
-  SessionStore::Entry entry;
-  entry.annotations = document->annotations;
-  entry.backdrop = document->backdrop;
-  entry.capturedAt = document->capturedAt;
-  for (const PieceRecord& record : document->pieces) {
-    const auto path = sessionFolder::piecePath(directory, record);
-    const auto image = path ? reader(*path) : std::nullopt;
-    if (!image) return std::nullopt;
-    CapturePiece piece = makePiece(*image, record.scale);
-    piece.origin = record.origin;
-    piece.pointSize = record.pointSize;
-    if (record.visibleRect) piece.visibleRect = *record.visibleRect;
-    entry.pieces.push_back(std::move(piece));
-  }
-  return entry;
 }
 
 }  // namespace
@@ -81,8 +62,12 @@ QString SessionStore::defaultDirectory(const QString& applicationSupport) {
   return applicationSupport + QStringLiteral("/Vellora/Sessions");
 }
 
-SessionStore::SessionStore(QString sessionsDirectory, RunLoop& runLoop, PictureReader reader)
-    : sessionsDirectory_(std::move(sessionsDirectory)), runLoop_(runLoop), reader_(std::move(reader)) {
+SessionStore::SessionStore(QString sessionsDirectory, RunLoop& runLoop, PictureReader reader, DocumentRenderer renderer)
+    : sessionsDirectory_(std::move(sessionsDirectory)),
+      recoveryDirectory_(QDir::cleanPath(QDir(sessionsDirectory_).filePath(QStringLiteral("../Recovery")))),
+      runLoop_(runLoop),
+      reader_(std::move(reader)),
+      renderer_(std::move(renderer)) {
   loadIndex();
 }
 
@@ -131,44 +116,69 @@ void SessionStore::removeFolderLater(const QString& directory) {
   ioQueue_.async([directory] { QDir(directory).removeRecursively(); });
 }
 
-void SessionStore::push(std::vector<CapturePiece> pieces, const Json& annotations, const Json& backdrop,
-                        Date capturedAt) {
-  if (pieces.empty()) return;
+void SessionStore::push(const ImageDocument& document, Date capturedAt) {
+  record(document, capturedAt, nullptr);
+}
+
+void SessionStore::record(const ImageDocument& document, Date capturedAt, std::shared_ptr<RecoveryFolder> recovery) {
+  if (document.pieces.empty()) return;
   const Date savedAt = runLoop_.now();
   const QString id = makeSessionId(savedAt);
   const QString directory = QDir(sessionsDirectory_).filePath(id);
-
-  SessionDocument document;
-  document.capturedAt = capturedAt;
-  document.savedAt = savedAt;
-  document.backdrop = backdrop;
-  document.annotations = annotations;
-  Rect all = pieces.front().frame();
-  double outputScale = 0;
-  for (const CapturePiece& piece : pieces) {
-    all = all.united(piece.frame());
-    outputScale = std::max(outputScale, piece.scale);
-    PieceRecord record{
-        sessionFolder::pieceFileName(document.pieces.size()), piece.scale, piece.origin, piece.pointSize, {}};
-    if (piece.isCropped()) record.visibleRect = piece.visibleRect;
-    document.pieces.push_back(std::move(record));
-  }
-  document.pixelWidth = std::llround(all.size.width * outputScale);
-  document.pixelHeight = std::llround(all.size.height * outputScale);
-
-  items_.insert(items_.begin(), Item{directory, document.pixelWidth, document.pixelHeight, savedAt, false});
+  const SessionDocument facts =
+      makeSessionDocument(document, std::vector<QString>(document.pieces.size()), capturedAt, savedAt);
+  items_.insert(items_.begin(), Item{directory, facts.pixelWidth, facts.pixelHeight, savedAt, false});
   pendingWrites_.push_back(id);
   prune();
 
-  ioQueue_.async([this, id, directory, document = std::move(document), pieces = std::move(pieces),
+  ioQueue_.async([this, id, directory, kept = ImageDocument(document), capturedAt, savedAt,
+                  recovery = std::move(recovery),
                   finished = lifetime_.guard([this](const QString& session, bool success, bool hasThumbnail) {
                     writeFinished(session, success, hasThumbnail);
                   })]() mutable {
-    const auto written = sessionFolder::write(directory, document, pieces);
-    pieces.clear();
+    const auto pieceFiles = recovery ? recovery->pieceFiles(kept) : std::vector<QString>();
+    const auto written = sessionFolder::write(directory, kept, capturedAt, savedAt, pieceFiles, renderer_);
+    // What could not be written stays where it was, for a later start.
+    if (recovery && written) recovery->remove();
+    kept = {};
     runLoop_.post([finished, id, success = written.has_value(),
                    hasThumbnail = written && written->hasThumbnail]() mutable { finished(id, success, hasThumbnail); });
   });
+}
+
+std::unique_ptr<OpenDocument> SessionStore::open(const ImageDocument& document, Date capturedAt) {
+  auto folder = std::make_shared<RecoveryFolder>(recoveryDirectory_, makeSessionId(runLoop_.now()));
+  std::unique_ptr<OpenDocument> result(new OpenDocument(*this, std::move(folder), capturedAt));
+  result->unsaved_ = document;
+  result->save();
+  return result;
+}
+
+void SessionStore::recoverAbandoned(std::function<void(int)> done) {
+  ioQueue_.async([this, done = lifetime_.guard([this, done = std::move(done)](int count) {
+    loadIndex();
+    done(count);
+  })]() mutable {
+    const int count = recoverOnQueue();
+    if (count > 0) runLoop_.post([done = std::move(done), count]() mutable { done(count); });
+  });
+}
+
+int SessionStore::recoverOnQueue() {
+  int count = 0;
+  for (const QString& directory : RecoveryFolder::all(recoveryDirectory_)) {
+    const auto folder = RecoveryFolder::claim(directory);
+    if (!folder) continue;
+    if (const auto left = sessionFolder::load(directory, reader_)) {
+      const QString target = QDir(sessionsDirectory_).filePath(makeSessionId(left->savedAt));
+      if (!sessionFolder::write(target, left->document, left->capturedAt, left->savedAt, left->pieceFiles, renderer_)) {
+        continue;
+      }
+      ++count;
+    }
+    folder->remove();
+  }
+  return count;
 }
 
 void SessionStore::writeFinished(const QString& id, bool success, bool hasThumbnail) {
@@ -188,12 +198,21 @@ void SessionStore::take(std::size_t index, std::function<void(std::optional<Entr
     return;
   }
   const QString directory = items_[index].directory;
+  const QString id = items_[index].id();
   items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(index));
-  ioQueue_.async([this, directory, completion = lifetime_.guard(std::move(completion))]() mutable {
-    auto entry = loadEntry(directory, reader_);
-    QDir(directory).removeRecursively();
+  auto folder = std::make_shared<RecoveryFolder>(recoveryDirectory_, id);
+  ioQueue_.async([this, directory, folder,
+                  completion = lifetime_.guard(
+                      [this, folder, completion = std::move(completion)](std::optional<sessionFolder::Loaded> loaded) {
+                        if (!loaded) return completion(std::nullopt);
+                        Entry entry{std::move(loaded->document), loaded->capturedAt, nullptr};
+                        entry.open.reset(new OpenDocument(*this, folder, entry.capturedAt));
+                        completion(std::move(entry));
+                      })]() mutable {
+    auto loaded = sessionFolder::load(directory, reader_);
+    if (!loaded || !folder->adopt(directory, *loaded)) QDir(directory).removeRecursively();
     runLoop_.post(
-        [completion = std::move(completion), entry = std::move(entry)]() mutable { completion(std::move(entry)); });
+        [completion = std::move(completion), loaded = std::move(loaded)]() mutable { completion(std::move(loaded)); });
   });
 }
 

@@ -10,14 +10,16 @@
 #include "base/Lifetime.h"
 #include "base/RunLoop.h"
 #include "base/SerialQueue.h"
-#include "editor/CapturePiece.h"
-#include "editor/SessionDocument.h"
+#include "editor/ImageDocument.h"
+#include "editor/OpenDocument.h"
+#include "editor/SessionFolder.h"
 
 namespace vellora {
 
 /// The history: the ten most recent captures, each a folder with its pieces as PNG files, a thumbnail and
 /// "session.json". A session folder appears under its name complete or not at all, and several processes may add to one
-/// history. Main thread; files are read and written on the queue "dev.orlo.vellora.session-store".
+/// history. Documents that are open are kept in the folder "Recovery" beside it. Main thread; files are read and
+/// written on the queue "dev.orlo.vellora.session-store".
 class SessionStore {
  public:
   static constexpr std::size_t limit = 10;
@@ -38,19 +40,20 @@ class SessionStore {
 
   /// What reopening hands back.
   struct Entry {
-    std::vector<CapturePiece> pieces;
-    Json annotations = Json::array();
-    Json backdrop;
+    ImageDocument document;
     Date capturedAt;
+    std::unique_ptr<OpenDocument> open;  ///< what keeps the document while it is open
   };
 
-  /// Decodes a picture file; nothing when it is no picture. Called on the store's queue.
-  using PictureReader = std::function<std::optional<Bitmap>(const QString& path)>;
+  /// Both are called on the store's queue.
+  using PictureReader = sessionFolder::PictureReader;
+  using DocumentRenderer = sessionFolder::DocumentRenderer;
 
   /// "Vellora/Sessions" in the user's application support folder.
   static QString defaultDirectory(const QString& applicationSupport);
 
-  SessionStore(QString sessionsDirectory, RunLoop& runLoop, PictureReader reader);
+  /// Without a `renderer` thumbnails show the pieces without what was drawn on them.
+  SessionStore(QString sessionsDirectory, RunLoop& runLoop, PictureReader reader, DocumentRenderer renderer = {});
   ~SessionStore();
 
   /// Newest first.
@@ -60,7 +63,14 @@ class SessionStore {
   void loadIndex();
 
   /// Records a finished capture as the newest entry; does nothing without pieces.
-  void push(std::vector<CapturePiece> pieces, const Json& annotations, const Json& backdrop, Date capturedAt);
+  void push(const ImageDocument& document, Date capturedAt);
+
+  /// Keeps a document while a window has it open.
+  std::unique_ptr<OpenDocument> open(const ImageDocument& document, Date capturedAt);
+
+  /// Brings documents into the history that were open in a program that was killed. `done` gets their number, on the
+  /// main thread, and is not called when there are none.
+  void recoverAbandoned(std::function<void(int count)> done);
 
   /// Takes an entry out of the history, on disk too, and delivers it on the main thread; nothing when there is no such
   /// entry or it cannot be read.
@@ -73,13 +83,19 @@ class SessionStore {
   void waitForPendingWrites() { ioQueue_.drain(); }
 
  private:
+  friend class OpenDocument;
+
+  void record(const ImageDocument& document, Date capturedAt, std::shared_ptr<RecoveryFolder> recovery);
+  int recoverOnQueue();
   void prune();
   void removeFolderLater(const QString& directory);
   void writeFinished(const QString& id, bool success, bool hasThumbnail);
 
   const QString sessionsDirectory_;
+  const QString recoveryDirectory_;
   RunLoop& runLoop_;
   const PictureReader reader_;
+  const DocumentRenderer renderer_;
   std::vector<Item> items_;
   std::vector<QString> pendingWrites_;  ///< ids of sessions whose folders are not there yet
   Lifetime lifetime_;
