@@ -192,21 +192,19 @@ void DocumentDelivery::copySelection() {
   mime->setData(annotationsMimeType, clip->annotations);
   clipboard.setMimeData(mime);
   const std::uint64_t revision = model_.revision();
-  services_.documentOutput.render(model_.document(),
-                                  lifetime_.guard([this, annotations = clip->annotations, revision](
-                                                      const DocumentOutput::Outcome<DocumentOutput::Picture>& made) {
-                                    QClipboard& board = *QGuiApplication::clipboard();
-                                    const bool isOurs = board.ownsClipboard() && board.mimeData() != nullptr &&
-                                                        board.mimeData()->data(annotationsMimeType) == annotations;
-                                    if (!made || !isOurs) return;
-                                    auto* both = new QMimeData;
-                                    both->setData(annotationsMimeType, annotations);
-                                    both->setData(QStringLiteral("image/png"), bytesOf(**made));
-                                    copiedAt_ = services_.runLoop.hostTime();
-                                    board.setMimeData(both);
-                                    noteCopied(revision);
-                                  }),
-                                  true);
+  services_.documentOutput.render(
+      model_.document(),
+      lifetime_.guard([this, annotations = clip->annotations, revision,
+                       ours = QPointer(mime)](const DocumentOutput::Outcome<DocumentOutput::Picture>& made) {
+        // Whatever else came onto the clipboard meanwhile stays there.
+        if (!made || ours.isNull()) return;
+        auto* both = new QMimeData;
+        both->setData(annotationsMimeType, annotations);
+        both->setData(QStringLiteral("image/png"), bytesOf(**made));
+        noteCopied(revision);
+        QGuiApplication::clipboard()->setMimeData(both);
+      }),
+      true);
 }
 
 QString DocumentDelivery::pictureName(const QString& extension) const {

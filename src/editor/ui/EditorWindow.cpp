@@ -27,6 +27,7 @@
 #include "editor/ui/StatusLine.h"
 #include "editor/ui/StyleSection.h"
 #include "editor/ui/WidthSection.h"
+#include "editor/ui/backdrop/BackdropPanel.h"
 #include "editor/ui/canvas/CanvasView.h"
 #include "kit/Button.h"
 #include "kit/Theme.h"
@@ -93,6 +94,7 @@ struct EditorWindow::Private {
   EditorBar* bar = nullptr;  // the widgets are owned by Qt
   CanvasView* canvas = nullptr;
   SidePanel* side = nullptr;
+  BackdropPanel* backdrop = nullptr;  // made when it is first opened
   StatusLine* status = nullptr;
   DocumentDelivery* delivery = nullptr;
   bool refreshPending = false;
@@ -178,6 +180,8 @@ void EditorWindow::Private::connectCommands() {
       model.endCrop();
       model.setTool(tool);
       canvas->setFocus();
+      // The action toggles itself also where nothing changes.
+      bar->refresh();
     });
   }
   commands[Command::Crop].setCheckable(true);
@@ -282,6 +286,7 @@ void EditorWindow::Private::refresh() {
   refreshCommands();
   refreshStatus();
   bar->setCopyOutdated(delivery->isCopyOutdated());
+  if (side->isOpen()) backdrop->setSettings(model.document().backdrop);
   if (std::exchange(styleChanged, false)) bar->refresh();
 }
 
@@ -397,6 +402,19 @@ void EditorWindow::Private::nextBlurStyle() {
 }
 
 void EditorWindow::Private::toggleBackdrop() {
+  if (backdrop == nullptr) {
+    // Most pictures never need it.
+    backdrop = new BackdropPanel(services.backdropStyles, side);
+    backdrop->setColorSampler([this](std::function<void(const QColor&)> picked) {
+      pickColor([picked = std::move(picked)](const ColorComponents& color) { picked(toQColor(color)); });
+    });
+    connect(backdrop, &BackdropPanel::changed, &window, [this](const BackdropSettings& settings, const QString& key) {
+      model.setBackdrop(settings, key.toStdString());
+    });
+    connect(backdrop, &BackdropPanel::editingFinished, &window, [this] { model.endCoalescing(); });
+    side->setContent(backdrop);
+  }
+  backdrop->setSettings(model.document().backdrop);
   side->setOpen(!side->isOpen());
   commands[Command::Backdrop].setChecked(side->isOpen());
   if (!side->isOpen()) canvas->setFocus();
