@@ -27,6 +27,11 @@ void strokeOutlined(QPainter& painter, const QPainterPath& path, double width) {
   stroke(light, width);
 }
 
+/// Quicker than std::hypot, which guards against numbers that do not occur here.
+double length(double x, double y) {
+  return std::sqrt(x * x + y * y);
+}
+
 double dot(Point a, Point b) {
   return a.x * b.x + a.y * b.y;
 }
@@ -94,14 +99,14 @@ double Lens::distance(double x, double y) const {
   const double halfHeight = rect_.size.height / 2;
   if (shape_ == MagnifierShape::Circle) {
     // First-order distance to an ellipse; exact for a circle.
-    const double place = std::hypot(x / halfWidth, y / halfHeight);
-    const double slope = std::hypot(x / (halfWidth * halfWidth), y / (halfHeight * halfHeight));
+    const double place = length(x / halfWidth, y / halfHeight);
+    const double slope = length(x / (halfWidth * halfWidth), y / (halfHeight * halfHeight));
     return slope > 0 ? place * (place - 1) / slope : -std::min(halfWidth, halfHeight);
   }
   const double radius = cornerRadius();
   const double right = std::abs(x) - halfWidth + radius;
   const double below = std::abs(y) - halfHeight + radius;
-  return std::hypot(std::max(right, 0.0), std::max(below, 0.0)) + std::min(std::max(right, below), 0.0) - radius;
+  return length(std::max(right, 0.0), std::max(below, 0.0)) + std::min(std::max(right, below), 0.0) - radius;
 }
 
 double Lens::support(Point direction) const {
@@ -153,16 +158,29 @@ void Lens::drawShadow(const PixelTarget& target, const QRect& clip, const Device
   for (int y = area.top(); y <= area.bottom(); ++y) {
     std::uint32_t* row = target.row(y);
     const double down = (y + 0.5 - map.dy) / map.scaleY - middle.y;
+    const double covered = innerHalfWidth(down);
+    const int glassBegin = toPixel(std::ceil(map.x(middle.x - covered)));
+    const int glassEnd = toPixel(std::floor(map.x(middle.x + covered)));
     for (int x = area.left(); x <= area.right(); ++x) {
+      if (covered > 0 && x == glassBegin) x = std::max(x, glassEnd);
       const double across = (x + 0.5 - map.dx) / map.scaleX - middle.x;
       const double away = distance(across, down - shadowDrop);
       if (away >= shadowReach) continue;
-      if (away < 0 && distance(across, down) < -rimWidth) continue;  // below the glass
       const double share = 1 - std::max(away, 0.0) / shadowReach;
       const auto alpha = static_cast<std::uint32_t>(shadowOpacity * 255 * share * share * share + 0.5);
       row[x] = blendPixel(alpha << 24, row[x]);
     }
   }
+}
+
+double Lens::innerHalfWidth(double down) const {
+  const double halfWidth = rect_.size.width / 2;
+  const double halfHeight = rect_.size.height / 2;
+  if (shape_ == MagnifierShape::Circle) {
+    const double share = down / halfHeight;
+    return share * share < 1 ? halfWidth * std::sqrt(1 - share * share) - rimWidth : 0;
+  }
+  return std::abs(down) < halfHeight - cornerRadius() ? halfWidth - rimWidth : 0;
 }
 
 void Lens::drawBelow(const PixelTarget& target, QPainter& painter, const QRect& clip, const DeviceMap& map) const {

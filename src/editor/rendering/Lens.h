@@ -47,6 +47,8 @@ class Lens {
   double support(Point direction) const;
   Point supportPlace(Point direction) const;
   QPainterPath connectors() const;
+  /// How far the glass surely reaches to both sides of the centre at a height relative to it; 0 or less: unknown.
+  double innerHalfWidth(double down) const;
   void drawShadow(const PixelTarget& target, const QRect& clip, const DeviceMap& map) const;
 
   Rect rect_;
