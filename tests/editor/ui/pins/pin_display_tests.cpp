@@ -25,7 +25,8 @@ using test::XClient;
 using test::XServer;
 
 constexpr const char* probe = VELLORA_BIN_DIR "/pin_probe";
-constexpr int shadowRoom = 32;  // around the picture, where windows are blended
+constexpr std::uint32_t titleBar = 0xF4F5F7;  // the top of the specimen
+constexpr int shadowRoom = 32;                // around the picture, where windows are blended
 
 class PinOnDisplay : public testing::Test {
  protected:
@@ -35,8 +36,6 @@ class PinOnDisplay : public testing::Test {
     client = std::make_unique<XClient>(*server);
     other =
         std::make_unique<TestWindow>(*server, TestWindow::Options{.frame = {250, 150, 800, 600}, .colour = 0x2244AA});
-    server->check({"xdotool", "windowactivate", std::to_string(other->id())});
-    ASSERT_TRUE(waitFor([this] { return activeWindow() == other->id(); }));
     // The window manager had a place of its own for it.
     other->move({250, 150, 800, 600});
     ASSERT_TRUE(waitFor([this] { return server->pixels({390, 290, 1, 1})[0] == 0x2244AA; }));
@@ -55,6 +54,11 @@ class PinOnDisplay : public testing::Test {
     ASSERT_TRUE(waitFor([&] { return ids("pinned").size() == wanted; })) << output();
     for (const xcb_window_t id : ids("pinned")) {
       ASSERT_TRUE(waitFor([&] { return isViewable(id); }));
+      const int inside = 4 + (arguments.find("--blended") != std::string::npos ? shadowRoom : 0);
+      const PixelRect frame = frameOf(id);
+      ASSERT_TRUE(waitFor([&] {
+        return server->pixels({frame.x + inside, frame.y + inside, 1, 1})[0] == titleBar;
+      })) << "it is painted";
     }
   }
 
@@ -147,6 +151,11 @@ class PinOnDisplay : public testing::Test {
 };
 
 TEST_F(PinOnDisplay, StaysAboveOtherWindowsAndLeavesThemTheFocus) {
+  client->movePointer({900, 600});
+  client->button(1, true);
+  client->sync();
+  ASSERT_TRUE(waitFor([this] { return activeWindow() == other->id(); }));
+  client->button(1, false);
   pin("300x200+400+300 120x90+700+300");
   EXPECT_EQ(frameOf(first()), (PixelRect{400, 300, 300, 200}));
   EXPECT_EQ(activeWindow(), other->id());
@@ -177,10 +186,8 @@ TEST_F(PinOnDisplay, IsMovedZoomedAndResizedByThePointer) {
   EXPECT_TRUE(becomes({0, 300, 300, 200})) << "drawn to the edge of the screen";
   drag({298, 400}, {448, 400});
   EXPECT_TRUE(becomes({0, 300, 450, 300})) << "with the picture's proportions, the other edges held";
-  client->movePointer({200, 500});
-  client->sync();
-  click(1);
-  click(1);
+  // As fast as a hand, not faster: the window manager looks at every click before it passes it on.
+  server->check({"xdotool", "mousemove", "200", "500", "click", "--repeat", "2", "--delay", "60", "1"});
   EXPECT_TRUE(becomes({75, 350, 300, 200})) << "its own size, around the centre";
 }
 
@@ -224,7 +231,6 @@ TEST_F(PinOnDisplay, LetsClicksThroughItsShadowAndThroughItselfWhenAsked) {
 
 TEST_F(PinOnDisplay, ControlsAppearUnderThePointer) {
   pin("300x200+400+300");
-  ASSERT_TRUE(waitFor([this] { return server->pixels({690, 305, 1, 1})[0] == 0xF4F5F7; })) << "the picture's bar";
   const auto quiet = server->pixels({400, 300, 300, 50});
   client->movePointer({550, 450});
   client->sync();
