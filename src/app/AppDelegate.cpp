@@ -7,10 +7,8 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFileDialog>
 #include <QGuiApplication>
 #include <QScreen>
-#include <QStandardPaths>
 
 #include "app/LauncherWindow.h"
 #include "app/RecentRecordings.h"
@@ -35,23 +33,15 @@ namespace {
 
 /// What this build can do; the menu shows the rest disabled.
 const std::set<Command>& availableCommands() {
-  static const std::set<Command> commands{Command::CaptureArea,
-                                          Command::CaptureWindow,
-                                          Command::CaptureFullscreen,
-                                          Command::CaptureFullscreenDelayed,
-                                          Command::LoadFromClipboard,
-                                          Command::LoadFromFile,
-                                          Command::ReopenLast,
-                                          Command::ReopenEntry,
-                                          Command::ClearHistory,
-                                          Command::OpenRecordingsFolder,
-                                          Command::CleanUpRecordings,
-                                          Command::OpenSettings,
-                                          Command::Quit};
+  static const std::set<Command> commands{Command::CaptureArea,          Command::CaptureWindow,
+                                          Command::CaptureFullscreen,    Command::CaptureFullscreenDelayed,
+                                          Command::LoadFromClipboard,    Command::LoadFromFile,
+                                          Command::ReopenLast,           Command::ReopenEntry,
+                                          Command::ClearHistory,         Command::EndClickThrough,
+                                          Command::OpenRecordingsFolder, Command::CleanUpRecordings,
+                                          Command::OpenSettings,         Command::Quit};
   return commands;
 }
-
-constexpr QSize fileDialogSize(860, 540);  // where the desktop has no dialog of its own
 
 QScreen* pointerScreen() {
   QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
@@ -67,16 +57,21 @@ AppDelegate::AppDelegate(Mode mode)
           [this](Access missing, std::function<void()> openPage) { alertMissingAccess(missing, std::move(openPage)); }),
       captures_({services_.captureEngine, services_.screens, services_.overlayPresenter, services_.runLoop},
                 accessGate_, {[this](int remaining) { showCountdown(remaining); }, [this] { hideCountdown(); }}),
-      windows_(
-          services_, [this](const CaptureOutcome& outcome) { reportOutcome(outcome); }, [this] { endWhenIdle(); }),
+      pictureLoading_(services_.pasteboard, services_.runLoop),
+      windows_(services_, captures_, pictureLoading_,
+               {[this](const CaptureOutcome& outcome) { reportOutcome(outcome); },
+                [this](const char* icon, const QString& text, bool isFailure) { showToast(icon, text, isFailure); },
+                [this] { endWhenIdle(); }}),
       completion_(
           services_.settings, services_.sessionStore, services_.captureOutput, services_.runLoop,
           {[this](const CaptureDocument& document) { windows_.openEditor(document); },
            [this](const CaptureDocument& document) { windows_.openPin(document); }},
           [this] { captures_.cancelSessions(); }, [this](const CaptureOutcome& outcome) { reportOutcome(outcome); }),
-      pictureLoading_(services_.pasteboard, services_.runLoop),
       hotKeyCenter_(services_.hotKeys),
-      instanceCommands_(captures_, [this](int index) { return reopenEntry(index); }),
+      instanceCommands_(captures_, {[this](int index) { return reopenEntry(index); },
+                                    [this](const QString& path, std::function<void(const QString&)> done) {
+                                      editFile(path, std::move(done));
+                                    }}),
       instanceServer_({[this] { openLauncher(); }, [this] { openSettings(); },
                        [this](const InstanceServer::Command& command, InstanceServer::Reply reply) {
                          instanceCommands_.run(command, std::move(reply));
@@ -122,6 +117,10 @@ bool AppDelegate::applicationDidFinishLaunching() {
     //% "Vellora is running. This desktop has no tray: start Vellora again to see its commands."
     showToast("vellora", qtTrId("toast.noTray"), false);
   }
+  services_.sessionStore.recoverAbandoned([this](int count) {
+    //% "%n capture(s) that were open when Vellora ended are in the history"
+    showToast("history.reopen", qtTrId("toast.recovered", count), false);
+  });
   writeSnapshotsIfAsked();
   return true;
 }
@@ -129,7 +128,7 @@ bool AppDelegate::applicationDidFinishLaunching() {
 void AppDelegate::applicationWillTerminate() {
   captures_.cancelSessions();
   hotKeyCenter_.unregisterAll();
-  windows_.closePins();
+  windows_.closeAll();
   services_.captureOutput.waitForPendingWrites();
   services_.sessionStore.waitForPendingWrites();
   services_.clipboardFiles.waitForPendingWork();
@@ -184,6 +183,8 @@ void AppDelegate::perform(Command command, int index) {
       return;
     case Command::ClearHistory:
       return clearHistory();
+    case Command::EndClickThrough:
+      return windows_.endClickThrough();
     case Command::OpenRecordingsFolder:
       return openRecordingsFolder();
     case Command::CleanUpRecordings:
@@ -233,6 +234,7 @@ MenuState AppDelegate::menuState() {
   for (const RecordingBundle& bundle : listRecordings(recordingProjectsDirectory(services_.fileNames.movies()))) {
     state.recordings.push_back({bundle.name, bundle.path});
   }
+  state.hasClickThroughPins = windows_.hasClickThroughPins();
   state.canCleanUpRecordings = !state.recordings.empty();
   for (const HotKeyAction action : allHotKeyActions) {
     const auto binding = services_.hotKeySettings.binding(action);
@@ -279,17 +281,14 @@ void AppDelegate::settingsChangedElsewhere(const QStringList& keys) {
 }
 
 bool AppDelegate::reopenEntry(int index) {
-  if (index < 0 || static_cast<std::size_t>(index) >= services_.sessionStore.items().size()) return false;
-  services_.sessionStore.take(static_cast<std::size_t>(index), [this](std::optional<SessionStore::Entry> entry) {
-    if (!entry) {
-      //% "This capture can no longer be read"
-      showToast("exclamationmark.triangle.fill", qtTrId("toast.reopenFailed"), true);
-      return endWhenIdle();
-    }
-    const CapturePiece& piece = entry->pieces.front();
-    windows_.openEditor({{piece.image, piece.scale}, piece.png, std::nullopt, entry->capturedAt});
+  return index >= 0 && windows_.reopen(static_cast<std::size_t>(index));
+}
+
+void AppDelegate::editFile(const QString& path, std::function<void(const QString&)> done) {
+  pictureLoading_.loadFromFile(path, [this, done = std::move(done)](const PictureLoading::Outcome& outcome) {
+    if (outcome) openLoaded(outcome);
+    done(outcome ? QString() : localized(outcome.error().toLatin1().constData()));
   });
-  return true;
 }
 
 void AppDelegate::clearHistory() {
@@ -313,21 +312,9 @@ void AppDelegate::loadFromClipboard() {
 }
 
 void AppDelegate::loadFromFile() {
-  auto* dialog = new QFileDialog;
-  dialog->setAttribute(Qt::WA_DeleteOnClose);
-  followTheme(*dialog);
-  dialog->setFileMode(QFileDialog::ExistingFile);
-  dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
-  dialog->resize(fileDialogSize);
-  //% "Open a picture"
-  dialog->setWindowTitle(qtTrId("load.file.title"));
-  //% "Pictures (%1)"
-  const QString filter = qtTrId("load.file.filter").arg(PictureLoading::fileNamePatterns());
-  dialog->setNameFilter(filter);
-  QObject::connect(dialog, &QFileDialog::fileSelected, dialog, [this](const QString& path) {
-    pictureLoading_.loadFromFile(path, [this](const PictureLoading::Outcome& outcome) { openLoaded(outcome); });
+  windows_.choosePicture(nullptr, [this](const std::optional<CapturePiece>& piece) {
+    if (piece) openLoaded(LoadedImage{piece->image, piece->scale});
   });
-  dialog->open();
 }
 
 void AppDelegate::openLoaded(const PictureLoading::Outcome& outcome) {

@@ -7,8 +7,8 @@
 #include <QString>
 
 #include "app/AppServices.h"
-#include "app/CaptureWindows.h"
 #include "app/Command.h"
+#include "app/DocumentWindows.h"
 #include "app/HotKeyCenter.h"
 #include "app/InstanceCommands.h"
 #include "app/PictureLoading.h"
@@ -65,6 +65,7 @@ class AppDelegate {
   MenuState menuState();
 
   bool reopenEntry(int index);
+  void editFile(const QString& path, std::function<void(const QString& problem)> done);
   void clearHistory();
   void loadFromClipboard();
   void loadFromFile();
@@ -86,9 +87,9 @@ class AppDelegate {
   Translations translations_;
   AccessGate accessGate_;
   CaptureCommands captures_;
-  CaptureWindows windows_;
-  CaptureCompletion completion_;
   PictureLoading pictureLoading_;
+  DocumentWindows windows_;
+  CaptureCompletion completion_;
   HotKeyCenter hotKeyCenter_;
   InstanceCommands instanceCommands_;
   InstanceServer instanceServer_;

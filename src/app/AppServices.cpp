@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QLocale>
 
+#include "editor/rendering/DocumentRenderer.h"
 #include "media/codecs/ImageLoader.h"
 
 namespace vellora {
@@ -24,6 +25,7 @@ std::optional<Bitmap> readPicture(const QString& path) {
 AppServices::AppServices()
     : hotKeySettings(*preferences, notices, buildKind()),
       localization(*preferences, notices, QLocale::system().uiLanguages()),
-      sessionStore(SessionStore::defaultDirectory(fileNames.applicationSupport()), runLoop, readPicture) {}
+      sessionStore(SessionStore::defaultDirectory(fileNames.applicationSupport()), runLoop, readPicture,
+                   renderDocument) {}
 
 }  // namespace vellora

@@ -22,6 +22,7 @@
 #include "platform/linux/x11/X11ScreenCapture.h"
 #include "platform/linux/x11/X11ScreenStill.h"
 #include "platform/linux/x11/X11Screens.h"
+#include "platform/linux/x11/X11WindowHints.h"
 #include "preferences/AppLanguage.h"
 #include "preferences/HotKeySettings.h"
 #include "preferences/Settings.h"
@@ -47,6 +48,7 @@ struct AppServices {
   X11ScreenCapture screenCapture;
   X11Screens screens;
   X11HotKeys hotKeys;
+  X11WindowHints windowHints;
 
   Settings settings{*preferences, fileNames};
   HotKeySettings hotKeySettings;

@@ -20,6 +20,7 @@ constexpr std::array descriptions{
     CommandDescription{Command::ReopenLast, "menu.reopen", "history.reopen"},
     CommandDescription{Command::ReopenEntry, "", ""},
     CommandDescription{Command::ClearHistory, "menu.clearHistory", "trash"},
+    CommandDescription{Command::EndClickThrough, "menu.endClickThrough", "pin"},
     CommandDescription{Command::OpenCompressor, "menu.compressImages", "compress"},
     CommandDescription{Command::ToggleRegionRecording, "menu.recordRegion", "record.region"},
     CommandDescription{Command::TogglePauseRecording, "menu.pauseRecording", "pause.circle"},

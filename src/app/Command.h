@@ -21,6 +21,7 @@ enum class Command {
   ReopenLast,
   ReopenEntry,  ///< with an index
   ClearHistory,
+  EndClickThrough,  ///< pins that let clicks through take them again
   OpenCompressor,
   ToggleRegionRecording,
   TogglePauseRecording,

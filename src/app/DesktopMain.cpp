@@ -17,10 +17,10 @@
 namespace vellora {
 namespace {
 
-/// The words of a command given as "--capture …" or "--reopen …"; empty when the arguments give none.
+/// The words of a command given as "--capture …", "--reopen …" or "--edit …"; empty when the arguments give none.
 QStringList commandOf(QStringList arguments) {
-  if (arguments.isEmpty()) return {};
-  if (arguments.first() != u"--capture" && arguments.first() != u"--reopen") return {};
+  static const QStringList commands{QStringLiteral("--capture"), QStringLiteral("--reopen"), QStringLiteral("--edit")};
+  if (arguments.isEmpty() || !commands.contains(arguments.first())) return {};
   arguments.first().remove(0, 2);
   return arguments;
 }

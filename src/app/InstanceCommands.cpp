@@ -1,5 +1,9 @@
 #include "app/InstanceCommands.h"
 
+#include <memory>
+
+#include <QDir>
+
 #include "capture/CaptureRequest.h"
 #include "capture/CaptureResult.h"
 
@@ -24,8 +28,8 @@ CommandOutcome outcomeOf(const CaptureResult& result, bool json) {
 
 }  // namespace
 
-InstanceCommands::InstanceCommands(CaptureCommands& captures, std::function<bool(int)> reopen)
-    : captures_(captures), reopen_(std::move(reopen)) {}
+InstanceCommands::InstanceCommands(CaptureCommands& captures, Windows windows)
+    : captures_(captures), windows_(std::move(windows)) {}
 
 void InstanceCommands::run(const InstanceServer::Command& command, InstanceServer::Reply reply) {
   const QStringList& words = command.arguments;
@@ -40,10 +44,32 @@ void InstanceCommands::run(const InstanceServer::Command& command, InstanceServe
   if (words.size() == 2 && words[0] == u"reopen") {
     bool ok = false;
     const int number = words[1].toInt(&ok);
-    if (ok && number >= 1 && reopen_(number - 1)) return reply({});
+    if (ok && number >= 1 && windows_.reopen(number - 1)) return reply({});
     return reply({1, {}, QStringLiteral("there is no such capture in the history")});
   }
+  if (words.size() >= 2 && words[0] == u"edit") {
+    QStringList paths;
+    const QDir folder(command.workingDirectory);
+    for (const QString& word : words.mid(1)) paths << QDir::cleanPath(folder.absoluteFilePath(word));
+    return edit(paths, std::move(reply));
+  }
   reply(wrongUsage(QStringLiteral("this Vellora does not know the command '%1'").arg(words.join(u' '))));
+}
+
+void InstanceCommands::edit(const QStringList& paths, InstanceServer::Reply reply) {
+  struct Progress {
+    InstanceServer::Reply reply;
+    qsizetype left;
+    QStringList problems;
+  };
+  const auto progress = std::make_shared<Progress>(Progress{std::move(reply), paths.size(), {}});
+  for (const QString& path : paths) {
+    windows_.edit(path, [progress, path](const QString& problem) {
+      if (!problem.isEmpty()) progress->problems << path + QStringLiteral(": ") + problem;
+      if (--progress->left > 0) return;
+      progress->reply({progress->problems.isEmpty() ? 0 : 1, {}, progress->problems.join(u'\n')});
+    });
+  }
 }
 
 }  // namespace vellora

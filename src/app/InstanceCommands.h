@@ -10,15 +10,23 @@ namespace vellora {
 /// Carries out what the command line hands over, in the running program or in one started for a single command.
 class InstanceCommands {
  public:
-  /// `reopen` opens the history's entry of that index; false when there is none.
-  InstanceCommands(CaptureCommands& captures, std::function<bool(int index)> reopen);
+  struct Windows {
+    /// Opens the history's entry of that index; false when there is none.
+    std::function<bool(int index)> reopen;
+    /// Opens a picture file in the editor and calls back with what was wrong for a person, empty when nothing.
+    std::function<void(const QString& path, std::function<void(const QString& problem)> done)> edit;
+  };
 
-  /// Understands "capture REQUEST text|json" and "reopen N". Replies once.
+  InstanceCommands(CaptureCommands& captures, Windows windows);
+
+  /// Understands "capture REQUEST text|json", "reopen N" and "edit FILE…". Replies once.
   void run(const InstanceServer::Command& command, InstanceServer::Reply reply);
 
  private:
+  void edit(const QStringList& paths, InstanceServer::Reply reply);
+
   CaptureCommands& captures_;
-  std::function<bool(int)> reopen_;
+  const Windows windows_;
 };
 
 }  // namespace vellora

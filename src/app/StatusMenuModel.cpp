@@ -63,6 +63,13 @@ MenuEntry historySubmenu(const MenuState& state) {
   return entry;
 }
 
+/// The one way back to pins that no click reaches.
+MenuEntry endClickThrough(const MenuState& state) {
+  MenuEntry entry = item(Command::EndClickThrough, state);
+  entry.isVisible = state.hasClickThroughPins;
+  return entry;
+}
+
 MenuEntry recordToggle(const MenuState& state) {
   MenuEntry entry = item(Command::ToggleRegionRecording, state);
   if (state.recording != RecordingPhase::Idle) {
@@ -134,6 +141,7 @@ std::vector<MenuEntry> statusMenu(const MenuState& state) {
       separator(),
       reopenLast(state),
       historySubmenu(state),
+      endClickThrough(state),
       separator(),
       item(Command::OpenCompressor, state),
       separator(),

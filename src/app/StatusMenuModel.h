@@ -26,6 +26,7 @@ struct MenuState {
   };
   std::vector<HistoryLine> history;   ///< newest first
   std::vector<Recording> recordings;  ///< newest first
+  bool hasClickThroughPins = false;
   bool canCleanUpRecordings = false;
   RecordingPhase recording = RecordingPhase::Idle;
   bool isLive = false;

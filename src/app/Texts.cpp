@@ -34,6 +34,8 @@ namespace {
     QT_TRID_NOOP("menu.reopenMore"),
     //% "Clear History…"
     QT_TRID_NOOP("menu.clearHistory"),
+    //% "Let Clicks Reach the Pins Again"
+    QT_TRID_NOOP("menu.endClickThrough"),
     //% "Compress Images…"
     QT_TRID_NOOP("menu.compressImages"),
     //% "Record Area"

@@ -35,9 +35,10 @@ TEST(StatusMenu, HasItsLinesInOrder) {
   }
   EXPECT_EQ(
       lines.join(u' '),
-      QStringLiteral("captureArea captureWindow captureFullscreen captureScrolling captureText moreCaptures - reopen "
-                     "reopenMore - compressImages - recordRegion pauseRecording recordWindow recordFullscreen "
-                     "recentRecordings importVideo - startLive - settings quit"));
+      QStringLiteral(
+          "captureArea captureWindow captureFullscreen captureScrolling captureText moreCaptures - reopen "
+          "reopenMore endClickThrough - compressImages - recordRegion pauseRecording recordWindow recordFullscreen "
+          "recentRecordings importVideo - startLive - settings quit"));
 }
 
 TEST(StatusMenu, FollowsTheRecordingAndLiveState) {
@@ -56,7 +57,7 @@ TEST(StatusMenu, FollowsTheRecordingAndLiveState) {
     state.recording = expected.phase;
     const auto menu = statusMenu(state);
     EXPECT_TRUE(find(menu, QString::fromLatin1(expected.record)));
-    const MenuEntry& pause = menu[13];
+    const MenuEntry& pause = menu[14];
     EXPECT_EQ(pause.isVisible, *expected.pause != '\0');
     if (pause.isVisible) {
       EXPECT_EQ(pause.titleKey, QString::fromLatin1(expected.pause));
