@@ -127,7 +127,7 @@ TEST_F(EditorCanvasTest, TypesWhereItWasClicked) {
   press({60, 80});
   release();
   ASSERT_TRUE(waitFor([&] { return state()["editing"] == true; }));
-  for (const std::uint16_t key : {35, 23, 2}) client->chord({key});  // h, i, 1
+  for (const int key : {35, 23, 2}) client->chord({static_cast<std::uint16_t>(key)});  // h, i, 1
   ASSERT_TRUE(waitFor([&] { return annotations().size() == 1 && annotations()[0]["text"] == "hi1"; }));
   client->chord({1});  // Escape
   EXPECT_TRUE(waitFor([&] { return state()["editing"] == false; }));

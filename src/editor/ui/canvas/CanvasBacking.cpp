@@ -12,7 +12,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr int sizeStep = 64;               // the picture grows and shrinks by this, not with every pixel of the view
-constexpr double nanosecondsAPiece = 3e6;  // how long painting one piece should take
+constexpr double nanosecondsAPiece = 4e6;  // how long painting one piece should take
 constexpr double leastPiece = 256 * 128;   // pixels; smaller ones cost more in calls than they save in waiting
 constexpr double measuredFrom = 256 * 128;
 
@@ -139,7 +139,9 @@ QRect CanvasBacking::nextPiece(const QRegion& region, QPoint focus) const {
 QRegion CanvasBacking::paint(const QRegion& region, QPoint focus, std::chrono::nanoseconds budget) {
   const auto start = Clock::now();
   QRegion painted;
-  for (auto now = start; now - start < budget;) {
+  // A piece that would end well after the time is left for the next turn.
+  const auto latestStart = budget - std::chrono::nanoseconds(static_cast<std::int64_t>(nanosecondsAPiece / 2));
+  for (auto now = start; painted.isEmpty() || now - start < latestStart;) {
     // What is wrong on the screen is worse than what is blurred.
     QRegion waiting = outdated_ & visible_ & region;
     if (waiting.isEmpty()) waiting = missing_ & visible_ & region;

@@ -36,6 +36,9 @@ class CanvasBacking {
   /// What of the visible part is still to be painted.
   QRegion unpainted() const { return (missing_ | outdated_) & visible_; }
 
+  /// Whether some of this part was never painted.
+  bool isMissing(const QRegion& region) const { return missing_.intersects(region & visible_); }
+
   /// Draws the part `region` of the plane; `painter` has the plane's pixels as coordinates. What was never painted is
   /// filled with `ground` under the stand-in.
   void draw(QPainter& painter, const QRegion& region, const QColor& ground) const;

@@ -24,8 +24,10 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto paintingBudget = 8ms;  // of a turn of the event loop
-constexpr int restAfter = 600;        // milliseconds without a change until memory is given back
+// The time for painting in one turn of the event loop; less where a stand-in has to be stretched in the same turn.
+constexpr auto paintingBudget = 8ms;
+constexpr auto paintingBudgetBesideStandin = 4ms;
+constexpr int restAfter = 600;  // milliseconds without a change until memory is given back
 
 QPointF pointF(Point point) {
   return {point.x, point.y};
@@ -204,7 +206,8 @@ void CanvasView::paintEvent(QPaintEvent* event) {
   const QRegion pixels = inPixels(event->region(), ratio) & QRect({}, d_->viewport.pixels());
   const QPoint origin = d_->viewport.origin();
   const QRegion plane = pixels.translated(-origin);
-  d_->backing.paint(plane, d_->focusOnPlane(), paintingBudget);
+  const bool blank = d_->backing.isMissing(plane);
+  d_->backing.paint(plane, d_->focusOnPlane(), blank ? paintingBudgetBesideStandin : paintingBudget);
   if (!d_->backing.unpainted().isEmpty()) d_->painting.start(0, this);
 
   QPainter painter(this);

@@ -76,10 +76,10 @@ struct CanvasHarness {
 
   void click(Point at) { drag(at, at); }
 
-  void key(int key, const QString& text = {}, Qt::KeyboardModifiers modifiers = {}) {
-    QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
+  void key(int key, const QString& typed = {}, Qt::KeyboardModifiers modifiers = {}) {
+    QKeyEvent press(QEvent::KeyPress, key, modifiers, typed);
     QApplication::sendEvent(&view, &press);
-    QKeyEvent release(QEvent::KeyRelease, key, modifiers, text);
+    QKeyEvent release(QEvent::KeyRelease, key, modifiers, typed);
     QApplication::sendEvent(&view, &release);
   }
 

@@ -33,7 +33,7 @@ std::string difference(const QImage& left, const QImage& right) {
   if (left.size() != right.size()) return "other sizes";
   QRegion differing;
   int most = 0;
-  constexpr int rounding = 2;
+  constexpr int rounding = 6;
   for (int y = 0; y < left.height(); ++y) {
     for (int x = 0; x < left.width(); ++x) {
       const QColor one = left.pixelColor(x, y);
