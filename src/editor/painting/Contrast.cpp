@@ -4,23 +4,19 @@
 #include <cmath>
 
 namespace vellora {
-namespace {
 
-double linear(double component) {
-  const double value = std::clamp(component, 0.0, 1.0);
-  return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-}
-
-}  // namespace
-
-double relativeLuminance(const ColorComponents& color) {
-  return 0.2126 * linear(color.red) + 0.7152 * linear(color.green) + 0.0722 * linear(color.blue);
+double luminance(const ColorComponents& color) {
+  const auto linear = [](double component) { return std::pow(std::clamp(component, 0.0, 1.0), 2.4); };
+  return 0.2126729 * linear(color.red) + 0.7151522 * linear(color.green) + 0.0721750 * linear(color.blue);
 }
 
 ColorComponents readableOn(const ColorComponents& ground) {
-  const double luminance = relativeLuminance(ground);
-  const double againstWhite = 1.05 / (luminance + 0.05);
-  const double againstBlack = (luminance + 0.05) / 0.05;
+  // Very dark colours look brighter than they are: light scatters on every screen.
+  constexpr double darkest = 0.022;
+  const auto seen = [](double y) { return y < darkest ? y + std::pow(darkest - y, 1.414) : y; };
+  const double bright = seen(luminance(ground));
+  const double againstBlack = std::pow(bright, 0.56) - std::pow(seen(0), 0.57);
+  const double againstWhite = 1 - std::pow(bright, 0.65);
   return againstWhite >= againstBlack ? ColorComponents{1, 1, 1, 1} : ColorComponents{0, 0, 0, 1};
 }
 

@@ -20,7 +20,7 @@ void drawCounterNumber(QPainter& painter, int number, Point center, double radiu
 
 ColorComponents numberColor(const ColorComponents& badge) {
   constexpr double brightest = 0.8;
-  return relativeLuminance(badge) > brightest ? ColorComponents{0, 0, 0, 1} : ColorComponents{1, 1, 1, 1};
+  return luminance(badge) > brightest ? ColorComponents{0, 0, 0, 1} : ColorComponents{1, 1, 1, 1};
 }
 
 }  // namespace vellora

@@ -31,11 +31,12 @@ bool hasRightToLeft(const QString& text) {
   });
 }
 
-QTextOption layoutOption(double wrapWidth, double fontSize) {
+QTextOption layoutOption(double wrapWidth, double fontSize, bool fromRight) {
   QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+  option.setTextDirection(fromRight ? Qt::RightToLeft : Qt::LeftToRight);
   option.setUseDesignMetrics(true);
   option.setTabStopDistance(2 * fontSize);
-  option.setFlags(QTextOption::IncludeTrailingSpaces);
+  if (!(wrapWidth > 0)) option.setFlags(QTextOption::IncludeTrailingSpaces);
   option.setWrapMode(wrapWidth > 0 ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
   return option;
 }
@@ -89,7 +90,7 @@ void LaidOutText::addParagraph(const QString& text, int start, const QFont& font
   paragraph.fromRight = paragraph.isMixed && text.isRightToLeft();
   paragraph.layout = std::make_unique<QTextLayout>(text, font, &textDevice());
   QTextLayout& layout = *paragraph.layout;
-  layout.setTextOption(layoutOption(wrapWidth, fontSize_));
+  layout.setTextOption(layoutOption(wrapWidth, fontSize_, paragraph.fromRight));
   layout.setCacheEnabled(true);
   layout.beginLayout();
   for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {

@@ -91,8 +91,8 @@ class BoxPen {
 
   Sketch draw() {
     // The stroke begins before the first corner and ends beyond it, crossing its own start.
-    const double before = overshoot(rect_.size.width);
-    const double beyond = overshoot(rect_.size.height) * 1.25;
+    const double before = overshoot(rect_.size.width) * random_.between(0.35, 1.1);
+    const double beyond = overshoot(rect_.size.height) * random_.between(0.7, 1.5);
     const Point start = corners_[0].point;
     const Point away = vec::unit(vec::sub(corners_[1].point, start));
     side({start.x - away.x * before, start.y - away.y * before + random_.around(0.2 * width_)}, toward(1, 0));
@@ -111,10 +111,10 @@ class BoxPen {
     InkStroke stroke{.points = std::move(points_), .halfWidths = {}};
     stroke.halfWidths = pressed(stroke.points,
                                 {.width = width_,
-                                 .landing = 0.78,
-                                 .landingLength = 4 * width_,
-                                 .lifting = 0.5,
-                                 .liftingLength = 6 * width_,
+                                 .landing = 0.8,
+                                 .landingLength = 3 * width_ + 6,
+                                 .lifting = 0.62,
+                                 .liftingLength = 3 * width_ + 8,
                                  .tremor = 0.07,
                                  .tremorLength = 40 * width_ + 60},
                                 random_, weight_);
@@ -123,7 +123,7 @@ class BoxPen {
   }
 
  private:
-  double overshoot(double along) const { return std::min(1.3 * width_ + 1.5, 0.16 * along); }
+  double overshoot(double along) const { return std::min(0.85 * width_ + 2.4, 0.16 * along); }
 
   /// The place near corner `from` where its rounding gives way to the side towards `to`.
   Point toward(std::size_t from, std::size_t to) const {
@@ -136,7 +136,7 @@ class BoxPen {
   /// A side, bowed a little; the hand is fastest, and the line thinnest, in the middle.
   void side(Point from, Point to) {
     const double length = vec::distance(from, to);
-    const int steps = static_cast<int>(std::clamp(length / (5 * width_ + 12), 3.0, 14.0));
+    const int steps = static_cast<int>(std::clamp(length / (3 * width_ + 10), 3.0, 16.0));
     const Point across = vec::rightOf(vec::unit(vec::sub(to, from)));
     const double bow = random_.around(1) * std::min(0.5 * width_ + 0.8, 0.012 * length);
     const double sway = random_.around(1) * std::min(0.25 * width_ + 0.4, 0.006 * length);
@@ -149,7 +149,7 @@ class BoxPen {
   }
 
   void round(std::size_t corner) {
-    constexpr int steps = 4;
+    constexpr int steps = 6;
     const Point from = toward(corner, corner - 1);
     const Point to = toward(corner, (corner + 1) % 4);
     for (int i = 1; i < steps; ++i) {
@@ -180,14 +180,17 @@ Sketch sketchArrow(const Measures& arrow, std::uint64_t seed) {
 
   const double bow = random.sign() * random.between(0.5, 1) * std::min(0.05 * length, 2.4 * width + 3);
   const Point bend = arrow.control.value_or(vec::add(vec::mix(arrow.p1, arrow.p2, 0.5), vec::mul(across, bow)));
-  const Point arrival = vec::sub(arrow.p2, bend);
+  const double headLength = std::max((3.9 * width + 10) * (0.35 + 0.65 * factor), 6.0);
+  const double path = vec::distance(arrow.p1, bend) + vec::distance(bend, arrow.p2);
+  // The head sits evenly on the shaft's last stretch, however bent it is.
+  const double underHead = std::min(0.25, 0.5 * headLength / std::max(path, 1.0));
+  const Point arrival = vec::sub(arrow.p2, vec::quadratic(arrow.p1, bend, arrow.p2, 1 - underHead));
   const double direction = std::atan2(arrival.y, arrival.x);
   // The ink is round: it reaches the tip with its outside.
   const Point tip = vec::sub(arrow.p2, vec::polar(direction, inkWidth / 2));
 
   Sketch sketch;
   InkStroke shaft;
-  const double path = vec::distance(arrow.p1, bend) + vec::distance(bend, tip);
   const int steps = static_cast<int>(std::clamp(path / (3 * width + 8), 6.0, 40.0));
   const double sway = random.around(1) * std::min(0.3 * width, 0.008 * length);
   for (int i = 0; i <= steps; ++i) {
@@ -206,7 +209,6 @@ Sketch sketchArrow(const Measures& arrow, std::uint64_t seed) {
                              random);
   sketch.strokes.push_back(std::move(shaft));
 
-  const double headLength = std::max((3.9 * width + 10) * (0.35 + 0.65 * factor), 6.0);
   const double opening = random.between(0.47, 0.55);
   for (const double side : {-1.0, 1.0}) {
     const double reach = headLength * random.between(0.94, 1.06);
@@ -232,27 +234,40 @@ Sketch sketchEllipse(const Measures& ellipse, std::uint64_t seed) {
   const double perimeter = pi * (radius.x + radius.y);
 
   // Anticlockwise from the upper right, as most hands do.
-  const double start = -pi / 2 + random.between(0.1, 0.75);
-  const double past = std::clamp((5 * width + 10) / std::max(perimeter, 1.0) * 2 * pi, 0.12, 0.6);
+  const double start = -pi / 2 + random.between(0.05, 0.9);
+  const double past = std::clamp(random.between(3.5, 6.5) * (width + 2) / std::max(perimeter, 1.0) * 2 * pi, 0.12, 0.6);
   const double sweep = 2 * pi + past;
-  const double apart = std::min(1.05 * width + 0.8, 0.22 * shorter);
+  // One end runs inside, the other outside.
+  const double apart =
+      std::min(1.05 * width + 0.8, 0.22 * shorter) * random.between(0.8, 1.15) * (random.part() < 0.7 ? 1 : -1);
   const double egg = random.around(std::min(0.5 * width + 0.5, 0.02 * shorter));
   const double eggAt = random.between(0, 2 * pi);
   const double tilt = random.around(std::min(0.5 * width + 0.5, 0.025 * shorter));
   const double tiltAt = random.between(0, 2 * pi);
 
+  const auto angleAt = [&](double part) { return start - sweep * part; };
+  const auto outwardsAt = [&](double part) {
+    const double angle = angleAt(part);
+    const double drift = apart * (1.1 * smoothStep((part - 0.72) / 0.28) - 0.55 * (1 - smoothStep(part / 0.22)));
+    return drift + egg * std::cos(angle - eggAt) + tilt * std::cos(2 * (angle - tiltAt));
+  };
+  const auto pointAt = [&](double angle, double outwards) {
+    return Point{center.x + std::cos(angle) * (radius.x + outwards),
+                 center.y + std::sin(angle) * (radius.y + outwards)};
+  };
   const int steps = static_cast<int>(std::clamp(perimeter / (4 * width + 8), 28.0, 72.0));
+  const double turn = 2 * pi / sweep;
+  const double overlap = 1 - turn;
   Sketch sketch;
   InkStroke stroke;
   for (int i = 0; i <= steps; ++i) {
     const double part = i / double(steps);
-    const double angle = start - sweep * part;
-    // The start comes in from the inside, the end leaves to the outside.
-    const double drift = apart * (smoothStep((part - 0.72) / 0.28) * 1.1 - (1 - smoothStep(part / 0.22)) * 0.55);
-    const double swell = drift + egg * std::cos(angle - eggAt) + tilt * std::cos(2 * (angle - tiltAt));
-    stroke.points.push_back(
-        {center.x + std::cos(angle) * (radius.x + swell), center.y + std::sin(angle) * (radius.y + swell)});
-    if (part * sweep <= 2 * pi) sketch.ground.push_back(stroke.points.back());
+    const double outwards = outwardsAt(part);
+    stroke.points.push_back(pointAt(angleAt(part), outwards));
+    if (part >= turn) continue;
+    // Where the ends run beside each other the ground goes over from one to the other.
+    const double own = smoothStep(part / overlap);
+    sketch.ground.push_back(pointAt(angleAt(part), std::lerp(outwardsAt(std::min(part + turn, 1.0)), outwards, own)));
   }
   stroke.halfWidths = pressed(stroke.points,
                               {.width = width,
