@@ -35,7 +35,11 @@ void paintKnob(QPainter& painter, const QPointF& center, const QColor& color, bo
   painter.setPen(QPen(QColor(0, 0, 0, 70), 1));
   painter.setBrush(Qt::NoBrush);
   painter.drawEllipse(center, knob / 2 + 0.5, knob / 2 + 0.5);
-  painter.setPen(QPen(focused ? Theme::shared().palette().accent : QColor(Qt::white), 2.5));
+  if (focused) {
+    painter.setPen(QPen(Theme::shared().palette().accent, 2));
+    painter.drawEllipse(center, knob / 2 + 1, knob / 2 + 1);
+  }
+  painter.setPen(QPen(Qt::white, 2.5));
   QColor opaque = color;
   opaque.setAlpha(255);
   painter.setBrush(opaque);

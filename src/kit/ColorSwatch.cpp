@@ -107,7 +107,7 @@ void paintColorSpot(QPainter& painter, const QPointF& center, double diameter, c
   const ThemeColors& palette = Theme::shared().palette();
   const double contrast = std::abs(color.lightnessF() - palette.surface.lightnessF());
   painter.setBrush(color);
-  painter.setPen(contrast < 0.15 || color.alpha() < 255 ? QPen(palette.controlBorder, 1) : QPen(Qt::NoPen));
+  painter.setPen(contrast < 0.15 || color.alpha() < 255 ? QPen(palette.disabledText, 1) : QPen(Qt::NoPen));
   painter.drawEllipse(box);
   painter.restore();
 }

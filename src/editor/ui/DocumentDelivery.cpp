@@ -15,6 +15,7 @@
 #include <QStandardPaths>
 #include <QTimer>
 #include <QUrl>
+#include <QUuid>
 
 #include "base/AtomicFile.h"
 #include "editor/canvas/CanvasModel.h"
@@ -70,10 +71,11 @@ QByteArray bytesOf(SharedPng& png) {
   return {reinterpret_cast<const char*>(bytes->data()), static_cast<qsizetype>(bytes->size())};
 }
 
-void pruneDragFiles(const QDir& folder) {
+/// Each drag has a folder of its own, so that a later one does not change what an earlier one handed out.
+void pruneDragFolders(const QDir& parent) {
   const QDateTime oldest = QDateTime::currentDateTimeUtc().addSecs(-dragFilesKept);
-  for (const QFileInfo& file : folder.entryInfoList(QDir::Files)) {
-    if (file.lastModified() < oldest) QFile::remove(file.filePath());
+  for (const QFileInfo& folder : parent.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+    if (folder.lastModified() < oldest && !folder.isSymLink()) QDir(folder.filePath()).removeRecursively();
   }
 }
 
@@ -275,18 +277,19 @@ void DocumentDelivery::print() {
 }
 
 void DocumentDelivery::prepareDrag() {
-  const QDir folder(QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + QStringLiteral("/dragged"));
+  const QDir parent(QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + QStringLiteral("/dragged"));
+  const QDir folder(parent.filePath(QUuid::createUuid().toString(QUuid::WithoutBraces).left(8)));
   auto made = std::make_shared<std::promise<QByteArray>>();
   drag_ = std::make_shared<Drag>(
       Drag{folder.filePath(pictureName(fileExtension(PictureFormat::Png))), made->get_future().share()});
-  services_.documentOutput.exportPng(model_.document(), [made, folder,
-                                                         path = drag_->path](std::span<const std::byte> png) {
+  const auto write = [made, parent, folder, path = drag_->path](std::span<const std::byte> png) {
+    pruneDragFolders(parent);
     QDir().mkpath(folder.path());
-    pruneDragFiles(folder);
     const bool written = !png.empty() && AtomicFile::write(path, png).has_value();
-    made->set_value(written ? QByteArray(reinterpret_cast<const char*>(png.data()), static_cast<qsizetype>(png.size()))
-                            : QByteArray());
-  });
+    const auto* bytes = reinterpret_cast<const char*>(png.data());
+    made->set_value(written ? QByteArray(bytes, static_cast<qsizetype>(png.size())) : QByteArray());
+  };
+  services_.documentOutput.exportPng(model_.document(), write);
 }
 
 void DocumentDelivery::drag(QWidget& source, const QPixmap& ghost) {

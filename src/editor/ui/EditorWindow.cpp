@@ -39,7 +39,7 @@ namespace {
 
 constexpr double mostOfScreen = 0.92;
 constexpr QSize leastSize{520, 340};
-constexpr QSize usefulSize{820, 520};
+constexpr QSize usefulSize{940, 560};
 constexpr int canvasMargin = tokens::space6;  // around the picture in a window that opens
 constexpr int ghostSide = 160;
 
@@ -82,6 +82,7 @@ struct EditorWindow::Private {
   void focusNextPart();
   EditorActions::PieceReceiver receiver(std::optional<Point> center);
   Point middle() const;
+  QRect shownDocument() const;
 
   EditorWindow& window;
   EditorServices services;
@@ -155,7 +156,9 @@ void EditorWindow::Private::build() {
   connect(bar, &EditorBar::toolLocked, &window, [this](Tool tool) { model.setTool(tool, true); });
   connect(bar, &EditorBar::dragPressed, delivery, &DocumentDelivery::prepareDrag);
   connect(bar, &EditorBar::dragStarted, &window, [this] {
-    const QPixmap ghost = canvas->grab();
+    const QRect shown = shownDocument();
+    if (shown.isEmpty()) return;
+    const QPixmap ghost = canvas->grab(shown);
     const double ratio = ghost.devicePixelRatio();
     delivery->drag(*bar->dragButton(),
                    ghost.scaled(QSize(ghostSide, ghostSide) * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation));
@@ -349,6 +352,13 @@ EditorActions::PieceReceiver EditorWindow::Private::receiver(std::optional<Point
 
 Point EditorWindow::Private::middle() const {
   return canvas->documentPoint(QRectF(canvas->rect()).center());
+}
+
+/// The part of the canvas that shows the content.
+QRect EditorWindow::Private::shownDocument() const {
+  const Rect content = model.document().contentRect();
+  const QRectF whole(canvas->viewPoint(content.origin), canvas->viewPoint({content.maxX(), content.maxY()}));
+  return whole.toAlignedRect() & canvas->rect();
 }
 
 void EditorWindow::Private::copy() {

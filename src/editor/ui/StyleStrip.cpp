@@ -79,7 +79,7 @@ StyleStrip::StyleStrip(StyleContext& context, QWidget* parent)
       context_(context),
       colors_(new ColorButton(this)),
       //% "More of the style"
-      switches_(new IconButton(QStringLiteral("chevron"), qtTrId("editor.moreStyle"), {}, this)) {
+      switches_(new IconButton(QStringLiteral("style.more"), qtTrId("editor.moreStyle"), {}, this)) {
   add(new ColorSection(context, this), Open, WidthFolded);
   add(new WidthSection(context, WidthSection::Form::Full, this), Open, Open);
   add(new WidthSection(context, WidthSection::Form::Button, this), WidthFolded, SwitchesFolded);
@@ -88,7 +88,6 @@ StyleStrip::StyleStrip(StyleContext& context, QWidget* parent)
   add(new LensSection(context, this), Open, ColorsFolded);
   colors_->hide();
   switches_->hide();
-  switches_->setIconName(QStringLiteral("settings"));
   switches_->setIconSide(18);
   switches_->setFocusPolicy(Qt::TabFocus);
   connect(colors_, &ColorButton::clicked, this, &StyleStrip::openColors);

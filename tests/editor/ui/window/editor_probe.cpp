@@ -1,7 +1,8 @@
 // Shows an editor window with a sample picture on the display it finds itself on, to be looked at and measured:
 //   editor_probe [--texts FILE.qm] [--picture WIDTHxHEIGHT] [--scale N] [--window WIDTHxHEIGHT] [--tool KEY]
 //                [--select] [--command N]… [--annotate] [--rounds N]
-// Prints "painted MILLISECONDS" when the window was first painted as a whole. --rounds opens and closes N windows.
+// Prints how many milliseconds after the start of opening it the window was built, first painted, and settled: shown as
+// it finally is. --rounds opens and closes N windows.
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QElapsedTimer>
@@ -23,6 +24,7 @@
 #include "editor/ui/EditorWindow.h"
 #include "editor/ui/canvas/CanvasView.h"
 #include "editor/ui/window/SamplePicture.h"
+#include "kit/Theme.h"
 #include "kit/Toast.h"
 #include "media/SharedPng.h"
 #include "media/codecs/ImageConversion.h"
@@ -105,6 +107,11 @@ int main(int argc, char** argv) {
   QTranslator texts;
   if (texts.load(value("texts", ""))) QApplication::installTranslator(&texts);
 
+  const QString appearance = qEnvironmentVariable("VELLORA_APPEARANCE");
+  if (!appearance.isEmpty()) {
+    Theme::shared().setAppearanceOverride(appearance == QLatin1StringView("dark") ? Appearance::Dark
+                                                                                  : Appearance::Light);
+  }
   QtRunLoop loop;
   test::FakePreferences preferences;
   ToolStylePreferences styles(preferences);
@@ -124,6 +131,12 @@ int main(int argc, char** argv) {
   actions.pin = [](const ImageDocument&, Date) {};
   actions.captureMore = [](const EditorActions::PieceReceiver& receive) { receive(std::nullopt); };
   actions.choosePicture = actions.captureMore;
+  actions.loadPicture = [](const QString& path, const EditorActions::PieceReceiver& receive) {
+    const QImage picture(path);
+    std::printf("dropped %s %dx%d\n", qPrintable(path), picture.width(), picture.height());
+    std::fflush(stdout);
+    receive(picture.isNull() ? std::nullopt : std::optional(makePiece(toBitmap(picture), 1)));
+  };
 
   const double scale = value("scale", "1").toDouble();
   ImageDocument document;
@@ -139,8 +152,16 @@ int main(int argc, char** argv) {
         new EditorWindow({document, loop.now(), QStringLiteral("Vellora 2026-11-23 at 10.12.40")}, services, actions);
     const double built = static_cast<double>(clock.nsecsElapsed()) / 1e6;
     auto* watch = new PaintWatch([&, window, clock, built] {
-      std::printf("built %.1f painted %.1f\n", built, static_cast<double>(clock.nsecsElapsed()) / 1e6);
-      std::fflush(stdout);
+      const double painted = static_cast<double>(clock.nsecsElapsed()) / 1e6;
+      auto* settling = new QTimer(window);
+      QObject::connect(settling, &QTimer::timeout, window, [settling, window, clock, built, painted] {
+        if (!window->canvas().isSettled()) return;
+        settling->stop();
+        std::printf("built %.1f painted %.1f settled %.1f\n", built, painted,
+                    static_cast<double>(clock.nsecsElapsed()) / 1e6);
+        std::fflush(stdout);
+      });
+      settling->start(0);
       if (rounds > 0) {
         --rounds;
         QTimer::singleShot(200, window, [&, window] {

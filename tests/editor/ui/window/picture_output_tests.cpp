@@ -6,10 +6,10 @@
 
 #include "base/QtRunLoop.h"
 #include "editor/ui/DocumentOutput.h"
-#include "editor/ui/PictureFormat.h"
 #include "kit/WidgetEvents.h"
 #include "media/SharedPng.h"
 #include "media/codecs/ImageConversion.h"
+#include "media/codecs/PictureFormat.h"
 #include "support/TestBitmaps.h"
 
 namespace vellora {
