@@ -57,18 +57,22 @@ QSize Slider::minimumSizeHint() const {
 }
 
 QRectF Slider::trackRect() const {
-  const double side = knobSide / 2 + tokens::focusRingRoom;
+  const double side = tokens::focusRingRoom;
   return {side, (height() - trackThickness) / 2.0, std::max(width() - 2 * side, 1.0), trackThickness};
 }
 
+QRectF Slider::travel() const {
+  return trackRect().adjusted(knobSide / 2, 0, -knobSide / 2, 0);
+}
+
 double Slider::placeOf(double number) const {
-  const QRectF track = trackRect();
+  const QRectF track = travel();
   const double part = maximum_ > minimum_ ? (number - minimum_) / (maximum_ - minimum_) : 0;
   return isMirrored() ? track.right() - part * track.width() : track.left() + part * track.width();
 }
 
 double Slider::numberAt(double x) const {
-  const QRectF track = trackRect();
+  const QRectF track = travel();
   const double part = (isMirrored() ? track.right() - x : x - track.left()) / track.width();
   const double number = minimum_ + std::clamp(part, 0.0, 1.0) * (maximum_ - minimum_);
   return std::clamp(std::round(number / step_) * step_, minimum_, maximum_);
@@ -94,12 +98,13 @@ void Slider::paintEvent(QPaintEvent*) {
   const QRectF track = snapped(painter, trackRect());
   const double place = placeOf(number_);
   fillRounded(painter, track, trackThickness / 2, isEnabled() ? palette.controlBorder : palette.line);
-  const double start = placeOf(std::clamp(0.0, minimum_, maximum_));
+  const bool bothSigns = minimum_ < 0 && maximum_ > 0;
+  const double start = bothSigns ? placeOf(0) : isMirrored() ? track.right() : track.left();
   const QRectF filled(QPointF(std::min(start, place), track.top()), QPointF(std::max(start, place), track.bottom()));
-  if (filled.width() > 0) {
+  if (number_ != (bothSigns ? 0 : minimum_)) {
     fillRounded(painter, filled, trackThickness / 2, isEnabled() ? palette.accentFill : palette.disabledText);
   }
-  if (minimum_ < 0 && maximum_ > 0) {
+  if (bothSigns) {
     const QRectF mark(start - 1, track.center().y() - 4, 2, 8);
     fillRounded(painter, mark, 1, isEnabled() ? palette.controlBorder : palette.line);
   }

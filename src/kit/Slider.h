@@ -51,6 +51,7 @@ class Slider final : public QAbstractSlider {
 
  private:
   QRectF trackRect() const;
+  QRectF travel() const;                ///< where the knob's middle moves
   double placeOf(double number) const;  ///< along the track, in widget coordinates
   double numberAt(double x) const;
   bool isMirrored() const { return layoutDirection() == Qt::RightToLeft; }

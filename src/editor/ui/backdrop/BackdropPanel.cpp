@@ -28,7 +28,7 @@ namespace {
 using Aspect = BackdropSettings::Aspect;
 using Direction = BackdropSettings::EdgeBlurDirection;
 
-constexpr QSize frameTile(54, 44);
+constexpr QSize frameTile(40, 46);
 
 constexpr std::pair<DeviceFrame, const char*> frames[] = {
     //% "Browser window, light"
@@ -47,13 +47,13 @@ constexpr std::pair<DeviceFrame, const char*> frames[] = {
 
 /// A frame around an empty screen, as large as fits.
 void paintFrame(QPainter& painter, const QRectF& rect, DeviceFrame frame) {
-  const ThemeColors& palette = Theme::shared().palette();
-  painter.fillRect(rect, palette.sunken);
+  const bool isDarkTheme = Theme::shared().appearance() == Appearance::Dark;
+  painter.fillRect(rect, isDarkTheme ? QColor(0x3B404A) : QColor(0xC5CFDF));
   const bool phone = frame == DeviceFrame::PhoneLight || frame == DeviceFrame::PhoneDark;
   const bool dark =
       frame == DeviceFrame::BrowserDark || frame == DeviceFrame::LaptopDark || frame == DeviceFrame::PhoneDark;
   // Frames are drawn for small contents, so that their parts can be told at this size.
-  const Size content = phone ? Size{90, 150} : Size{300, 190};
+  const Size content = phone ? Size{90, 150} : Size{250, 150};
   const FrameInsets insets = frameInsets(frame, content);
   const QSizeF whole(content.width + insets.left + insets.right, content.height + insets.top + insets.bottom);
   const double scale = std::min((rect.width() - 12) / whole.width(), (rect.height() - 12) / whole.height());
@@ -63,7 +63,7 @@ void paintFrame(QPainter& painter, const QRectF& rect, DeviceFrame frame) {
   painter.translate(-whole.width() / 2 + insets.left, -whole.height() / 2 + insets.top);
   const DeviceFramePainter device(frame, QRectF(0, 0, content.width, content.height), 12);
   device.paint(painter);
-  painter.fillPath(device.screen(), dark ? QColor(0x34373D) : QColor(0xDDE3EC));
+  painter.fillPath(device.screen(), dark ? QColor(0x2A2D33) : QColor(0xF4F6FA));
   device.paintOver(painter);
   painter.restore();
 }
@@ -178,7 +178,8 @@ QWidget* BackdropPanel::makeLayoutSection() {
   //% "Aspect ratio"
   section->addCaption(qtTrId("backdrop.aspect"));
   //% "Auto"
-  auto* aspect = makeChoice({{{}, qtTrId("backdrop.aspect.auto"), {}},
+  const QString automatic = qtTrId("backdrop.aspect.auto");
+  auto* aspect = makeChoice({{{}, automatic, {}},
                              {{}, QStringLiteral("1:1"), {}},
                              {{}, QStringLiteral("3:4"), {}},
                              {{}, QStringLiteral("4:3"), {}},

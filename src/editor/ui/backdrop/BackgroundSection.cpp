@@ -20,8 +20,8 @@
 namespace vellora {
 namespace {
 
-constexpr QSize pictureTile(54, 38);
-constexpr QSize colorTile(33, 28);
+constexpr QSize pictureTile(40, 38);
+constexpr QSize colorTile(28, 28);
 constexpr double chequer = 5;
 
 /// Keys in the order of curatedPictures, backdropGradientPresets() and backdropPresets.
@@ -140,7 +140,7 @@ void BackgroundSection::addGradients() {
   for (std::size_t i = 0; i < presets.size() && i < std::size(gradientKeys); ++i) {
     offer(*grid, qtTrId(gradientKeys[i]), {presets[i].gradient});
   }
-  add(grid);
+  add(grid, true);
 }
 
 void BackgroundSection::addColors() {
@@ -151,7 +151,7 @@ void BackgroundSection::addColors() {
   //% "Another colour…"
   ownColor_ = grid->addTile(qtTrId("backdrop.ownColor"));
   connect(ownColor_, &QAbstractButton::clicked, this, &BackgroundSection::chooseColor);
-  add(grid);
+  add(grid, true);
 }
 
 void BackgroundSection::choose(const BackdropBackground& background) {
@@ -221,7 +221,7 @@ void BackgroundSection::refreshOwnPicture() {
   pictures_.async([path = shownPath_, guard = QPointer(this)] {
     const auto picture = backdropPicture(path);
     const QImage small =
-        picture ? picture->scaled(pictureTile * 3, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation) : QImage();
+        picture ? picture->scaled(pictureTile * 4, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation) : QImage();
     QMetaObject::invokeMethod(
         qApp,
         [path, small, guard] {

@@ -87,7 +87,8 @@ GradientEditor::GradientEditor(BackdropState& state, const ColorSampler& sampler
       const auto place = position < gradient()->stops[chosen].position
                              ? std::ranges::upper_bound(edited.stops, position, {}, &GradientStop::position)
                              : std::ranges::lower_bound(edited.stops, position, {}, &GradientStop::position);
-      chosen = static_cast<std::size_t>(edited.stops.insert(place, moved) - edited.stops.begin());
+      chosen = static_cast<std::size_t>(place - edited.stops.begin());
+      edited.stops.insert(place, moved);
     });
     bar_->setChosen(chosen);
   });
@@ -151,7 +152,8 @@ void GradientEditor::addStopAt(double position) {
   change({}, [&](BackdropBackground::Gradient& edited) {
     const GradientStop stop{position, colorAt(edited.stops, position)};
     const auto place = std::ranges::upper_bound(edited.stops, position, {}, &GradientStop::position);
-    added = static_cast<std::size_t>(edited.stops.insert(place, stop) - edited.stops.begin());
+    added = static_cast<std::size_t>(place - edited.stops.begin());
+    edited.stops.insert(place, stop);
   });
   bar_->setChosen(added);
 }

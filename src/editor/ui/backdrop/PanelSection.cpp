@@ -23,7 +23,8 @@ PanelSection::PanelSection(const QString& title, QWidget* parent) : QWidget(pare
   repaintOnThemeChange(*this);
 }
 
-void PanelSection::add(QWidget* widget) {
+void PanelSection::add(QWidget* widget, bool apart) {
+  if (apart) column_->addSpacing(tokens::space1);
   column_->addWidget(widget);
 }
 

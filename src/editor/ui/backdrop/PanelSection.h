@@ -13,7 +13,8 @@ class PanelSection : public QWidget {
  public:
   explicit PanelSection(const QString& title, QWidget* parent = nullptr);
 
-  void add(QWidget* widget);
+  /// Below the last thing, with a little more room when `apart`.
+  void add(QWidget* widget, bool apart = false);
   /// A smaller heading inside the section.
   void addCaption(const QString& text);
 
@@ -24,8 +25,6 @@ class PanelSection : public QWidget {
   QVBoxLayout* column_;
 };
 
-/// What tiles and pads leave around themselves for their rings; it stands out into the margin.
-inline constexpr int tileOverhang = 4;
 /// The width of the bar that scrolls the sections.
 inline constexpr int scrollBarWidth = 10;
 

@@ -21,7 +21,7 @@
 namespace vellora {
 namespace {
 
-constexpr QSize styleTile(116, 60);
+constexpr QSize styleTile(112, 60);
 constexpr int columns = 2;
 
 /// The background with a card in the place and shape of a content.
@@ -63,9 +63,10 @@ StylesSection::StylesSection(BackdropState& state, BackdropStyles& styles, QWidg
       grid_(new QGridLayout(shelf_)),
       //% "Save this style…"
       save_(new Button(Button::Role::Secondary, qtTrId("backdrop.styles.save"), this)) {
-  grid_->setContentsMargins(-tileOverhang, -tileOverhang, -tileOverhang, 0);
+  grid_->setContentsMargins(0, 0, 0, 0);
   grid_->setHorizontalSpacing(tokens::space2);
   grid_->setVerticalSpacing(0);
+  for (int i = 0; i < columns; ++i) grid_->setColumnStretch(i, 1);
   add(shelf_);
   save_->setIconName(QStringLiteral("add"));
   add(save_);
@@ -89,7 +90,7 @@ void StylesSection::rebuild() {
     auto* holder = new QWidget(shelf_);
     auto* column = new QVBoxLayout(holder);
     column->setContentsMargins(0, 0, 0, tokens::space1);
-    column->setSpacing(0);
+    column->setSpacing(2);
     auto* tile = new TileButton(styleTile, style.name, holder);
     //% "Click applies the style; a right click renames, renews or deletes it"
     tile->setToolTip(style.name + QStringLiteral("\n") + qtTrId("backdrop.styles.help"));
@@ -103,9 +104,8 @@ void StylesSection::rebuild() {
     column->addWidget(tile);
     auto* name = new TextLabel(TextLabel::Role::Secondary, {}, holder);
     name->setText(name->fontMetrics().elidedText(style.name, Qt::ElideRight, styleTile.width()));
-    name->setIndent(tileOverhang);
     column->addWidget(name);
-    grid_->addWidget(holder, index / columns, index % columns, Qt::AlignLeft);
+    grid_->addWidget(holder, index / columns, index % columns);
     holder->show();
     tiles_ << tile;
     ++index;

@@ -11,17 +11,17 @@
 namespace vellora {
 namespace {
 
-constexpr int ringRoom = 4;
+constexpr double ringGap = 2;  // between the ring of a chosen tile and its picture
 constexpr int iconSide = 16;
 
 }  // namespace
 
-TileButton::TileButton(const QSize& side, const QString& title, QWidget* parent)
-    : QAbstractButton(parent), side_(side) {
+TileButton::TileButton(const QSize& least, const QString& title, QWidget* parent)
+    : QAbstractButton(parent), least_(least) {
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_Hover);
   setCheckable(true);
-  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   setTitle(title);
   connect(&Theme::shared(), &Theme::changed, this, [this] {
     picture_ = {};
@@ -45,19 +45,15 @@ void TileButton::setIconName(const QString& name) {
   update();
 }
 
-QSize TileButton::sizeHint() const {
-  return side_ + QSize(2 * ringRoom, 2 * ringRoom);
-}
-
 const QPixmap& TileButton::picture() {
   const double ratio = devicePixelRatioF();
-  if (picture_.isNull() || picture_.devicePixelRatio() != ratio) {
-    picture_ = QPixmap(side_ * ratio);
+  if (picture_.isNull() || picture_.devicePixelRatio() != ratio || picture_.size() != size() * ratio) {
+    picture_ = QPixmap(size() * ratio);
     picture_.setDevicePixelRatio(ratio);
     picture_.fill(Qt::transparent);
     QPainter painter(&picture_);
     painter.setRenderHint(QPainter::Antialiasing);
-    preview_(painter, QRectF(QPointF(0, 0), side_));
+    preview_(painter, QRectF(rect()));
   }
   return picture_;
 }
@@ -66,17 +62,19 @@ void TileButton::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   const ThemeColors& palette = Theme::shared().palette();
-  QRectF tile(QPointF(0, 0), side_);
-  tile.moveCenter(QRectF(rect()).center());
-  tile = snapped(painter, tile);
-  const double radius = tokens::controlRadius;
+  const bool ringed = isChecked() || focus_.visible();
+  const double inset = ringed ? tokens::focusRingWidth + ringGap : 0;
+  const QRectF tile = snapped(painter, QRectF(rect()).adjusted(inset, inset, -inset, -inset));
+  const double radius = tokens::controlRadius - (ringed ? 2 : 0);
   if (preview_) {
     QPainterPath shape;
     shape.addRoundedRect(tile, radius, radius);
     QBrush brush(picture());
     const double ratio = devicePixelRatioF();
     brush.setTransform(QTransform::fromScale(1 / ratio, 1 / ratio) *
+                       QTransform::fromScale(tile.width() / width(), tile.height() / height()) *
                        QTransform::fromTranslate(tile.left(), tile.top()));
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, ringed);
     painter.fillPath(shape, brush);
     QColor edge = palette.text;
     edge.setAlphaF(0.14F);
@@ -96,10 +94,9 @@ void TileButton::paintEvent(QPaintEvent*) {
     }
     paintIcon(painter, iconName_, snapped(painter, icon), preview_ ? QColor(Qt::white) : palette.secondaryText);
   }
-  if (isChecked() || focus_.visible()) {
-    const double grow = 3;
-    strokeRounded(painter, tile.adjusted(-grow, -grow, grow, grow), radius + grow,
-                  focus_.visible() && !isChecked() ? palette.text : palette.accent, tokens::focusRingWidth);
+  if (ringed) {
+    strokeRounded(painter, rect(), tokens::controlRadius + 1, focus_.visible() ? palette.text : palette.accent,
+                  tokens::focusRingWidth);
   }
 }
 

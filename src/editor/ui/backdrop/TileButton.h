@@ -17,15 +17,16 @@ class TileButton final : public QAbstractButton {
   /// Paints what is offered into a rectangle.
   using Preview = std::function<void(QPainter& painter, const QRectF& rect)>;
 
-  /// `side` is the size of the tile itself, without the room for its rings.
-  TileButton(const QSize& side, const QString& title, QWidget* parent = nullptr);
+  /// As wide as its place, at least `least` points.
+  TileButton(const QSize& least, const QString& title, QWidget* parent = nullptr);
 
   void setTitle(const QString& title);
   void setPreview(Preview preview);
   /// An icon over the preview; with no preview the tile is an empty place.
   void setIconName(const QString& name);
 
-  QSize sizeHint() const override;
+  QSize sizeHint() const override { return least_; }
+  QSize minimumSizeHint() const override { return least_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -36,7 +37,7 @@ class TileButton final : public QAbstractButton {
  private:
   const QPixmap& picture();
 
-  QSize side_;
+  QSize least_;
   QString iconName_;
   Preview preview_;
   QPixmap picture_;  ///< the preview, made when it is first shown

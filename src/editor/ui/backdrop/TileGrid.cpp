@@ -3,16 +3,16 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 
-#include "editor/ui/backdrop/PanelSection.h"
 #include "editor/ui/backdrop/TileButton.h"
+#include "kit/Tokens.h"
 
 namespace vellora {
 
 TileGrid::TileGrid(int columns, const QSize& tile, QWidget* parent)
     : QWidget(parent), columns_(columns), tile_(tile), grid_(new QGridLayout(this)) {
-  grid_->setContentsMargins(-tileOverhang, -tileOverhang, -tileOverhang, -tileOverhang);
-  grid_->setSpacing(0);
-  grid_->setColumnStretch(columns, 1);
+  grid_->setContentsMargins(0, 0, 0, 0);
+  grid_->setSpacing(tokens::space2);
+  for (int i = 0; i < columns; ++i) grid_->setColumnStretch(i, 1);
 }
 
 TileButton* TileGrid::addTile(const QString& title) {
