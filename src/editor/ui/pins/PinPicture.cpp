@@ -68,7 +68,11 @@ void PinPicture::paint(QPainter& painter, QSize size, const QRect& exposed, doub
     const QRect rows(part.left(), top, part.width(), std::min(bandHeight, part.bottom() + 1 - top));
     QImage image = band(size, rows);
     const bool touchesCorner = rows.top() < corner || rows.bottom() >= size.height() - corner;
-    if (radius > 0 && touchesCorner) cutCorners(image, rows.topLeft(), size, radius);
+    const bool cut = radius > 0 && touchesCorner;
+    if (cut) cutCorners(image, rows.topLeft(), size, radius);
+    // Blending what is opaque would only take longer.
+    const bool covers = !cut && !hasAlpha() && painter.opacity() == 1;
+    painter.setCompositionMode(covers ? QPainter::CompositionMode_Source : QPainter::CompositionMode_SourceOver);
     painter.drawImage(rows.topLeft(), image);
   }
 }
@@ -83,8 +87,10 @@ QImage PinPicture::band(QSize size, const QRect& part) const {
   if (source.format() != QImage::Format_RGB32) result.fill(0);
   QPainter painter(&result);
   painter.setCompositionMode(QPainter::CompositionMode_Source);
+  // Reducing the whole picture smoothly here would take several frames.
   const double enlarged = static_cast<double>(size.width()) / image_.width();
-  painter.setRenderHint(QPainter::SmoothPixmapTransform, size != source.size() && enlarged < pixelatedFrom);
+  const bool smooth = useReduced || (!reduces && size != source.size() && enlarged < pixelatedFrom);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform, smooth);
   painter.drawImage(QRectF(-part.topLeft(), size), source);
   painter.end();
   return result.format() == QImage::Format_RGB32 ? withAlphaSet(std::move(result)) : result;
