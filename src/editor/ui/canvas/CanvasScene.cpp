@@ -116,22 +116,25 @@ void CanvasScene::paintPixelGrid(QPainter& painter, const QRect& clip, QPoint pl
   for (const CapturePiece& piece : document_.pieces) {
     const double cell = scale / piece.scale;
     if (!(cell >= 3)) continue;  // nothing but lines
-    const QRect frame = onPlane(piece.frame(), scale).translated(planeToTarget);
-    const QRect part = frame & clip;
+    const QRect part = onPlane(piece.frame(), scale) & clip.translated(-planeToTarget);
     if (part.isEmpty()) continue;
-    // The borders of the source's pixels, which a crop may have cut through.
-    const auto first = [&](double origin, double skipped, int planeOffset) {
-      return origin * scale + planeOffset - std::fmod(skipped * piece.scale, 1.0) * cell;
-    };
+    // The borders of the source's pixels, which a crop may have cut through; rounded on the plane, so that they stay
+    // where they are while it moves.
     const QColor line(128, 128, 128, 72);
-    const double left = first(piece.origin.x, piece.visibleRect.minX(), planeToTarget.x());
-    for (auto i = std::max(1.0, std::floor((part.left() - left) / cell)); left + i * cell <= part.right(); ++i) {
-      painter.fillRect(rounded(left + i * cell), part.top(), 1, part.height(), line);
-    }
-    const double top = first(piece.origin.y, piece.visibleRect.minY(), planeToTarget.y());
-    for (auto i = std::max(1.0, std::floor((part.top() - top) / cell)); top + i * cell <= part.bottom(); ++i) {
-      painter.fillRect(part.left(), rounded(top + i * cell), part.width(), 1, line);
-    }
+    const auto forEachBorder = [&](double origin, double skipped, int from, int to, const auto& draw) {
+      const double start = origin * scale - std::fmod(skipped * piece.scale, 1.0) * cell;
+      for (auto i = std::max(1.0, std::floor((from - start) / cell)); start + i * cell <= to + 1; ++i) {
+        draw(rounded(start + i * cell));
+      }
+    };
+    painter.save();
+    painter.translate(planeToTarget);
+    painter.setClipRect(part, Qt::IntersectClip);
+    forEachBorder(piece.origin.x, piece.visibleRect.minX(), part.left(), part.right(),
+                  [&](int x) { painter.fillRect(x, part.top(), 1, part.height(), line); });
+    forEachBorder(piece.origin.y, piece.visibleRect.minY(), part.top(), part.bottom(),
+                  [&](int y) { painter.fillRect(part.left(), y, part.width(), 1, line); });
+    painter.restore();
   }
 }
 
