@@ -12,7 +12,7 @@
 #include "base/RunLoop.h"
 #include "base/SerialQueue.h"
 #include "editor/ImageDocument.h"
-#include "editor/ui/PictureFormat.h"
+#include "media/codecs/PictureFormat.h"
 
 namespace vellora {
 

@@ -9,9 +9,9 @@
 #include <QPrinter>
 
 #include "base/Log.h"
-#include "editor/ui/PdfFile.h"
 #include "kit/Theme.h"
 #include "media/codecs/ImageConversion.h"
+#include "media/codecs/PdfFile.h"
 
 namespace vellora {
 

@@ -1,4 +1,4 @@
-#include "editor/ui/PdfFile.h"
+#include "media/codecs/PdfFile.h"
 
 #include <algorithm>
 #include <vector>

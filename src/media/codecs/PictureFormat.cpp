@@ -1,4 +1,4 @@
-#include "editor/ui/PictureFormat.h"
+#include "media/codecs/PictureFormat.h"
 
 #include <cmath>
 #include <cstddef>
@@ -11,9 +11,9 @@
 #include <QPainter>
 
 #include "base/Log.h"
-#include "editor/ui/PdfFile.h"
 #include "media/PngEncoder.h"
 #include "media/codecs/ImageConversion.h"
+#include "media/codecs/PdfFile.h"
 
 namespace vellora {
 namespace {
