@@ -101,11 +101,15 @@ void PinBoard::endClickThrough() {
 void PinBoard::remove(PinWindowController* pin) {
   const auto found = std::ranges::find(pins_, pin, [](const auto& entry) { return entry.get(); });
   if (found == pins_.end()) return;
-  // One of its own signals may be under way: it goes when the event loop comes round.
   leaving_.push_back(std::move(*found));
   pins_.erase(found);
-  runLoop_.post(lifetime_.guard([this] { leaving_.clear(); }));
+  deleteLeaving();
   changed();
+}
+
+void PinBoard::deleteLeaving() {
+  // One of its own signals may be under way: a pin goes when the event loop comes round, and no drag runs one inside.
+  runLoop_.post(lifetime_.guard([this] { std::erase_if(leaving_, [](const auto& pin) { return !pin->dragging_; }); }));
 }
 
 void PinBoard::changed() {

@@ -45,6 +45,7 @@ class PinBoard {
   static std::vector<PinScreen> screens();
   std::vector<Rect> picturesBeside(const PinWindowController& pin) const;
   void remove(PinWindowController* pin);
+  void deleteLeaving();
   void changed();
   void screensChanged();
 

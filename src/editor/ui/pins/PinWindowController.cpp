@@ -97,6 +97,7 @@ void PinWindowController::edit() {
 }
 
 void PinWindowController::dragOut() {
+  if (dragging_ || leaving_) return;
   PinDrag::WriteFile writeFile;
   if (const auto& dragFile = board_.actions_.dragFile) {
     writeFile = [dragFile, capturedAt = content_.capturedAt](std::shared_ptr<SharedPng> png) {
@@ -109,11 +110,12 @@ void PinWindowController::dragOut() {
   QPixmap seen = QPixmap::fromImage(window_->dragMiniature(static_cast<int>(dragMiniatureSide * ratio)));
   seen.setDevicePixelRatio(ratio);
   drag->setPixmap(seen);
-  // A pin may be closed while its picture is under way.
-  const QPointer<PinWindow> window = window_.get();
-  window->holdChrome(true);
+  dragging_ = true;
+  window_->holdChrome(true);
   drag->exec(Qt::CopyAction);
-  if (window) window->holdChrome(false);
+  dragging_ = false;
+  window_->holdChrome(false);
+  if (leaving_) board_.deleteLeaving();  // it was closed while its picture was under way
 }
 
 void PinWindowController::toggleShadow() {

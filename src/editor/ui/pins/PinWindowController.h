@@ -3,7 +3,6 @@
 #include <memory>
 
 #include <QObject>
-#include <QPointer>
 
 #include "base/Lifetime.h"
 #include "editor/PinModel.h"
@@ -60,6 +59,7 @@ class PinWindowController final : public QObject {
   PinModel model_;
   std::unique_ptr<PinWindow> window_;
   bool leaving_ = false;
+  bool dragging_ = false;
   Lifetime lifetime_;
 };
 
