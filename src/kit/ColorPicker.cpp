@@ -214,7 +214,7 @@ ColorPicker::ColorPicker(const QColor& color, QWidget* parent)
   connect(hex_, &QLineEdit::textEdited, this, &ColorPicker::readHex);
   connect(hex_, &QLineEdit::editingFinished, this, [this] {
     hex_->setInvalid(false);
-    show();
+    showColor();
     emit settled();
   });
   connect(dropper, &IconButton::clicked, this, &ColorPicker::eyedropperRequested);
@@ -232,10 +232,10 @@ void ColorPicker::setColor(const QColor& color) {
   if (hsv.value() > 0) saturation_ = hsv.hsvSaturationF();
   value_ = hsv.valueF();
   alpha_ = hsv.alphaF();
-  show();
+  showColor();
 }
 
-void ColorPicker::show() {
+void ColorPicker::showColor() {
   plane_->hue = std::min(hue_, 0.9999);
   plane_->x = saturation_;
   plane_->y = 1 - value_;
@@ -261,7 +261,7 @@ void ColorPicker::changeByHand() {
   saturation_ = plane_->x;
   value_ = 1 - plane_->y;
   alpha_ = alphaStrip_->x;
-  show();
+  showColor();
   emit colorChanged(color());
 }
 

@@ -29,7 +29,7 @@ class ColorPicker final : public QWidget {
   void eyedropperRequested();
 
  private:
-  void show();
+  void showColor();
   void changeByHand();
   void readHex(const QString& text);
 
