@@ -272,10 +272,7 @@ void ContentPainter::drawGaussian(Surface& surface, const QRect& clip, const Sce
 void ContentPainter::drawLens(Surface& surface, const QRect& clip, const Scene& scene, std::size_t index) {
   const Scene::Item& item = scene.items[index];
   const Lens& lens = *item.lens;
-  {
-    QPainter& painter = surface.painter(clip);
-    lens.drawBelow(surface.target(), painter, clip, surface.map());
-  }
+  lens.drawBelow(surface.target(), clip, surface.map());
   // The whole glass where it is of a usual size: Qt rounds positions left of and above an image otherwise than those
   // inside, so the picture must always begin at the same place.
   constexpr double mostPixels = 4e6;
@@ -300,9 +297,9 @@ void ContentPainter::drawLens(Surface& surface, const QRect& clip, const Scene& 
         drawRedactionsAbove(inner, shown.rect(), scene, index);
       }
     }
-    surface.fillWithPicture(lens.shape(), shown, glass.topLeft(), clip);
+    lens.drawGlass(surface.target(), clip, surface.map(), shown, glass.topLeft());
   }
-  lens.drawRim(surface.painter(clip));
+  lens.drawRim(surface.target(), clip, surface.map());
 }
 
 void ContentPainter::drawRedactionsAbove(Surface& surface, const QRect& clip, const Scene& scene, std::size_t index) {

@@ -1,7 +1,5 @@
 #include "editor/rendering/Lens.h"
 
-#include <QPainter>
-
 namespace vellora {
 namespace {
 
@@ -14,18 +12,8 @@ constexpr double shadowOpacity = 0.34;
 constexpr double rimWidth = 3;
 constexpr double markWidth = 1.5;
 /// How far the dark glow beside each light line reaches, which makes it show on any ground.
-constexpr double glowWidth = 1.6;
-const QColor light(255, 255, 255);
-
-void strokeOutlined(QPainter& painter, const QPainterPath& path, double width) {
-  // Not with flat caps: Qt draws straight lines with those a little differently under every clip.
-  const auto stroke = [&](const QColor& color, double lineWidth) {
-    painter.strokePath(path, QPen(color, lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  };
-  stroke(QColor(0, 0, 0, 24), width + 2 * glowWidth);
-  stroke(QColor(0, 0, 0, 62), width + 1.2);
-  stroke(light, width);
-}
+constexpr double glowWidth = 2;
+constexpr double glowOpacity = 0.32;
 
 /// Quicker than std::hypot, which guards against numbers that do not occur here.
 double length(double x, double y) {
@@ -34,6 +22,55 @@ double length(double x, double y) {
 
 double dot(Point a, Point b) {
   return a.x * b.x + a.y * b.y;
+}
+
+/// One pixel of a line whose middle is `away` from the pixel's centre.
+void coatPixel(std::uint32_t& pixel, double away, double width, LensCoat coat, double pixelsPerPoint) {
+  const double outside = away - width / 2;
+  if (coat == LensCoat::Light) {
+    const double covered = std::clamp(0.5 - outside * pixelsPerPoint, 0.0, 1.0);
+    pixel = mixPixels(pixel, 0xFFFFFFFFU, static_cast<std::uint32_t>(covered * 256 + 0.5));
+  } else if (outside < glowWidth) {
+    const double share = 1 - std::max(outside, 0.0) / glowWidth;
+    pixel = blendPixel(static_cast<std::uint32_t>(glowOpacity * 255 * share * share + 0.5) << 24, pixel);
+  }
+}
+
+double meanScale(const DeviceMap& map) {
+  return (map.scaleX + map.scaleY) / 2;
+}
+
+/// How far from its middle a line of `width` colours anything.
+double reachOf(double width, const DeviceMap& map) {
+  return width / 2 + std::max(glowWidth, 1 / meanScale(map));
+}
+
+void drawSegment(const PixelTarget& target, const QRect& clip, const DeviceMap& map, Point from, Point to,
+                 LensCoat coat) {
+  const Point along{to.x - from.x, to.y - from.y};
+  const double extent = length(along.x, along.y);
+  if (!(extent > 0)) return;
+  const double reach = reachOf(markWidth, map);
+  const double scale = meanScale(map);
+  const Rect box{{std::min(from.x, to.x), std::min(from.y, to.y)}, {std::abs(along.x), std::abs(along.y)}};
+  const QRect area = touchedPixels(grown(box, reach), map) & clip & target.area;
+  for (int y = area.top(); y <= area.bottom(); ++y) {
+    const double down = (y + 0.5 - map.dy) / map.scaleY - from.y;
+    int begin = area.left();
+    int end = area.right();
+    if (std::abs(along.y) > 1e-6) {
+      const double middle = from.x + down * along.x / along.y;
+      const double aside = reach * extent / std::abs(along.y);
+      begin = std::max(begin, toPixel(std::floor(map.x(middle - aside))));
+      end = std::min(end, toPixel(std::ceil(map.x(middle + aside))));
+    }
+    std::uint32_t* row = target.row(y);
+    for (int x = begin; x <= end; ++x) {
+      const double across = (x + 0.5 - map.dx) / map.scaleX - from.x;
+      const double share = std::clamp((across * along.x + down * along.y) / (extent * extent), 0.0, 1.0);
+      coatPixel(row[x], length(across - share * along.x, down - share * along.y), markWidth, coat, scale);
+    }
+  }
 }
 
 }  // namespace
@@ -58,7 +95,7 @@ Rect Lens::source() const {
 
 Rect Lens::bounds() const {
   const Rect lens = grown(rect_, shadowReach + shadowDrop);
-  return isApart() ? lens.united(grown(source(), markWidth + glowWidth)) : lens;
+  return isApart() ? lens.united(grown(source(), markWidth / 2 + glowWidth + 1)) : lens;
 }
 
 QTransform Lens::magnifying() const {
@@ -78,20 +115,6 @@ double Lens::cornerRadius() const {
 bool Lens::isApart() const {
   const Point middle = center();
   return std::hypot(middle.x - sourceCenter_.x, middle.y - sourceCenter_.y) > 0.5;
-}
-
-QPainterPath Lens::shapeIn(const Rect& rect, double radius) const {
-  QPainterPath path;
-  if (shape_ == MagnifierShape::Circle) {
-    path.addEllipse(toQRectF(rect));
-  } else {
-    path.addRoundedRect(toQRectF(rect), radius, radius);
-  }
-  return path;
-}
-
-QPainterPath Lens::shape() const {
-  return shapeIn(rect_, cornerRadius());
 }
 
 double Lens::distance(double x, double y) const {
@@ -125,10 +148,10 @@ Point Lens::supportPlace(Point direction) const {
           std::copysign(halfHeight - radius, direction.y) + radius * direction.y};
 }
 
-QPainterPath Lens::connectors() const {
+std::vector<Lens::Segment> Lens::connectors() const {
   // The outer tangents of the lens and its source: lines whose normal sees both equally far. The source is the lens
   // made smaller, so its support is the lens's divided by the magnification.
-  QPainterPath path;
+  std::vector<Segment> segments;
   const Point middle = center();
   const Point between{middle.x - sourceCenter_.x, middle.y - sourceCenter_.y};
   const auto unit = [](double angle) { return Point{std::cos(angle), std::sin(angle)}; };
@@ -146,52 +169,99 @@ QPainterPath Lens::connectors() const {
       ((excess(low) < 0) == (excess(half) < 0) ? low : high) = half;
     }
     const Point place = supportPlace(unit(low));
-    path.moveTo(sourceCenter_.x + place.x / magnification_, sourceCenter_.y + place.y / magnification_);
-    path.lineTo(middle.x + place.x, middle.y + place.y);
+    segments.push_back({{sourceCenter_.x + place.x / magnification_, sourceCenter_.y + place.y / magnification_},
+                        {middle.x + place.x, middle.y + place.y}});
   }
-  return path;
+  return segments;
 }
 
-void Lens::drawShadow(const PixelTarget& target, const QRect& clip, const DeviceMap& map) const {
-  const QRect area = touchedPixels(grown(rect_, shadowReach + shadowDrop), map) & clip & target.area;
-  const Point middle = center();
+double Lens::innerHalfWidth(double down, double depth) const {
+  const double halfWidth = rect_.size.width / 2 - depth;
+  const double halfHeight = rect_.size.height / 2 - depth;
+  if (!(halfWidth > 0 && std::abs(down) < halfHeight)) return 0;
+  // A smaller ellipse lies at least as deep as its half axes are smaller.
+  const double share = down / halfHeight;
+  if (shape_ == MagnifierShape::Circle) return halfWidth * std::sqrt(1 - share * share);
+  return std::abs(down) < halfHeight + depth - cornerRadius() ? halfWidth : 0;
+}
+
+template <typename Action>
+void Lens::forPixelsAround(const QRect& area, const DeviceMap& map, const Outline& outline, double depth,
+                           Action&& action) const {
   for (int y = area.top(); y <= area.bottom(); ++y) {
-    std::uint32_t* row = target.row(y);
-    const double down = (y + 0.5 - map.dy) / map.scaleY - middle.y;
-    const double covered = innerHalfWidth(down);
-    const int glassBegin = toPixel(std::ceil(map.x(middle.x - covered)));
-    const int glassEnd = toPixel(std::floor(map.x(middle.x + covered)));
+    const double down = ((y + 0.5 - map.dy) / map.scaleY - outline.center.y) * outline.scale;
+    const double skipped = innerHalfWidth(down, depth * outline.scale) / outline.scale;
+    const int begin = toPixel(std::ceil(map.x(outline.center.x - skipped)));
+    const int end = skipped > 0 ? toPixel(std::floor(map.x(outline.center.x + skipped))) : begin;
     for (int x = area.left(); x <= area.right(); ++x) {
-      if (covered > 0 && x == glassBegin) x = std::max(x, glassEnd);
-      const double across = (x + 0.5 - map.dx) / map.scaleX - middle.x;
-      const double away = distance(across, down - shadowDrop);
-      if (away >= shadowReach) continue;
-      const double share = 1 - std::max(away, 0.0) / shadowReach;
-      const auto alpha = static_cast<std::uint32_t>(shadowOpacity * 255 * share * share * share + 0.5);
-      row[x] = blendPixel(alpha << 24, row[x]);
+      if (x >= begin && x < end) x = end;
+      if (x > area.right()) break;
+      const double across = ((x + 0.5 - map.dx) / map.scaleX - outline.center.x) * outline.scale;
+      action(x, y, across, down);
     }
   }
 }
 
-double Lens::innerHalfWidth(double down) const {
-  const double halfWidth = rect_.size.width / 2;
-  const double halfHeight = rect_.size.height / 2;
-  if (shape_ == MagnifierShape::Circle) {
-    const double share = down / halfHeight;
-    return share * share < 1 ? halfWidth * std::sqrt(1 - share * share) - rimWidth : 0;
-  }
-  return std::abs(down) < halfHeight - cornerRadius() ? halfWidth - rimWidth : 0;
+void Lens::drawShadow(const PixelTarget& target, const QRect& clip, const DeviceMap& map) const {
+  const QRect area = touchedPixels(grown(rect_, shadowReach + shadowDrop), map) & clip & target.area;
+  forPixelsAround(area, map, {center(), 1}, rimWidth, [&](int x, int y, double across, double down) {
+    const double away = distance(across, down - shadowDrop);
+    if (away >= shadowReach) return;
+    const double share = 1 - std::max(away, 0.0) / shadowReach;
+    const auto alpha = static_cast<std::uint32_t>(shadowOpacity * 255 * share * share * share + 0.5);
+    std::uint32_t& pixel = target.row(y)[x];
+    pixel = blendPixel(alpha << 24, pixel);
+  });
 }
 
-void Lens::drawBelow(const PixelTarget& target, QPainter& painter, const QRect& clip, const DeviceMap& map) const {
+void Lens::drawOutline(const PixelTarget& target, const QRect& clip, const DeviceMap& map, const Outline& outline,
+                       double width, LensCoat coat) const {
+  const Size size{rect_.size.width / outline.scale, rect_.size.height / outline.scale};
+  const Rect box{{outline.center.x - size.width / 2, outline.center.y - size.height / 2}, size};
+  const double reach = reachOf(width, map);
+  const double scale = meanScale(map);
+  const QRect area = touchedPixels(grown(box, reach), map) & clip & target.area;
+  forPixelsAround(area, map, outline, reach, [&](int x, int y, double across, double down) {
+    const double away = std::abs(distance(across, down)) / outline.scale;
+    coatPixel(target.row(y)[x], away, width, coat, scale);
+  });
+}
+
+void Lens::drawBelow(const PixelTarget& target, const QRect& clip, const DeviceMap& map) const {
   drawShadow(target, clip, map);
   if (!isApart()) return;
-  strokeOutlined(painter, connectors(), markWidth);
-  strokeOutlined(painter, shapeIn(source(), cornerRadius() / magnification_), markWidth);
+  const std::vector<Segment> lines = connectors();
+  for (const LensCoat coat : {LensCoat::Glow, LensCoat::Light}) {
+    for (const Segment& line : lines) drawSegment(target, clip, map, line.from, line.to, coat);
+    drawOutline(target, clip, map, {sourceCenter_, magnification_}, markWidth, coat);
+  }
 }
 
-void Lens::drawRim(QPainter& painter) const {
-  strokeOutlined(painter, shape(), rimWidth);
+void Lens::drawGlass(const PixelTarget& target, const QRect& clip, const DeviceMap& map, const QImage& shown,
+                     QPoint corner) const {
+  const QRect area = touchedPixels(rect_, map) & clip & target.area & QRect(corner, shown.size());
+  const Point middle = center();
+  const double scale = meanScale(map);
+  const auto pictureRow = [&](int y) {
+    return reinterpret_cast<const std::uint32_t*>(shown.constScanLine(y - corner.y())) - corner.x();
+  };
+  for (int y = area.top(); y <= area.bottom(); ++y) {
+    const double whole = innerHalfWidth((y + 0.5 - map.dy) / map.scaleY - middle.y, 1 / scale);
+    const int begin = std::max(toPixel(std::ceil(map.x(middle.x - whole))), area.left());
+    const int end = std::min(toPixel(std::floor(map.x(middle.x + whole))), area.right() + 1);
+    if (whole > 0 && begin < end) std::copy(pictureRow(y) + begin, pictureRow(y) + end, target.row(y) + begin);
+  }
+  forPixelsAround(area, map, {middle, 1}, 1 / scale, [&](int x, int y, double across, double down) {
+    const double covered = std::clamp(0.5 - distance(across, down) * scale, 0.0, 1.0);
+    std::uint32_t& pixel = target.row(y)[x];
+    pixel = mixPixels(pixel, pictureRow(y)[x], static_cast<std::uint32_t>(covered * 256 + 0.5));
+  });
+}
+
+void Lens::drawRim(const PixelTarget& target, const QRect& clip, const DeviceMap& map) const {
+  for (const LensCoat coat : {LensCoat::Glow, LensCoat::Light}) {
+    drawOutline(target, clip, map, {center(), 1}, rimWidth, coat);
+  }
 }
 
 }  // namespace vellora

@@ -1,18 +1,19 @@
 #pragma once
 
 #include <optional>
-
-#include <QPainterPath>
+#include <vector>
 
 #include "editor/Annotation.h"
 #include "editor/rendering/PixelTarget.h"
 #include "editor/rendering/RenderGeometry.h"
 
-class QPainter;
-
 namespace vellora {
 
-/// A magnifier: a lens that shows what lies around a point enlarged. Lengths in document points.
+/// A light line is drawn in two goes, so that the glow of none darkens another.
+enum class LensCoat { Glow, Light };
+
+/// A magnifier: a lens that shows what lies around a point enlarged. Lengths in document points. Its lines are drawn
+/// from their distance to each pixel, so that every pixel is the same under any clip.
 class Lens {
  public:
   /// Nothing for a magnifier with impossible numbers.
@@ -25,30 +26,48 @@ class Lens {
   Rect bounds() const;
   /// Moves the source onto the lens, enlarged.
   QTransform magnifying() const;
-  QPainterPath shape() const;
 
   /// Draws what lies below the glass: a soft shadow, and when the source lies apart, its outline and two lines to it.
-  /// The painter draws on `target` under the same map; direct drawing keeps inside `clip`.
-  void drawBelow(const PixelTarget& target, QPainter& painter, const QRect& clip, const DeviceMap& map) const;
-  /// Draws the rim around the glass.
-  void drawRim(QPainter& painter) const;
+  void drawBelow(const PixelTarget& target, const QRect& clip, const DeviceMap& map) const;
+  /// Draws the glass. `shown` is opaque; its corner lies at the pixel `corner`, and it covers the lens
+  /// inside `clip`.
+  void drawGlass(const PixelTarget& target, const QRect& clip, const DeviceMap& map, const QImage& shown,
+                 QPoint corner) const;
+  void drawRim(const PixelTarget& target, const QRect& clip, const DeviceMap& map) const;
 
  private:
   Lens(const Rect& rect, Point center, double magnification, MagnifierShape shape)
       : rect_(rect), sourceCenter_(center), magnification_(magnification), shape_(shape) {}
 
+  /// The lens's outline moved to a centre and made smaller by a factor.
+  struct Outline {
+    Point center;
+    double scale;
+  };
+  struct Segment {
+    Point from;
+    Point to;
+  };
+
   Point center() const { return {rect_.minX() + rect_.size.width / 2, rect_.minY() + rect_.size.height / 2}; }
   double cornerRadius() const;
   bool isApart() const;
-  QPainterPath shapeIn(const Rect& rect, double radius) const;
   /// The distance from the outline to a place relative to the centre, negative inside.
   double distance(double x, double y) const;
+  /// How far to both sides of the centre the glass surely is deeper than `depth` below its edge, at a height relative
+  /// to the centre; 0: nowhere for certain.
+  double innerHalfWidth(double down, double depth) const;
   /// How far the shape reaches from its centre in a direction, and the place of the outline that does.
   double support(Point direction) const;
   Point supportPlace(Point direction) const;
-  QPainterPath connectors() const;
-  /// How far the glass surely reaches to both sides of the centre at a height relative to it; 0 or less: unknown.
-  double innerHalfWidth(double down) const;
+  std::vector<Segment> connectors() const;
+  /// Calls action(x, y, across, down) for the pixels of `area` that do not surely lie deeper inside than `depth`, with
+  /// their places relative to the outline's centre, in its unscaled lengths.
+  template <typename Action>
+  void forPixelsAround(const QRect& area, const DeviceMap& map, const Outline& outline, double depth,
+                       Action&& action) const;
+  void drawOutline(const PixelTarget& target, const QRect& clip, const DeviceMap& map, const Outline& outline,
+                   double width, LensCoat coat) const;
   void drawShadow(const PixelTarget& target, const QRect& clip, const DeviceMap& map) const;
 
   Rect rect_;
