@@ -193,6 +193,9 @@ void DocumentDelivery::copySelection() {
   auto* mime = new QMimeData;
   mime->setData(annotationsMimeType, clip->annotations);
   clipboard.setMimeData(mime);
+  //% "Copied the selection"
+  const QString told = qtTrId("editor.copiedSelection");
+  Toast::show({}, told, ToastKind::Success, window_.screen());
   const std::uint64_t revision = model_.revision();
   services_.documentOutput.render(
       model_.document(),

@@ -194,6 +194,7 @@ void EditorWindow::Private::connectCommands() {
     } else {
       model.beginCrop();
     }
+    styleChanged = true;
     refresh();
   });
   commands.on(Command::ResetCrop, [this] { model.resetCrop(); });
@@ -290,6 +291,7 @@ void EditorWindow::Private::refresh() {
   refreshStatus();
   bar->setCopyOutdated(delivery->isCopyOutdated());
   if (side->isOpen()) backdrop->setSettings(model.document().backdrop);
+  if (commands[Command::Crop].isChecked() != model.isCropping()) styleChanged = true;
   if (std::exchange(styleChanged, false)) bar->refresh();
 }
 

@@ -241,6 +241,36 @@ TEST(EditorWindow, LocksAToolByADoubleClick) {
   EXPECT_TRUE(bench.model().isToolLocked());
 }
 
+TEST(EditorWindow, ShowsWhetherAPieceIsBeingCropped) {
+  EditorBench bench;
+  bench.open();
+  bench.run(EditorCommand::Crop);
+  EXPECT_TRUE(bench.command(EditorCommand::Crop).isChecked());
+  EXPECT_FALSE(bench.command(EditorCommand::SelectTool).isChecked());
+  test::type(*bench.window, Qt::Key_Escape);
+  EXPECT_FALSE(bench.command(EditorCommand::Crop).isChecked());
+  bench.run(EditorCommand::Crop);
+  bench.run(EditorCommand::ArrowTool);
+  EXPECT_FALSE(bench.model().isCropping());
+  EXPECT_FALSE(bench.command(EditorCommand::Crop).isChecked());
+  EXPECT_TRUE(bench.command(EditorCommand::ArrowTool).isChecked());
+}
+
+TEST(EditorWindow, OpensTheBackdropBesideTheCanvas) {
+  EditorBench bench;
+  EditorWindow& window = bench.open();
+  const int before = window.canvas().width();
+  bench.run(EditorCommand::Backdrop);
+  EXPECT_LT(window.canvas().width(), before);
+  EXPECT_TRUE(bench.command(EditorCommand::Backdrop).isChecked());
+  bench.run(EditorCommand::NextPart);
+  bench.run(EditorCommand::NextPart);
+  EXPECT_FALSE(window.canvas().hasFocus());
+  bench.run(EditorCommand::Backdrop);
+  EXPECT_EQ(window.canvas().width(), before);
+  EXPECT_EQ(window.focusWidget(), &window.canvas());
+}
+
 TEST(EditorWindow, GoesThroughItsPartsByTheKeyboard) {
   EditorBench bench;
   EditorWindow& window = bench.open();
