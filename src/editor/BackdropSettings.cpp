@@ -87,18 +87,18 @@ BackdropSettings BackdropSettings::clamped() const {
 
 const std::vector<BackdropGradientPreset>& backdropGradientPresets() {
   static const std::vector<BackdropGradientPreset> presets{
-      {"Dawn", {{{0, rgb(0xFFD9B8)}, {0.5, rgb(0xF9A8B4)}, {1, rgb(0xA78BDA)}}, 135}},
-      {"Peach", {{{0, rgb(0xFFE9D6)}, {1, rgb(0xFFB199)}}, 120}},
-      {"Coral", {{{0, rgb(0xFF9A76)}, {1, rgb(0xE0486E)}}, 135}},
-      {"Dusk", {{{0, rgb(0xF58A6B)}, {0.48, rgb(0xB0457E)}, {1, rgb(0x3B2470)}}, 145}},
-      {"Iris", {{{0, rgb(0xC8B6FF)}, {1, rgb(0x6A5AE0)}}, 135}},
-      {"Indigo", {{{0, rgb(0x7C8CF8)}, {1, rgb(0x2B2F8F)}}, 135}},
-      {"Ocean", {{{0, rgb(0x7FD8F0)}, {0.55, rgb(0x3E8EE6)}, {1, rgb(0x2A4BB8)}}, 135}},
-      {"Mist", {{{0, rgb(0xEDF3F8)}, {1, rgb(0xB7C6D8)}}, 135}},
-      {"Mint", {{{0, rgb(0xC9F5DC)}, {1, rgb(0x57BFA8)}}, 135}},
-      {"Forest", {{{0, rgb(0x8CC98A)}, {1, rgb(0x14604F)}}, 140}},
-      {"Slate", {{{0, rgb(0x6B7789)}, {1, rgb(0x252C38)}}, 135}},
-      {"Night", {{{0, rgb(0x3D4470)}, {0.6, rgb(0x1B1E3B)}, {1, rgb(0x0B0C19)}}, 160}},
+      {"Dawn", {{{0, rgb(0xFFD9B8)}, {0.5, rgb(0xF9A8B4)}, {1, rgb(0xA78BDA)}}, 45}},
+      {"Peach", {{{0, rgb(0xFFE9D6)}, {1, rgb(0xFFB199)}}, 60}},
+      {"Coral", {{{0, rgb(0xFF9A76)}, {1, rgb(0xE0486E)}}, 45}},
+      {"Dusk", {{{0, rgb(0xF58A6B)}, {0.48, rgb(0xB0457E)}, {1, rgb(0x3B2470)}}, 40}},
+      {"Iris", {{{0, rgb(0xC8B6FF)}, {1, rgb(0x6A5AE0)}}, 45}},
+      {"Indigo", {{{0, rgb(0x7C8CF8)}, {1, rgb(0x2B2F8F)}}, 45}},
+      {"Ocean", {{{0, rgb(0x7FD8F0)}, {0.55, rgb(0x3E8EE6)}, {1, rgb(0x2A4BB8)}}, 45}},
+      {"Mist", {{{0, rgb(0xEDF3F8)}, {1, rgb(0xB7C6D8)}}, 45}},
+      {"Mint", {{{0, rgb(0xC9F5DC)}, {1, rgb(0x57BFA8)}}, 45}},
+      {"Forest", {{{0, rgb(0x8CC98A)}, {1, rgb(0x14604F)}}, 50}},
+      {"Slate", {{{0, rgb(0x6B7789)}, {1, rgb(0x252C38)}}, 45}},
+      {"Night", {{{0, rgb(0x3D4470)}, {0.6, rgb(0x1B1E3B)}, {1, rgb(0x0B0C19)}}, 65}},
   };
   return presets;
 }

@@ -15,21 +15,40 @@ struct LayerShape {
 constexpr LayerShape shapes[] = {{0.040, 0.038, 0.62}, {0.012, 0.010, 0.40}, {0.0028, 0.002, 0.34}};
 
 constexpr double nodesPerBlur = 4.0;
-constexpr int mostNodes = 1400;  // along a side
+constexpr int mostNodes = 1000;  // along a side
 
-/// Three running means after each other come close to a Gaussian of the standard deviation `sigma`, in nodes.
-void blurLine(float* first, std::size_t step, int count, int radius, std::vector<float>& copy) {
-  copy.resize(static_cast<std::size_t>(count));
-  const auto at = [&](int i) { return i < 0 || i >= count ? 0.0F : copy[static_cast<std::size_t>(i)]; };
+/// A running mean over 2 × radius + 1 nodes of a row; beyond the edges it is 0.
+void meanRow(float* row, int count, int radius, std::vector<float>& padded) {
+  const auto length = static_cast<std::size_t>(count);
+  const auto reach = static_cast<std::size_t>(radius);
+  padded.assign(length + 2 * reach + 1, 0.0F);
+  std::copy(row, row + length, padded.begin() + radius);
   const float share = 1.0F / static_cast<float>(2 * radius + 1);
-  for (int pass = 0; pass < 3; ++pass) {
-    for (int i = 0; i < count; ++i) copy[static_cast<std::size_t>(i)] = first[static_cast<std::size_t>(i) * step];
-    float sum = 0;
-    for (int i = -radius; i <= radius; ++i) sum += at(i);
-    for (int i = 0; i < count; ++i) {
-      first[static_cast<std::size_t>(i) * step] = std::max(sum, 0.0F) * share;
-      sum += at(i + radius + 1) - at(i - radius);
-    }
+  float sum = 0;
+  for (std::size_t i = 0; i < 2 * reach + 1; ++i) sum += padded[i];
+  for (std::size_t i = 0; i < length; ++i) {
+    row[i] = std::max(sum, 0.0F) * share;
+    sum += padded[i + 2 * reach + 1] - padded[i];
+  }
+}
+
+/// The same along the columns, all of them at once.
+void meanColumns(SmoothGrid<float>& field, int radius) {
+  const SmoothGrid<float> source = field;
+  const auto columns = static_cast<std::size_t>(field.columns());
+  std::vector<float> sums(columns, 0.0F);
+  const auto add = [&](int y, float sign) {
+    if (y < 0 || y >= source.rows()) return;
+    const float* row = source.row(y);
+    for (std::size_t x = 0; x < columns; ++x) sums[x] += sign * row[x];
+  };
+  for (int y = 0; y < radius; ++y) add(y, 1);
+  const float share = 1.0F / static_cast<float>(2 * radius + 1);
+  for (int y = 0; y < field.rows(); ++y) {
+    add(y + radius, 1);
+    float* row = field.row(y);
+    for (std::size_t x = 0; x < columns; ++x) row[x] = std::max(sums[x], 0.0F) * share;
+    add(y - radius, -1);
   }
 }
 
@@ -38,11 +57,13 @@ int radiusFor(double sigma) {
   return std::max(1, static_cast<int>(std::lround((std::sqrt(1 + 4 * sigma * sigma) - 1) / 2)));
 }
 
+/// Three running means after each other come close to a Gaussian of the standard deviation `sigma`, in nodes.
 void blur(SmoothGrid<float>& field, double sigmaX, double sigmaY) {
-  std::vector<float> copy;
-  const auto columns = static_cast<std::size_t>(field.columns());
-  for (int y = 0; y < field.rows(); ++y) blurLine(field.row(y), 1, field.columns(), radiusFor(sigmaX), copy);
-  for (int x = 0; x < field.columns(); ++x) blurLine(field.row(0) + x, columns, field.rows(), radiusFor(sigmaY), copy);
+  std::vector<float> padded;
+  for (int pass = 0; pass < 3; ++pass) {
+    for (int y = 0; y < field.rows(); ++y) meanRow(field.row(y), field.columns(), radiusFor(sigmaX), padded);
+    meanColumns(field, radiusFor(sigmaY));
+  }
 }
 
 ContentShadow::Layer makeLayer(const QPainterPath& silhouette, const QRectF& visible, double opacity, double sigma,

@@ -48,7 +48,7 @@ constexpr std::pair<DeviceFrame, const char*> frames[] = {
 /// A frame around an empty screen, as large as fits.
 void paintFrame(QPainter& painter, const QRectF& rect, DeviceFrame frame) {
   const bool isDarkTheme = Theme::shared().appearance() == Appearance::Dark;
-  painter.fillRect(rect, isDarkTheme ? QColor(0x3B404A) : QColor(0xC5CFDF));
+  painter.fillRect(rect, isDarkTheme ? QColor(0x626B7A) : QColor(0xC5CFDF));
   const bool phone = frame == DeviceFrame::PhoneLight || frame == DeviceFrame::PhoneDark;
   const bool dark =
       frame == DeviceFrame::BrowserDark || frame == DeviceFrame::LaptopDark || frame == DeviceFrame::PhoneDark;
@@ -90,7 +90,6 @@ BackdropPanel::BackdropPanel(BackdropStyles& styles, QWidget* parent)
   column->setSpacing(0);
   column->addWidget(makeHeader());
   auto* contents = new QWidget;
-  contents->setAutoFillBackground(false);
   auto* sections = new QVBoxLayout(contents);
   sections->setContentsMargins(0, 0, 0, 0);
   sections->setSpacing(0);
@@ -102,6 +101,7 @@ BackdropPanel::BackdropPanel(BackdropStyles& styles, QWidget* parent)
   sections->addWidget(new StylesSection(*state_, styles_, contents));
   sections->addStretch(1);
   scroll_->setWidget(contents);
+  contents->setAutoFillBackground(false);  // the panel's ground shows through
   scroll_->setWidgetResizable(true);
   scroll_->setFrameShape(QFrame::NoFrame);
   scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

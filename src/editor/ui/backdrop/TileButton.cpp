@@ -47,12 +47,13 @@ void TileButton::setIconName(const QString& name) {
 
 const QPixmap& TileButton::picture() {
   const double ratio = devicePixelRatioF();
-  if (picture_.isNull() || picture_.devicePixelRatio() != ratio || picture_.size() != size() * ratio) {
-    picture_ = QPixmap(size() * ratio);
-    picture_.setDevicePixelRatio(ratio);
+  const QSize wanted = size() * ratio;
+  if (picture_.size() != wanted) {
+    picture_ = QPixmap(wanted);
     picture_.fill(Qt::transparent);
     QPainter painter(&picture_);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(ratio, ratio);
     preview_(painter, QRectF(rect()));
   }
   return picture_;

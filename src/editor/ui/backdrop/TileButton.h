@@ -40,7 +40,7 @@ class TileButton final : public QAbstractButton {
   QSize least_;
   QString iconName_;
   Preview preview_;
-  QPixmap picture_;  ///< the preview, made when it is first shown
+  QPixmap picture_;  ///< the preview in device pixels, made when it is first shown
   KeyboardFocus focus_;
 };
 

@@ -6,7 +6,6 @@
 #include <QPainter>
 #include <QPainterPath>
 
-#include "editor/backdrop/BackdropPainter.h"
 #include "media/codecs/ImageConversion.h"
 
 namespace vellora::test {
@@ -143,36 +142,6 @@ CapturePiece samplePhone(double scale) {
   }
   painter.end();
   return pieceOf(image, scale);
-}
-
-QImage drawn(const ImageDocument& document, double scale) {
-  const BackdropLayout layout = backdropLayout(document);
-  QImage image(QSize(qRound(layout.document.size.width * scale), qRound(layout.document.size.height * scale)),
-               QImage::Format_ARGB32_Premultiplied);
-  image.fill(Qt::transparent);
-  QPainter painter(&image);
-  painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-  painter.scale(scale, scale);
-  painter.translate(-layout.document.minX(), -layout.document.minY());
-  BackdropPainter backdrop;
-  backdrop.paintBehind(painter, document, layout);
-  painter.save();
-  painter.setWorldTransform(layout.placement, true);
-  const QPainterPath shape = BackdropPainter::contentShape(document, layout);
-  for (const CapturePiece& piece : document.pieces) {
-    const QImage pixels = toImage(piece.image);
-    QBrush brush(pixels);
-    brush.setTransform(QTransform::fromScale(1 / piece.scale, 1 / piece.scale) *
-                       QTransform::fromTranslate(piece.origin.x, piece.origin.y));
-    QPainterPath frame;
-    frame.addRect(QRectF(piece.origin.x, piece.origin.y, piece.pointSize.width, piece.pointSize.height));
-    painter.fillPath(shape.isEmpty() ? frame : document.pieces.size() == 1 ? shape : shape.intersected(frame), brush);
-  }
-  BackdropPainter::paintOver(painter, document, layout);
-  painter.restore();
-  painter.end();
-  BackdropPainter::applyEdgeBlur(image, document.backdrop);
-  return image;
 }
 
 }  // namespace vellora::test

@@ -10,6 +10,8 @@
 
 #include "SampleContent.h"
 #include "editor/backdrop/BackdropPainter.h"
+#include "editor/rendering/DocumentRenderer.h"
+#include "media/codecs/ImageConversion.h"
 
 namespace {
 
@@ -197,7 +199,9 @@ int main(int argc, char** argv) {
     const ImageDocument document = documentFor(picture, scale);
     QElapsedTimer timer;
     timer.start();
-    const QImage image = test::drawn(document, scale);
+    const auto bitmap = renderDocument(document, scale);
+    if (!bitmap) return 1;
+    const QImage image = toImage(*bitmap);
     std::printf("%-28s %4d x %4d  %4lld ms\n", qPrintable(picture.name), image.width(), image.height(),
                 timer.elapsed());
     image.save(folder.filePath(picture.name + QStringLiteral(".png")));
