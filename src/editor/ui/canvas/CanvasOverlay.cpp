@@ -180,7 +180,6 @@ void paintLens(QPainter& painter, const OverlayContent& content, double ratio) {
   for (const double width : {3.0, 1.5}) {
     painter.setPen(QPen(width > 2 ? QColor(255, 255, 255, 150) : accent(), width * ratio));
     for (const QPainterPath& path : content.lensSources) painter.drawPath(path);
-    for (const QLineF& link : content.lensLinks) painter.drawLine(link);
   }
 }
 
@@ -216,7 +215,6 @@ QRegion overlayRegion(const OverlayContent& content, double ratio) {
   for (const QPainterPath& path : content.lensSources) {
     region += path.boundingRect().adjusted(-line, -line, line, line).toAlignedRect();
   }
-  for (const QLineF& link : content.lensLinks) addLine(region, link, line);
   const double dot = (content.crop ? gripLength + gripWidth + 2 : dotReach) * ratio;
   for (const OverlayContent::Mark& mark : content.marks) {
     region += QRectF(mark.position, mark.position).adjusted(-dot, -dot, dot, dot).toAlignedRect();

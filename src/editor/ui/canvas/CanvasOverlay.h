@@ -37,7 +37,6 @@ struct OverlayContent {
   std::optional<QPolygonF> marquee;
   std::vector<QLineF> guides;
   std::vector<QPainterPath> lensSources;  ///< what a selected lens shows
-  std::vector<QLineF> lensLinks;          ///< from there to the lens
   std::vector<Mark> marks;
   std::optional<Crop> crop;
   std::optional<QPolygonF> textFrame;  ///< around the text being edited

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 
 #include "editor/canvas/Cropping.h"
@@ -5,6 +6,9 @@
 
 namespace vellora {
 namespace {
+
+constexpr double lensCornerRadius = 14;  // document points
+constexpr double roomAroundText = 0.12;  // of a line's height
 
 QPolygonF placed(const Rect& rect, const QTransform& toView) {
   const QRectF box(rect.minX(), rect.minY(), rect.size.width, rect.size.height);
@@ -15,40 +19,41 @@ QLineF placedLine(Point from, Point to, const QTransform& toView) {
   return {toView.map(QPointF(from.x, from.y)), toView.map(QPointF(to.x, to.y))};
 }
 
+/// What a lens shows, in the lens's own shape.
 void addLens(OverlayContent& content, const Annotation& lens, const QTransform& toView) {
   const Rect frame = spannedRect(lens);
-  const double zoom = std::isfinite(lens.magnification) && lens.magnification > 0 ? lens.magnification : 1;
+  const double zoom = std::isfinite(lens.magnification) && lens.magnification > 1 ? lens.magnification : 1;
   const QPointF middle(frame.origin.x + frame.size.width / 2, frame.origin.y + frame.size.height / 2);
-  const QPointF source = lens.control ? QPointF(lens.control->x, lens.control->y) : middle;
-  const QSizeF size = QSizeF(frame.size.width, frame.size.height) / zoom;
-  QRectF shown({}, size);
-  shown.moveCenter(source);
+  QRectF shown({}, QSizeF(frame.size.width, frame.size.height) / zoom);
+  shown.moveCenter(lens.control ? QPointF(lens.control->x, lens.control->y) : middle);
   QPainterPath outline;
   if (lens.magnifierShape == MagnifierShape::Circle) {
     outline.addEllipse(shown);
   } else {
-    const double radius = std::min(size.width(), size.height()) * 0.12;
+    const double radius = std::min({lensCornerRadius / zoom, shown.width() / 4, shown.height() / 4});
     outline.addRoundedRect(shown, radius, radius);
   }
   content.lensSources.push_back(toView.map(outline));
-  // The link runs between the two edges; nothing where the lens covers what it shows.
-  const QPointF way = middle - source;
-  const double distance = std::hypot(way.x(), way.y());
-  const double near = std::min(size.width(), size.height()) / 2;
-  const double far = std::min(frame.size.width, frame.size.height) / 2;
-  if (distance <= near + far) return;
-  const QPointF unit = way / distance;
-  content.lensLinks.push_back({toView.map(source + unit * near), toView.map(middle - unit * far)});
+}
+
+/// Of what has a handle at each end the box around it says nothing more.
+bool isToldByItsEnds(const Annotation& annotation) {
+  return annotation.kind == Annotation::Kind::Arrow || annotation.kind == Annotation::Kind::Line;
+}
+
+Rect grown(const Rect& rect, double by) {
+  return {{rect.minX() - by, rect.minY() - by}, {rect.size.width + 2 * by, rect.size.height + 2 * by}};
 }
 
 void addText(OverlayContent& content, const CanvasModel& model, const CanvasModel::TextEdit& edit,
              const QTransform& toView) {
-  if (const auto outline = model.outlineOf(edit.id)) content.textFrame = placed(*outline, toView);
+  const Rect& cursor = edit.cursorRect;
+  const double room = cursor.size.height * roomAroundText;
+  if (const auto outline = model.outlineOf(edit.id)) content.textFrame = placed(grown(*outline, room), toView);
   for (const Rect& rect : edit.selected) content.textSelection.push_back(placed(rect, toView));
   for (const Rect& rect : edit.composed) {
     content.composing.push_back(placedLine({rect.minX(), rect.maxY()}, {rect.maxX(), rect.maxY()}, toView));
   }
-  const Rect& cursor = edit.cursorRect;
   content.cursor = placedLine(cursor.origin, {cursor.minX(), cursor.maxY()}, toView);
 }
 
@@ -77,7 +82,9 @@ OverlayContent overlayOf(const CanvasModel& model, const QTransform& toView, boo
   for (const AnnotationId id : model.selection()) {
     const AnnotationPtr annotation = model.document().annotation(id);
     if (annotation == nullptr || (edit && edit->id == id)) continue;
-    if (const auto outline = model.outlineOf(id)) content.outlines.push_back(placed(*outline, toView));
+    const bool outlined = model.selection().size() > 1 || !isToldByItsEnds(*annotation);
+    const auto outline = outlined ? model.outlineOf(id) : std::nullopt;
+    if (outline) content.outlines.push_back(placed(*outline, toView));
     if (annotation->kind == Annotation::Kind::Magnifier) addLens(content, *annotation, toView);
   }
   if (const auto piece = model.selectedPiece()) {
