@@ -67,20 +67,22 @@ void CanvasModel::duplicateSelection() {
 }
 
 void CanvasModel::nudge(double dx, double dy) {
-  const Point by{dx, dy};
-  if (!isFinite(by)) return;
+  if (!isFinite(Point{dx, dy})) return;
   const Private::Call call(*d_);
   d_->settle();
+  d_->nudge({dx, dy});
+}
+
+void CanvasModel::Private::nudge(Point by) {
   ImageDocument next = document();
-  if (d_->piece) {
-    const auto riding = annotationsOn(next, d_->outlines, *d_->piece);
-    next = withPieceMoved(next, *d_->piece, onWholePixels(by, next.outputScale()), riding);
+  if (piece) {
+    next = withPieceMoved(next, *piece, onWholePixels(by, next.outputScale()), annotationsOn(next, outlines, *piece));
   }
-  const LensSource source = d_->selection.size() == 1 ? LensSource::Stays : LensSource::Moves;
+  const LensSource source = selection.size() == 1 ? LensSource::Stays : LensSource::Moves;
   for (AnnotationPtr& annotation : next.annotations) {
-    if (d_->selection.contains(annotation->id)) annotation = makeAnnotation(moved(*annotation, by, source));
+    if (selection.contains(annotation->id)) annotation = makeAnnotation(moved(*annotation, by, source));
   }
-  d_->commit(std::move(next), "nudge");
+  commit(std::move(next), "nudge");
 }
 
 void CanvasModel::align(Alignment alignment) {

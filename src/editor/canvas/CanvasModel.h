@@ -43,8 +43,14 @@ struct CanvasClip {
 ///
 /// **Selecting.** A press on a thing selects and moves it, one on the bare picture draws a marquee; with several pieces
 /// it moves the piece, and what is drawn on it goes along, so that no redaction is left behind (Shift draws the marquee
-/// there too). A click on the bare picture ends a selection or, without one, selects the piece. Things line up while
-/// they are moved and resized, unless Control is held. While Alt is held a move leaves copies: their originals.
+/// there too). A click on the bare picture ends a selection or, without one, selects the piece; a double click crops
+/// it. A drag takes what is selected, even below other things; a click takes the topmost. Things line up while they are
+/// moved and resized, unless Control is held. While Alt is held copies move, and the originals stay.
+///
+/// **Keys.** The arrows move what is selected by 1 point, with Shift by 10; with Control they drag its last corner or
+/// end, or turn its tail. While cropping they show another part; with Control they drag the last corner, with Alt the
+/// first. Tab goes through the annotations. Return edits a selected text, and with a drawing tool draws in the middle
+/// of the picture.
 ///
 /// **Typing.** All typing in one text is one step. While it lasts, undo takes back runs of it (see TextEditor), and
 /// with none left ends it. A text that is left empty disappears.

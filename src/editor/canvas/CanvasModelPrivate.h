@@ -10,7 +10,8 @@
 namespace vellora {
 
 /// What a CanvasModel keeps. Its functions are in CanvasModel.cpp (state and undo), CanvasPointer.cpp (pointer),
-/// CanvasCommands.cpp (commands and pieces), CanvasStyle.cpp (tools and styles) and CanvasText.cpp (typing and keys).
+/// CanvasCommands.cpp (commands and pieces), CanvasStyle.cpp (tools and styles), CanvasKeys.cpp (keys) and
+/// CanvasText.cpp (typing).
 struct CanvasModel::Private {
   Private(ImageDocument document, Services canvasServices);
 
@@ -89,11 +90,19 @@ struct CanvasModel::Private {
   void endTyping();
   void showTyping();
   bool keyWhileTyping(const KeyInput& key);
+
+  // Keys
   bool selectByTab(int direction);
+  bool arrowKey(Point direction, const Modifiers& modifiers);
+  bool returnKey();
+  bool drawByKey();
+  void stretch(Point direction, bool wide);
+  void cropByKey(Point direction, const Modifiers& modifiers);
 
   // Commands
   void addCopies(const std::vector<AnnotationPtr>& originals, Point by);
   void insertPiece(CapturePiece added);
+  void nudge(Point by);
   void changeSelected(const std::function<ImageDocument(const ImageDocument&)>& change,
                       const std::string& coalescingKey = {});
 

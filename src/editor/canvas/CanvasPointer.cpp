@@ -104,10 +104,12 @@ std::unique_ptr<Gesture> CanvasModel::Private::drawingGesture(const PointerEvent
 
 std::unique_ptr<Gesture> CanvasModel::Private::selectingGesture(const PointerEvent& event) {
   if (const auto under = annotationUnder(event)) {
-    std::set<AnnotationId> clicked{*under};
+    // A drag takes what is selected, a click what is on top of it.
+    const auto top = annotationAt(document(), outlines, event.position, hitTolerance * event.pointsPerScreenPoint);
+    std::set<AnnotationId> clicked{*top};
     if (event.modifiers.shift) {
       clicked = selection;
-      if (!clicked.insert(*under).second) clicked.erase(*under);
+      if (!clicked.insert(*top).second) clicked.erase(*top);
     }
     if (!selection.contains(*under)) setSelection(event.modifiers.shift ? clicked : std::set{*under});
     return std::make_unique<MoveGesture>(gestureStart(), event, outlines, std::move(clicked));

@@ -175,14 +175,20 @@ bool touches(const Annotation& annotation, const Rect& outline, const Rect& marq
 
 std::optional<AnnotationId> annotationAt(const ImageDocument& document, AnnotationOutlines& outlines, Point place,
                                          double tolerance, const std::set<AnnotationId>& preferred) {
-  std::optional<AnnotationId> topmost;
+  AnnotationPtr topmost;
   for (const AnnotationPtr& annotation : std::views::reverse(document.annotations)) {
-    if (topmost && !preferred.contains(annotation->id)) continue;
-    if (!hits(*annotation, outlines.of(annotation), place, tolerance)) continue;
-    if (preferred.empty() || preferred.contains(annotation->id)) return annotation->id;
-    if (!topmost) topmost = annotation->id;
+    const bool isPreferred = preferred.empty() || preferred.contains(annotation->id);
+    if (topmost && !isPreferred) continue;
+    const Rect outline = outlines.of(annotation);
+    if (!hits(*annotation, outline, place, tolerance)) continue;
+    if (!topmost) topmost = annotation;
+    if (!isPreferred) continue;
+    const Rect top = outlines.of(topmost);
+    const bool holdsTopmost =
+        top != outline && contains(outline, top.origin) && contains(outline, {top.maxX(), top.maxY()});
+    return holdsTopmost ? topmost->id : annotation->id;
   }
-  return topmost;
+  return topmost ? std::optional(topmost->id) : std::nullopt;
 }
 
 std::optional<std::uint64_t> pieceAt(const ImageDocument& document, Point place) {

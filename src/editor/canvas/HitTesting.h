@@ -18,7 +18,8 @@ bool hits(const Annotation& annotation, const Rect& outline, Point place, double
 /// Whether a marquee takes the annotation: when it meets what is drawn, not the empty inside of an outline.
 bool touches(const Annotation& annotation, const Rect& outline, const Rect& marquee);
 
-/// The annotation under the pointer; the topmost, but one of `preferred` wins over those above it.
+/// The annotation under the pointer; the topmost, but one of `preferred` wins over those above it, unless the topmost
+/// lies wholly within it: a number on a selected area can still be dragged.
 std::optional<AnnotationId> annotationAt(const ImageDocument& document, AnnotationOutlines& outlines, Point place,
                                          double tolerance, const std::set<AnnotationId>& preferred = {});
 

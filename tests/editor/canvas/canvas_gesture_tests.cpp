@@ -165,6 +165,51 @@ TEST(Selecting, TakesTogglesAndSpans) {
   EXPECT_FALSE(canvas.model.canDelete()) << "the last piece stays";
 }
 
+TEST(Selecting, DragsTheSelectedButClicksTheTopmost) {
+  const auto document =
+      documentOf({annotationOf(Kind::Blur, {0, 0}, {50, 50}), annotationOf(Kind::Blur, {40, 40}, {90, 90})});
+  Canvas canvas(document);
+  canvas.model.select({canvas.id(0)});
+  canvas.drag({42, 42}, {62, 42}, control);
+  EXPECT_EQ(canvas.annotation(0).p1.x, 20);
+  EXPECT_EQ(canvas.annotation(1).p1.x, 40);
+  canvas.click(62, 42);
+  EXPECT_EQ(canvas.model.selection(), std::set{canvas.id(1)});
+}
+
+TEST(Keys, DrawStretchAndCrop) {
+  Canvas canvas(documentOf({}));
+  EXPECT_FALSE(canvas.key(KeyInput::Key::Return));
+  EXPECT_FALSE(canvas.key(KeyInput::Key::Left)) << "nothing to move: the view may scroll";
+  canvas.model.setTool(Tool::Box, true);
+  canvas.key(KeyInput::Key::Return);
+  EXPECT_EQ(spannedRect(canvas.annotation(0)), (Rect{{140, 110}, {120, 80}}));
+  canvas.key(KeyInput::Key::Return);
+  EXPECT_NE(canvas.annotation(1).p1, canvas.annotation(0).p1) << "not on top of each other";
+  canvas.model.undo();
+  canvas.model.select({canvas.id(0)});
+  canvas.key(KeyInput::Key::Right, control);
+  canvas.key(KeyInput::Key::Up, {.shift = true, .control = true});
+  EXPECT_EQ(spannedRect(canvas.annotation(0)), (Rect{{140, 110}, {121, 70}}));
+  EXPECT_EQ(canvas.steps(), 2U) << "stretching in a row is one step";
+  canvas.model.setTool(Tool::Text);
+  canvas.key(KeyInput::Key::Return);
+  EXPECT_TRUE(canvas.model.textEdit().has_value());
+  canvas.model.escape();
+  canvas.model.setTool(Tool::Counter);
+  canvas.key(KeyInput::Key::Return);
+  const double angle = canvas.annotation(1).tailAngle;
+  canvas.key(KeyInput::Key::Right, control);
+  EXPECT_NEAR(canvas.annotation(1).tailAngle - angle, pi / 36, 1e-9);
+
+  canvas.model.beginCrop();
+  canvas.key(KeyInput::Key::Right, alt);
+  canvas.key(KeyInput::Key::Up, {.shift = true, .control = true});
+  EXPECT_EQ(canvas.piece().visibleRect, (Rect{{1, 0}, {399, 290}}));
+  canvas.key(KeyInput::Key::Down);
+  EXPECT_EQ(canvas.piece().visibleRect, (Rect{{1, 1}, {399, 290}}));
+}
+
 TEST(Selecting, GoesThroughAllByTabAndLeavesAtTheEnd) {
   Canvas canvas(documentOf({annotationOf(Kind::Box, {0, 0}, {9, 9}), annotationOf(Kind::Box, {0, 0}, {9, 9})}));
   EXPECT_TRUE(canvas.key(KeyInput::Key::Tab));

@@ -86,6 +86,11 @@ TEST_F(HitTesting, PrefersTheSelectedAndThenTheTopmost) {
   EXPECT_EQ(annotationAt(document, outlines, {10, 10}, 6, {id(0)}), id(0));
   EXPECT_EQ(annotationAt(document, outlines, {80, 80}, 6, {id(0)}), id(2));
   EXPECT_FALSE(annotationAt(document, outlines, {200, 200}, 6).has_value());
+
+  const ImageDocument covered =
+      documentOf({annotationOf(Kind::Blur, {0, 0}, {200, 200}), annotationOf(Kind::Counter, {100, 100}, {100, 100})});
+  EXPECT_EQ(annotationAt(covered, outlines, {100, 100}, 6, {covered.annotations[0]->id}), covered.annotations[1]->id)
+      << "what lies on a selected area can be taken";
 }
 
 TEST_F(HitTesting, MarqueesTakeWhatTheyMeet) {
