@@ -9,7 +9,6 @@
 #include "editor/ui/DocumentOutput.h"
 #include "editor/ui/EditorWindow.h"
 
-class QMimeData;
 class QTimer;
 
 namespace vellora {

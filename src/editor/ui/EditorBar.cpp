@@ -1,6 +1,7 @@
 #include "editor/ui/EditorBar.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QApplication>
 #include <QMenu>
@@ -134,7 +135,7 @@ void EditorBar::layOut() {
   if (needed() > room) saves = false;
   shownTools_ = shown;
 
-  dividers_.clear();
+  const std::vector<int> before = std::exchange(dividers_, {});
   const bool mirrored = layoutDirection() == Qt::RightToLeft;
   const auto put = [&](QWidget* widget, int x, bool visible) {
     if (visible) {
@@ -164,7 +165,7 @@ void EditorBar::layOut() {
     shownIcon = iconName(tools_[i].command);
   }
   overflow_->setChecked(hiddenActive);
-  overflow_->setIconName(shownIcon);
+  if (overflow_->isVisible()) overflow_->setIconName(shownIcon);
   divide();
   next(undo_, true);
   next(redo_, true);
@@ -193,7 +194,7 @@ void EditorBar::layOut() {
     style_->setGeometry(mirrored ? width() - at - styleWidth : at, 0, styleWidth, height());
     style_->setFold(static_cast<StyleStrip::Fold>(fold));
   }
-  update();
+  if (dividers_ != before) update();
 }
 
 void EditorBar::openOverflow() {

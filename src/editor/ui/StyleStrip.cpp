@@ -68,8 +68,7 @@ class ColorButton final : public QAbstractButton {
   QColor color_;
 };
 
-template <class Section>
-void StyleStrip::add(Section* section, Fold first, Fold last) {
+void StyleStrip::add(StyleSection* section, Fold first, Fold last) {
   section->hide();
   parts_.push_back({section, first, last});
 }
@@ -94,24 +93,16 @@ StyleStrip::StyleStrip(StyleContext& context, QWidget* parent)
   connect(switches_, &IconButton::clicked, this, &StyleStrip::openSwitches);
 }
 
-bool StyleStrip::refresh() {
+void StyleStrip::refresh() {
   const StyleState style = context_.model.style();
-  std::vector<int> before;
-  for (const Part& part : parts_) before.push_back(part.applies ? part.section->sizeHint().width() : -1);
-  bool changed = false;
   switchesApply_ = false;
-  isEmpty_ = true;
-  for (std::size_t i = 0; i < parts_.size(); ++i) {
-    Part& part = parts_[i];
+  for (Part& part : parts_) {
     part.applies = part.section->refresh(style);
-    if (part.section->layout() != nullptr) part.section->layout()->activate();
+    part.section->layout()->activate();
     if (part.last == ColorsFolded) switchesApply_ = switchesApply_ || part.applies;
-    if (part.applies) isEmpty_ = false;
-    if ((part.applies ? part.section->sizeHint().width() : -1) != before[i]) changed = true;
   }
   colorApplies_ = std::ranges::any_of(style.kinds, hasColor);
   colors_->setColor(style.color ? toQColor(*style.color) : QColor());
-  return changed;
 }
 
 bool StyleStrip::shows(const Part& part, Fold fold) const {
@@ -130,7 +121,6 @@ int StyleStrip::widthIn(Fold fold) const {
 }
 
 void StyleStrip::setFold(Fold fold) {
-  fold_ = fold;
   resize(widthIn(fold), height());
   int x = 0;
   const auto place = [&](QWidget* widget, bool visible) {

@@ -21,15 +21,13 @@ class StyleStrip final : public QWidget {
 
   StyleStrip(StyleContext& context, QWidget* parent);
 
-  /// Shows the style of the moment. True when the strip's width is another one afterwards.
-  bool refresh();
-  bool isEmpty() const { return isEmpty_; }
+  /// Shows the style of the moment; what the strip needs may be another width afterwards.
+  void refresh();
 
   /// What the strip needs in a fold, in points.
   int widthIn(Fold fold) const;
   /// Shows itself folded so and takes the width it needs.
   void setFold(Fold fold);
-  Fold fold() const { return fold_; }
 
  private:
   struct Part {
@@ -38,8 +36,7 @@ class StyleStrip final : public QWidget {
     Fold last;              ///< … to this one
     bool applies = false;
   };
-  template <class Section>
-  void add(Section* section, Fold first, Fold last);
+  void add(StyleSection* section, Fold first, Fold last);
   void openColors();
   void openSwitches();
   bool shows(const Part& part, Fold fold) const;
@@ -48,8 +45,6 @@ class StyleStrip final : public QWidget {
   std::vector<Part> parts_;
   ColorButton* colors_;
   IconButton* switches_;
-  Fold fold_ = Open;
-  bool isEmpty_ = true;
   bool colorApplies_ = false;
   bool switchesApply_ = false;
 };
