@@ -24,6 +24,7 @@ void openColorChooser(QWidget* owner, const QString& title, const ColorComponent
                       std::function<void(const ColorComponents&)> chosen, std::function<void()> settled) {
   auto* popover = new Popover(title, owner);
   auto* column = new QVBoxLayout(popover);
+  column->setContentsMargins(0, 0, 0, 0);
   auto* picker = new ColorPicker(toColor(color), popover);
   column->addWidget(picker);
   QObject::connect(picker, &ColorPicker::colorChanged, owner,

@@ -176,6 +176,7 @@ void StylesSection::askName(QWidget* owner, const QString& title, const QString&
                             std::function<void(const QString&)> named) {
   auto* popover = new Popover(title, owner);
   auto* row = new QHBoxLayout(popover);
+  row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(tokens::space2);
   auto* field = new TextField(popover);
   //% "Name of the style"

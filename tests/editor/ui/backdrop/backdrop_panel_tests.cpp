@@ -12,6 +12,7 @@
 #include "editor/ui/backdrop/GradientBar.h"
 #include "editor/ui/backdrop/PointPad.h"
 #include "editor/ui/backdrop/TileButton.h"
+#include "kit/ColorPicker.h"
 #include "kit/SegmentedControl.h"
 #include "kit/Slider.h"
 #include "kit/Switch.h"
@@ -179,6 +180,27 @@ TEST_F(BackdropPanelTest, TheSwitchBeginsWithTheLastBackdropAndResetGoesToTheDef
   EXPECT_EQ(shown_, plain);
   toggle->click();
   EXPECT_FALSE(shown_.enabled);
+}
+
+TEST_F(BackdropPanelTest, AnyColourIsChosenAsOneRun) {
+  std::function<void(const QColor&)> sampled;
+  panel_.setColorSampler([&](std::function<void(const QColor&)> chosen) { sampled = std::move(chosen); });
+  named<TileButton>("backdrop.ownColor")->click();
+  auto* const picker = panel_.findChild<ColorPicker*>();
+  ASSERT_NE(picker, nullptr);
+  emit picker->colorChanged(QColor(1, 2, 3));
+  emit picker->colorChanged(QColor(51, 102, 153));
+  EXPECT_EQ(keys_, QStringList(2, QStringLiteral("backdrop.color")));
+  EXPECT_NEAR(std::get<BackdropBackground::Solid>(shown_.background.value).color.green, 0.4, 1e-4);
+  emit picker->settled();
+  EXPECT_EQ(finished_, 1);
+  EXPECT_TRUE(named<TileButton>("backdrop.ownColor")->isChecked());
+  // The eyedropper closes the chooser; the colour may come after the panel has gone on.
+  emit picker->eyedropperRequested();
+  ASSERT_TRUE(sampled);
+  EXPECT_TRUE(test::runUntil([&] { return panel_.findChild<ColorPicker*>() == nullptr; }));
+  sampled(QColor(255, 0, 0));
+  EXPECT_EQ(std::get<BackdropBackground::Solid>(shown_.background.value).color, (ColorComponents{1, 0, 0, 1}));
 }
 
 TEST_F(BackdropPanelTest, SavedStylesAreAppliedAndDeleted) {
