@@ -44,7 +44,7 @@ double greatestScale(const QTransform& map, const Rect& area) {
 struct DocumentRenderer::Private {
   ContentPainter content;
   BackdropPainter backdrop;
-  BoundsCache bounds;
+  SceneMemory memory;
   std::vector<std::shared_ptr<const Scene>> scenes;  ///< the last few, the latest first
 
   /// A document with blurred edges, which no part of it shows without the rest.
@@ -63,7 +63,7 @@ struct DocumentRenderer::Private {
       std::rotate(scenes.begin(), found, found + 1);
       return scenes.front();
     }
-    scenes.insert(scenes.begin(), makeScene(document, options, bounds));
+    scenes.insert(scenes.begin(), makeScene(document, options, memory));
     if (scenes.size() > kept) scenes.pop_back();
     content.keepOnly(scenes);
     return scenes.front();

@@ -122,8 +122,10 @@ double Lens::distance(double x, double y) const {
   const double halfHeight = rect_.size.height / 2;
   if (shape_ == MagnifierShape::Circle) {
     // First-order distance to an ellipse; exact for a circle.
-    const double place = length(x / halfWidth, y / halfHeight);
-    const double slope = length(x / (halfWidth * halfWidth), y / (halfHeight * halfHeight));
+    const double right = x / halfWidth;
+    const double below = y / halfHeight;
+    const double place = length(right, below);
+    const double slope = length(right / halfWidth, below / halfHeight);
     return slope > 0 ? place * (place - 1) / slope : -std::min(halfWidth, halfHeight);
   }
   const double radius = cornerRadius();

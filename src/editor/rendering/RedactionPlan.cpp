@@ -292,47 +292,60 @@ Tone chosenTone(const ColorComponents& color) {
   return {component(color.red), component(color.green), component(color.blue)};
 }
 
+/// `near`: all redactions around the area, itself among them.
+CellGrid gridOf(const Annotation& annotation, const Surroundings& surroundings, std::span<const AnnotationPtr> near,
+                bool few) {
+  const Rect area = spannedRect(annotation);
+  const bool isErased = annotation.blurStyle == BlurStyle::Erase;
+  if (isErased && annotation.eraseFillColor) return {area, 1, 1, {packed(chosenTone(*annotation.eraseFillColor))}};
+  std::vector<Rect> redacted;
+  std::vector<Rect> erased;
+  for (const AnnotationPtr& other : near) {
+    redacted.push_back(spannedRect(*other));
+    if (other->blurStyle == BlurStyle::Erase) erased.push_back(spannedRect(*other));
+  }
+  const Border border(surroundings, area, redacted, few ? 96 : 16);
+  if (isErased) return {area, 1, 1, {packed(border.prevailingTone().value_or(unknownTone))}};
+  return mosaic(annotation, area, border, Fields(surroundings, area, border, erased, few ? 40 : 12));
+}
+
+bool sameView(const PieceView& a, const PieceView& b) {
+  return a.pixels.row(0) == b.pixels.row(0) && a.pixels.size() == b.pixels.size() &&
+         a.pixels.alpha() == b.pixels.alpha() && a.frame == b.frame;
+}
+
 }  // namespace
 
-std::vector<Redaction> planRedactions(std::span<const PieceView> pieces, std::span<const AnnotationPtr> annotations) {
+std::vector<Redaction> RedactionPlanner::plan(std::span<const PieceView> pieces,
+                                              std::span<const AnnotationPtr> annotations) {
   std::vector<Redaction> plan;
-  std::vector<Rect> redacted;
   for (const AnnotationPtr& annotation : annotations) {
-    if (!isRedaction(*annotation) || !isPlausible(spannedRect(*annotation))) continue;
-    plan.push_back({annotation, nullptr});
-    redacted.push_back(spannedRect(*annotation));
+    if (isRedaction(*annotation) && isPlausible(spannedRect(*annotation))) plan.push_back({annotation, nullptr});
   }
   // Thousands of overlapping redactions are no person's work and must not take minutes: they get colours of their own.
   constexpr std::size_t mostExamined = 1000;
   const Surroundings surroundings(plan.size() <= mostExamined ? pieces : std::span<const PieceView>());
   const bool few = plan.size() <= 64;
+  if (few != few_ || known_.size() > 4 * plan.size() + 64 || !std::ranges::equal(pieces, pieces_, sameView)) {
+    known_.clear();
+    few_ = few;
+    pieces_.assign(pieces.begin(), pieces.end());
+  }
   double pixelEdge = 0;
   for (const PieceView& piece : pieces) pixelEdge = std::max({pixelEdge, piece.stepX, piece.stepY});
 
   for (Redaction& redaction : plan) {
-    const Annotation& annotation = *redaction.annotation;
-    const Rect area = spannedRect(annotation);
-    const auto plain = [&](const Tone& tone) {
-      redaction.grid = std::make_shared<CellGrid>(CellGrid{area, 1, 1, {packed(tone)}});
-    };
-    if (annotation.blurStyle == BlurStyle::Erase && annotation.eraseFillColor) {
-      plain(chosenTone(*annotation.eraseFillColor));
-      continue;
+    const Rect area = spannedRect(*redaction.annotation);
+    std::vector<AnnotationPtr> near;
+    for (const Redaction& other : plan) {
+      const bool counts = meet(spannedRect(*other.annotation), grown(area, Border::depth + pixelEdge));
+      if (counts && plan.size() <= mostExamined) near.push_back(other.annotation);
     }
-    std::vector<Rect> near;
-    std::vector<Rect> erased;
-    for (std::size_t i = 0; i < plan.size(); ++i) {
-      if (meet(redacted[i], grown(area, Border::depth + pixelEdge))) near.push_back(redacted[i]);
-      const bool isErased = plan[i].annotation->blurStyle == BlurStyle::Erase;
-      if (isErased && meet(redacted[i], grown(area, pixelEdge))) erased.push_back(redacted[i]);
+    Known& known = known_[redaction.annotation];
+    if (!known.grid || known.near != near) {
+      known = {near, std::make_shared<CellGrid>(gridOf(*redaction.annotation, surroundings, near, few))};
     }
-    const Border border(surroundings, area, near, few ? 96 : 16);
-    if (annotation.blurStyle == BlurStyle::Erase) {
-      plain(border.prevailingTone().value_or(unknownTone));
-    } else {
-      const Fields fields(surroundings, area, border, erased, few ? 40 : 12);
-      redaction.grid = std::make_shared<CellGrid>(mosaic(annotation, area, border, fields));
-    }
+    redaction.grid = known.grid;
   }
   return plan;
 }

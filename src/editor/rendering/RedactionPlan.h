@@ -1,6 +1,7 @@
 #pragma once
 
 #include <span>
+#include <unordered_map>
 #include <vector>
 
 #include "editor/Annotation.h"
@@ -15,7 +16,8 @@ struct Redaction {
   std::shared_ptr<const CellGrid> grid;
 };
 
-/// What the redactions of a document look like, in z-order; those with impossible numbers are left out.
+/// Says what the redactions of documents look like. Remembers the last ones, so that only those are looked at anew
+/// whose surroundings changed.
 ///
 /// An erased area is one colour: the one chosen, or the colour that prevails just outside it. Pixels inside any
 /// redaction of the document, whatever lies above what, are never read for that.
@@ -36,6 +38,21 @@ struct Redaction {
 /// candidates are told apart by them only when they differ in what covers most of a field, or when a field lies right
 /// on the limit of 45 %. Who must rule out even that takes an erased area. `blurStrength` sets the size of the cells
 /// seen, which carry nothing of their own. What an erased area hides is not looked at for a mosaic either.
-std::vector<Redaction> planRedactions(std::span<const PieceView> pieces, std::span<const AnnotationPtr> annotations);
+class RedactionPlanner {
+ public:
+  /// The redactions among `annotations`, in z-order; those with impossible numbers are left out.
+  std::vector<Redaction> plan(std::span<const PieceView> pieces, std::span<const AnnotationPtr> annotations);
+
+ private:
+  /// A grid and the redactions, itself among them, that it depends on.
+  struct Known {
+    std::vector<AnnotationPtr> near;
+    std::shared_ptr<const CellGrid> grid;
+  };
+
+  std::vector<PieceView> pieces_;  ///< that `known_` was made from
+  bool few_ = true;
+  std::unordered_map<AnnotationPtr, Known> known_;
+};
 
 }  // namespace vellora

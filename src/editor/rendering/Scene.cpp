@@ -54,7 +54,7 @@ double blurReach(double sigma, double scale) {
 /// Builds the items of a scene from the bottom up.
 class Builder {
  public:
-  Builder(Scene& scene, BoundsCache& bounds) : scene_(scene), bounds_(bounds) {}
+  Builder(Scene& scene, SceneMemory& memory) : scene_(scene), memory_(memory) {}
 
   void build() {
     const std::vector<Redaction> plan = redactions();
@@ -69,10 +69,10 @@ class Builder {
  private:
   using Item = Scene::Item;
 
-  std::vector<Redaction> redactions() const {
+  std::vector<Redaction> redactions() {
     std::vector<PieceView> views;
     for (const Scene::Piece& piece : scene_.pieces) views.push_back(piece.view);
-    return planRedactions(views, scene_.document.annotations);
+    return memory_.redactions.plan(views, scene_.document.annotations);
   }
 
   void addItems(const std::vector<Redaction>& plan) {
@@ -106,8 +106,9 @@ class Builder {
   }
 
   Rect boundsOf(const AnnotationPtr& annotation) {
-    const auto known = bounds_.find(annotation);
-    return known != bounds_.end() ? known->second : bounds_[annotation] = paintedBounds(*annotation);
+    const auto known = memory_.bounds.find(annotation);
+    if (known != memory_.bounds.end()) return known->second;
+    return memory_.bounds[annotation] = paintedBounds(*annotation);
   }
 
   bool hidesBesidePieces(const Item& redaction) const {
@@ -195,7 +196,7 @@ class Builder {
   }
 
   Scene& scene_;
-  BoundsCache& bounds_;
+  SceneMemory& memory_;
 };
 
 bool samePiece(const CapturePiece& a, const CapturePiece& b) {
@@ -219,7 +220,7 @@ ImageDocument drawablePart(const ImageDocument& document) {
 }
 
 std::shared_ptr<const Scene> makeScene(const ImageDocument& document, const RenderOptions& options,
-                                       BoundsCache& bounds) {
+                                       SceneMemory& memory) {
   auto scene = std::make_shared<Scene>();
   scene->asked = document;
   scene->options = options;
@@ -234,8 +235,8 @@ std::shared_ptr<const Scene> makeScene(const ImageDocument& document, const Rend
     scene->pieces.push_back({view, (Key() << pixels << view.frame).value(), pixels});
   }
   // What was deleted long ago goes now and then.
-  if (bounds.size() > 4 * document.annotations.size() + 64) bounds.clear();
-  Builder(*scene, bounds).build();
+  if (memory.bounds.size() > 4 * document.annotations.size() + 64) memory.bounds.clear();
+  Builder(*scene, memory).build();
   return scene;
 }
 

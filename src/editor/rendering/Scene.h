@@ -61,11 +61,14 @@ struct Scene {
   bool shows(const ImageDocument& other, const RenderOptions& otherOptions) const;
 };
 
-/// How far annotations reach, remembered from scene to scene.
-using BoundsCache = std::unordered_map<AnnotationPtr, Rect>;
+/// What is remembered from scene to scene.
+struct SceneMemory {
+  std::unordered_map<AnnotationPtr, Rect> bounds;  ///< how far annotations reach
+  RedactionPlanner redactions;
+};
 
 std::shared_ptr<const Scene> makeScene(const ImageDocument& document, const RenderOptions& options,
-                                       BoundsCache& bounds);
+                                       SceneMemory& memory);
 
 /// A document without the pieces that cannot be drawn.
 ImageDocument drawablePart(const ImageDocument& document);

@@ -182,10 +182,10 @@ TEST(Pictures, ofBlursAndLensesAreMadeOnlyWhenWhatTheyShowChanges) {
   add(document, lensIn({{200, 10}, {100, 100}}, 2, Point{60, 60}));
   add(document, blurIn({{250, 200}, {100, 80}}, BlurStyle::Gaussian));
   ContentPainter painter;
-  BoundsCache bounds;
+  SceneMemory memory;
   QImage target(400, 300, QImage::Format_RGB32);
   const auto paint = [&](double scale) {
-    painter.paint(target, target.rect(), *makeScene(document, {}, bounds), QTransform::fromScale(scale, scale));
+    painter.paint(target, target.rect(), *makeScene(document, {}, memory), QTransform::fromScale(scale, scale));
   };
   paint(1);
   EXPECT_EQ(painter.picturesMade(), 3U);
