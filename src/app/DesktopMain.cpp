@@ -7,9 +7,9 @@
 #include <QApplication>
 
 #include "app/AppDelegate.h"
-#include "app/Fonts.h"
 #include "app/TerminationSignals.h"
 #include "base/Log.h"
+#include "editor/painting/Fonts.h"
 #include "kit/Icons.h"
 #include "kit/Theme.h"
 #include "platform/linux/desktop/SessionBus.h"

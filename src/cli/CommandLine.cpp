@@ -26,6 +26,7 @@ void addOption(CLI::App& app, const OptionDescription& description, VerbBinding&
   } else {
     option = app.add_option(description.name, description.help)->type_name(description.value);
     if (!description.choices.empty()) option->check(CLI::IsMember(description.choices));
+    if (description.isRequired) option->required();
   }
   binding.options.emplace_back(description.name, option);
 }
@@ -41,6 +42,7 @@ void addVerb(CLI::App& parent, const std::string& parentPath, const VerbDescript
   for (const ArgumentDescription& argument : verb.arguments) {
     CLI::Option* option = app->add_option(argument.name, argument.help)->type_name("");
     if (argument.isRequired) option->required();
+    if (argument.isRepeated) option->expected(-1);
     if (!argument.choices.empty()) option->check(CLI::IsMember(argument.choices));
     binding.arguments.push_back(option);
   }
@@ -62,7 +64,7 @@ Invocation invocationOf(const std::deque<VerbBinding>& bindings) {
       invocation.options[name] = isFlag ? std::string() : option->as<std::string>();
     }
     for (const CLI::Option* argument : binding.arguments) {
-      if (argument->count() > 0) invocation.arguments.push_back(argument->as<std::string>());
+      for (const std::string& value : argument->results()) invocation.arguments.push_back(value);
     }
   }
   invocation.json = invocation.options.erase(jsonOption().name) > 0;

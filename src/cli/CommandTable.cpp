@@ -8,7 +8,7 @@ std::vector<OptionDescription> withCaptureOptions(std::vector<OptionDescription>
       {"--delay", "S", "wait S seconds first"},
       {"--save", "", "save to the folder of automatic saves"},
       {"--copy", "", "put the picture on the clipboard"},
-      {"--edit", "", "open the picture in a window"},
+      {"--edit", "", "open the picture in the editor"},
       {"--pin", "", "keep the picture above all other windows"},
       {"--output", "FILE", "write the picture to FILE (PNG), replacing it", ValueHint::File},
   };
@@ -47,6 +47,48 @@ VerbDescription captureVerb() {
   return verb;
 }
 
+const OptionDescription& pictureOutput() {
+  static const OptionDescription option{
+      "--output",      "FILE", "write the picture to FILE, replacing it: .png, .jpg, .webp, .tiff or .pdf",
+      ValueHint::File, {},     true};
+  return option;
+}
+
+VerbDescription editVerb() {
+  VerbDescription verb;
+  verb.name = "edit";
+  verb.summary = "open pictures in the editor";
+  verb.arguments = {{"FILE", "a picture", true, {}, true, ValueHint::File}};
+  return verb;
+}
+
+VerbDescription renderVerb() {
+  VerbDescription verb;
+  verb.name = "render";
+  verb.summary = "make a picture of a session, annotations and backdrop included";
+  verb.description =
+      "Needs no display. What redactions cover and crops leave out is in no way part of the picture; its file carries "
+      "no "
+      "metadata.";
+  verb.arguments = {{"SESSION", "the folder of a session, or its session.json", true, {}, false, ValueHint::File}};
+  verb.options = {pictureOutput(), {"--scale", "N", "pixels per point, by default those of the sharpest piece"}};
+  return verb;
+}
+
+VerbDescription annotateVerb() {
+  VerbDescription verb;
+  verb.name = "annotate";
+  verb.summary = "draw annotations and a backdrop onto a picture";
+  verb.description =
+      "Needs no display. The document is a session.json, of which the annotations and the backdrop are taken, or an "
+      "object with the key \"annotations\" and, if wanted, \"backdrop\" in the same form.";
+  verb.arguments = {{"IMAGE", "the picture", true, {}, false, ValueHint::File}};
+  verb.options = {{"--document", "FILE", "what to draw, as JSON", ValueHint::File, {}, true},
+                  pictureOutput(),
+                  {"--scale", "N", "pixels per point, by default those of the picture"}};
+  return verb;
+}
+
 VerbDescription historyVerb() {
   VerbDescription verb;
   verb.name = "history";
@@ -54,6 +96,7 @@ VerbDescription historyVerb() {
   verb.standsAlone = false;
   verb.verbs = {
       {"list", "list them, the newest first", ""},
+      {"show", "print what one holds", "", {{"N", "its number in the list, from 1", false}}},
       {"reopen", "open one again", "", {{"N", "its number in the list, from 1", false}}},
       {"clear", "forget and delete all of them", ""},
   };
@@ -81,6 +124,9 @@ const std::vector<VerbDescription>& commandTable() {
       {"displays", "list the displays: id, position, size, scale, refresh rate", ""},
       {"windows", "list the windows that can be captured, the frontmost first", ""},
       historyVerb(),
+      editVerb(),
+      renderVerb(),
+      annotateVerb(),
       settingsVerb(),
       {"completion",
        "print the completion script of a shell",

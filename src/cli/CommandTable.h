@@ -15,6 +15,7 @@ struct OptionDescription {
   std::string help;
   ValueHint hint = ValueHint::None;
   std::vector<std::string> choices{};  ///< the only values accepted, when not empty
+  bool isRequired = false;
 };
 
 /// One positional argument.
@@ -23,6 +24,8 @@ struct ArgumentDescription {
   std::string help;
   bool isRequired = true;
   std::vector<std::string> choices{};
+  bool isRepeated = false;  ///< takes one or more
+  ValueHint hint = ValueHint::None;
 };
 
 /// One verb ("capture"), or one under it ("capture area"). A verb that has verbs under it may also stand alone when

@@ -15,10 +15,8 @@
 namespace vellora::cli {
 namespace {
 
-const QString programName = QStringLiteral("vellora-desktop");
-
 /// Beside this program in a build, below libexec when installed.
-QString programPath() {
+QString pathOf(const QString& programName) {
   const QString here = QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).absolutePath();
   for (const QString& folder : {here, here + QStringLiteral("/../libexec/vellora")}) {
     const QFileInfo candidate(folder + u'/' + programName);
@@ -27,11 +25,8 @@ QString programPath() {
   return {};
 }
 
-}  // namespace
-
-int becomeDesktopProgram(const QStringList& arguments) {
-  if (!requireDesktop()) return Failed;
-  const QString path = programPath();
+int become(const QString& programName, const QStringList& arguments) {
+  const QString path = pathOf(programName);
   if (path.isEmpty()) {
     printError(QStringLiteral("%1 is missing from this installation").arg(programName));
     return Failed;
@@ -44,6 +39,17 @@ int becomeDesktopProgram(const QStringList& arguments) {
   ::execv(words.front().constData(), pointers.data());
   printError(QStringLiteral("cannot start %1: %2").arg(path, QString::fromLocal8Bit(std::strerror(errno))));
   return Failed;
+}
+
+}  // namespace
+
+int becomeDesktopProgram(const QStringList& arguments) {
+  if (!requireDesktop()) return Failed;
+  return become(QStringLiteral("vellora-desktop"), arguments);
+}
+
+int becomeRenderProgram(const QStringList& arguments) {
+  return become(QStringLiteral("vellora-render"), arguments);
 }
 
 bool requireDesktop() {

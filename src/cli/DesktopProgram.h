@@ -9,6 +9,9 @@ namespace vellora::cli {
 /// started, with the exit code; the reason has been printed.
 int becomeDesktopProgram(const QStringList& arguments);
 
+/// Becomes the program that draws pictures without a display; as above.
+int becomeRenderProgram(const QStringList& arguments);
+
 /// Whether there is a desktop at all; without one a message is printed.
 bool requireDesktop();
 

@@ -45,7 +45,34 @@ std::optional<PieceRecord> decodePiece(const Json& object) {
   return piece;
 }
 
+Result<DocumentLayers, SessionDocumentError> layersOf(const Json& annotations, const Json& backdrop) {
+  DocumentLayers layers;
+  auto settings = decodeBackdrop(backdrop);
+  if (!settings || !annotations.is_array() || annotations.size() > sessionLimits::annotations) {
+    return failure(SessionDocumentError::Malformed);
+  }
+  layers.backdrop = std::move(*settings);
+  for (const Json& record : annotations) {
+    const Json* kind = json::member(record, "kind");
+    const auto number = kind ? json::integer(*kind) : std::nullopt;
+    if (!number) return failure(SessionDocumentError::Malformed);
+    if (*number < 0 || *number >= Annotation::kindCount) return failure(SessionDocumentError::UnknownKind);
+    auto annotation = decodeAnnotation(record);
+    if (!annotation) return failure(SessionDocumentError::Malformed);
+    layers.annotations.push_back(makeAnnotation(std::move(*annotation)));
+  }
+  return layers;
+}
+
 }  // namespace
+
+Result<DocumentLayers, SessionDocumentError> decodeDocumentLayers(const QByteArray& text) {
+  const auto parsed = json::parse(text);
+  const Json* annotations = parsed ? json::member(*parsed, "annotations") : nullptr;
+  if (!annotations) return failure(SessionDocumentError::Malformed);
+  const Json* backdrop = json::member(*parsed, "backdrop");
+  return layersOf(*annotations, backdrop ? *backdrop : Json::object());
+}
 
 QByteArray encode(const SessionDocument& document) {
   Json pieces = Json::array();
@@ -76,8 +103,7 @@ Result<SessionDocument, SessionDocumentError> decodeSessionDocument(const QByteA
   const Json* pieces = json::member(object, "pieces");
   const Json* annotations = json::member(object, "annotations");
   if (!ok || !backdrop || !backdrop->is_object() || !pieces || !pieces->is_array() || !annotations ||
-      !annotations->is_array() || pieces->size() > sessionLimits::pieces ||
-      annotations->size() > sessionLimits::annotations || *pixelWidth < 0 || *pixelWidth > sessionLimits::edge ||
+      pieces->size() > sessionLimits::pieces || *pixelWidth < 0 || *pixelWidth > sessionLimits::edge ||
       *pixelHeight < 0 || *pixelHeight > sessionLimits::edge) {
     return failure(SessionDocumentError::Malformed);
   }
@@ -87,23 +113,15 @@ Result<SessionDocument, SessionDocumentError> decodeSessionDocument(const QByteA
   document.savedAt = *savedAt;
   document.pixelWidth = *pixelWidth;
   document.pixelHeight = *pixelHeight;
-  auto settings = decodeBackdrop(*backdrop);
-  if (!settings) return failure(SessionDocumentError::Malformed);
-  document.backdrop = std::move(*settings);
   for (const Json& record : *pieces) {
     auto piece = decodePiece(record);
     if (!piece) return failure(SessionDocumentError::Malformed);
     document.pieces.push_back(std::move(*piece));
   }
-  for (const Json& record : *annotations) {
-    const Json* kind = json::member(record, "kind");
-    const auto number = kind ? json::integer(*kind) : std::nullopt;
-    if (!number) return failure(SessionDocumentError::Malformed);
-    if (*number < 0 || *number >= Annotation::kindCount) return failure(SessionDocumentError::UnknownKind);
-    auto annotation = decodeAnnotation(record);
-    if (!annotation) return failure(SessionDocumentError::Malformed);
-    document.annotations.push_back(makeAnnotation(std::move(*annotation)));
-  }
+  auto layers = layersOf(*annotations, *backdrop);
+  if (!layers) return failure(layers.error());
+  document.annotations = std::move(layers->annotations);
+  document.backdrop = std::move(layers->backdrop);
   if (document.pieces.empty()) return failure(SessionDocumentError::NoPieces);
   return document;
 }

@@ -55,6 +55,16 @@ inline constexpr double mostScale = 64;
 QByteArray encode(const SessionDocument& document);
 Result<SessionDocument, SessionDocumentError> decodeSessionDocument(const QByteArray& text);
 
+/// What a document draws over its pieces.
+struct DocumentLayers {
+  std::vector<AnnotationPtr> annotations;  ///< in z-order
+  BackdropSettings backdrop;
+};
+
+/// Reads the layers of a stored session, or of an object that holds nothing but "annotations" and, if wanted,
+/// "backdrop".
+Result<DocumentLayers, SessionDocumentError> decodeDocumentLayers(const QByteArray& text);
+
 /// The stored form of a document, its pieces under the given file names, in order.
 SessionDocument makeSessionDocument(const ImageDocument& document, const std::vector<QString>& files, Date capturedAt,
                                     Date savedAt);

@@ -1,4 +1,4 @@
-#include "app/Fonts.h"
+#include "editor/painting/Fonts.h"
 
 #include <fontconfig/fontconfig.h>
 

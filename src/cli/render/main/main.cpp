@@ -1,0 +1,5 @@
+#include "cli/render/RenderProgram.h"
+
+int main(int argc, char** argv) {
+  return vellora::runRender(argc, argv);
+}
