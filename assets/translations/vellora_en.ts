@@ -514,5 +514,1022 @@
             <source>This is a Wayland session: for now Vellora sees only programs that use X11</source>
             <translation>This is a Wayland session: for now Vellora sees only programs that use X11</translation>
         </message>
+        <message id="toast.recovered" numerus="yes">
+            <source>%n capture(s) that were open when Vellora ended are in the history</source>
+            <translation>
+                <numerusform>%n capture that were open when Vellora ended are in the history</numerusform>
+                <numerusform>%n captures that were open when Vellora ended are in the history</numerusform>
+            </translation>
+        </message>
+        <message id="toast.pinFailed">
+            <source>This picture cannot be pinned</source>
+            <translation>This picture cannot be pinned</translation>
+        </message>
+        <message id="menu.endClickThrough">
+            <source>Let Clicks Reach the Pins Again</source>
+            <translation>Let Clicks Reach the Pins Again</translation>
+        </message>
+        <message id="backdrop.frame.browserLight">
+            <source>Browser window, light</source>
+            <translation>Browser window, light</translation>
+        </message>
+        <message id="backdrop.frame.laptopLight">
+            <source>Laptop, light</source>
+            <translation>Laptop, light</translation>
+        </message>
+        <message id="backdrop.frame.phoneLight">
+            <source>Phone, light</source>
+            <translation>Phone, light</translation>
+        </message>
+        <message id="backdrop.frame.browserDark">
+            <source>Browser window, dark</source>
+            <translation>Browser window, dark</translation>
+        </message>
+        <message id="backdrop.frame.laptopDark">
+            <source>Laptop, dark</source>
+            <translation>Laptop, dark</translation>
+        </message>
+        <message id="backdrop.frame.phoneDark">
+            <source>Phone, dark</source>
+            <translation>Phone, dark</translation>
+        </message>
+        <message id="backdrop.title">
+            <source>Backdrop</source>
+            <translation>Backdrop</translation>
+        </message>
+        <message id="backdrop.reset">
+            <source>Back to the default backdrop</source>
+            <translation>Back to the default backdrop</translation>
+        </message>
+        <message id="backdrop.enabled">
+            <source>Show the backdrop</source>
+            <translation>Show the backdrop</translation>
+        </message>
+        <message id="backdrop.layout">
+            <source>Layout</source>
+            <translation>Layout</translation>
+        </message>
+        <message id="backdrop.layout.margin">
+            <source>Margin</source>
+            <translation>Margin</translation>
+        </message>
+        <message id="backdrop.layout.radius">
+            <source>Corner radius</source>
+            <translation>Corner radius</translation>
+        </message>
+        <message id="backdrop.layout.shadow">
+            <source>Shadow</source>
+            <translation>Shadow</translation>
+        </message>
+        <message id="backdrop.aspect">
+            <source>Aspect ratio</source>
+            <translation>Aspect ratio</translation>
+        </message>
+        <message id="backdrop.aspect.auto">
+            <source>Auto</source>
+            <translation>Auto</translation>
+        </message>
+        <message id="backdrop.frame">
+            <source>Frame</source>
+            <translation>Frame</translation>
+        </message>
+        <message id="backdrop.frame.none">
+            <source>No frame</source>
+            <translation>No frame</translation>
+        </message>
+        <message id="backdrop.placement">
+            <source>Placement</source>
+            <translation>Placement</translation>
+        </message>
+        <message id="backdrop.tiltX">
+            <source>Tilt sideways</source>
+            <translation>Tilt sideways</translation>
+        </message>
+        <message id="backdrop.tiltY">
+            <source>Tilt up and down</source>
+            <translation>Tilt up and down</translation>
+        </message>
+        <message id="backdrop.rotation">
+            <source>Rotation</source>
+            <translation>Rotation</translation>
+        </message>
+        <message id="backdrop.contentScale">
+            <source>Size</source>
+            <translation>Size</translation>
+        </message>
+        <message id="backdrop.contentOffset">
+            <source>Position</source>
+            <translation>Position</translation>
+        </message>
+        <message id="backdrop.effects">
+            <source>Effects</source>
+            <translation>Effects</translation>
+        </message>
+        <message id="backdrop.glow">
+            <source>Glow</source>
+            <translation>Glow</translation>
+        </message>
+        <message id="backdrop.glowCenter">
+            <source />
+            <translation />
+        </message>
+        <message id="backdrop.grain">
+            <source>Grain</source>
+            <translation>Grain</translation>
+        </message>
+        <message id="backdrop.edgeBlur">
+            <source>Edge blur</source>
+            <translation>Edge blur</translation>
+        </message>
+        <message id="backdrop.edgeBlur.none">
+            <source>No edge blur</source>
+            <translation>No edge blur</translation>
+        </message>
+        <message id="backdrop.edgeBlur.bottom">
+            <source>Blur the bottom</source>
+            <translation>Blur the bottom</translation>
+        </message>
+        <message id="backdrop.edgeBlur.left">
+            <source>Blur the left</source>
+            <translation>Blur the left</translation>
+        </message>
+        <message id="backdrop.edgeBlur.right">
+            <source>Blur the right</source>
+            <translation>Blur the right</translation>
+        </message>
+        <message id="backdrop.edgeBlur.all">
+            <source>Blur all edges</source>
+            <translation>Blur all edges</translation>
+        </message>
+        <message id="backdrop.curated.arc">
+            <source>Arc</source>
+            <translation>Arc</translation>
+        </message>
+        <message id="backdrop.curated.haze">
+            <source>Haze</source>
+            <translation>Haze</translation>
+        </message>
+        <message id="backdrop.curated.lavender">
+            <source>Lavender</source>
+            <translation>Lavender</translation>
+        </message>
+        <message id="backdrop.curated.ember">
+            <source>Ember</source>
+            <translation>Ember</translation>
+        </message>
+        <message id="backdrop.curated.moss">
+            <source>Moss</source>
+            <translation>Moss</translation>
+        </message>
+        <message id="backdrop.curated.lagoon">
+            <source>Lagoon</source>
+            <translation>Lagoon</translation>
+        </message>
+        <message id="backdrop.curated.sky">
+            <source>Sky</source>
+            <translation>Sky</translation>
+        </message>
+        <message id="backdrop.gradient.dawn">
+            <source>Dawn</source>
+            <translation>Dawn</translation>
+        </message>
+        <message id="backdrop.gradient.peach">
+            <source>Peach</source>
+            <translation>Peach</translation>
+        </message>
+        <message id="backdrop.gradient.coral">
+            <source>Coral</source>
+            <translation>Coral</translation>
+        </message>
+        <message id="backdrop.gradient.dusk">
+            <source>Dusk</source>
+            <translation>Dusk</translation>
+        </message>
+        <message id="backdrop.gradient.iris">
+            <source>Iris</source>
+            <translation>Iris</translation>
+        </message>
+        <message id="backdrop.gradient.indigo">
+            <source>Indigo</source>
+            <translation>Indigo</translation>
+        </message>
+        <message id="backdrop.gradient.ocean">
+            <source>Ocean</source>
+            <translation>Ocean</translation>
+        </message>
+        <message id="backdrop.gradient.mist">
+            <source>Mist</source>
+            <translation>Mist</translation>
+        </message>
+        <message id="backdrop.gradient.mint">
+            <source>Mint</source>
+            <translation>Mint</translation>
+        </message>
+        <message id="backdrop.gradient.forest">
+            <source>Forest</source>
+            <translation>Forest</translation>
+        </message>
+        <message id="backdrop.gradient.slate">
+            <source>Slate</source>
+            <translation>Slate</translation>
+        </message>
+        <message id="backdrop.gradient.night">
+            <source>Night</source>
+            <translation>Night</translation>
+        </message>
+        <message id="backdrop.color.white">
+            <source>White</source>
+            <translation>White</translation>
+        </message>
+        <message id="backdrop.color.gray">
+            <source>Gray</source>
+            <translation>Gray</translation>
+        </message>
+        <message id="backdrop.color.black">
+            <source>Black</source>
+            <translation>Black</translation>
+        </message>
+        <message id="backdrop.color.blue">
+            <source>Blue</source>
+            <translation>Blue</translation>
+        </message>
+        <message id="backdrop.color.purple">
+            <source>Purple</source>
+            <translation>Purple</translation>
+        </message>
+        <message id="backdrop.color.pink">
+            <source>Pink</source>
+            <translation>Pink</translation>
+        </message>
+        <message id="backdrop.color.red">
+            <source>Red</source>
+            <translation>Red</translation>
+        </message>
+        <message id="backdrop.color.orange">
+            <source>Orange</source>
+            <translation>Orange</translation>
+        </message>
+        <message id="backdrop.color.green">
+            <source>Green</source>
+            <translation>Green</translation>
+        </message>
+        <message id="backdrop.color.teal">
+            <source>Teal</source>
+            <translation>Teal</translation>
+        </message>
+        <message id="backdrop.background">
+            <source>Background</source>
+            <translation>Background</translation>
+        </message>
+        <message id="backdrop.ownPicture">
+            <source>A picture of your own…</source>
+            <translation>A picture of your own…</translation>
+        </message>
+        <message id="backdrop.ownColor">
+            <source>Another colour…</source>
+            <translation>Another colour…</translation>
+        </message>
+        <message id="backdrop.ownPicture.title">
+            <source>Choose a background picture</source>
+            <translation>Choose a background picture</translation>
+        </message>
+        <message id="backdrop.ownPicture.filter">
+            <source>Pictures</source>
+            <translation>Pictures</translation>
+        </message>
+        <message id="backdrop.gradient.stops">
+            <source>Colours of the gradient</source>
+            <translation>Colours of the gradient</translation>
+        </message>
+        <message id="backdrop.gradient.stopsHelp">
+            <source>Drag a colour to move it, away to remove it; click to add one</source>
+            <translation>Drag a colour to move it, away to remove it; click to add one</translation>
+        </message>
+        <message id="backdrop.gradient.color">
+            <source>Colour of the stop</source>
+            <translation>Colour of the stop</translation>
+        </message>
+        <message id="backdrop.gradient.add">
+            <source>Add a colour</source>
+            <translation>Add a colour</translation>
+        </message>
+        <message id="backdrop.gradient.remove">
+            <source>Remove the colour</source>
+            <translation>Remove the colour</translation>
+        </message>
+        <message id="backdrop.gradient.reverse">
+            <source>Turn the gradient round</source>
+            <translation>Turn the gradient round</translation>
+        </message>
+        <message id="backdrop.gradient.angle">
+            <source>Angle</source>
+            <translation>Angle</translation>
+        </message>
+        <message id="backdrop.styles">
+            <source>Saved styles</source>
+            <translation>Saved styles</translation>
+        </message>
+        <message id="backdrop.styles.save">
+            <source>Save this style…</source>
+            <translation>Save this style…</translation>
+        </message>
+        <message id="backdrop.styles.suggestion">
+            <source>Style %1</source>
+            <translation>Style %1</translation>
+        </message>
+        <message id="backdrop.styles.help">
+            <source>Click applies the style; a right click renames, renews or deletes it</source>
+            <translation>Click applies the style; a right click renames, renews or deletes it</translation>
+        </message>
+        <message id="backdrop.styles.rename">
+            <source>Rename…</source>
+            <translation>Rename…</translation>
+        </message>
+        <message id="backdrop.styles.renameAction">
+            <source>Rename</source>
+            <translation>Rename</translation>
+        </message>
+        <message id="backdrop.styles.update">
+            <source>Replace with the current backdrop</source>
+            <translation>Replace with the current backdrop</translation>
+        </message>
+        <message id="backdrop.styles.delete">
+            <source>Delete</source>
+            <translation>Delete</translation>
+        </message>
+        <message id="backdrop.styles.name">
+            <source>Name of the style</source>
+            <translation>Name of the style</translation>
+        </message>
+        <message id="backdrop.styles.accept">
+            <source>Save</source>
+            <translation>Save</translation>
+        </message>
+        <message id="canvas.hint.drawLine">
+            <source>Drag to draw  ·  Shift keeps to steps of 45°</source>
+            <translation>Drag to draw  ·  Shift keeps to steps of 45°</translation>
+        </message>
+        <message id="canvas.hint.drawShape">
+            <source>Drag to draw  ·  Shift makes it even, Alt starts from the centre</source>
+            <translation>Drag to draw  ·  Shift makes it even, Alt starts from the centre</translation>
+        </message>
+        <message id="canvas.hint.blur">
+            <source>Drag over what should not be read</source>
+            <translation>Drag over what should not be read</translation>
+        </message>
+        <message id="canvas.hint.magnifier">
+            <source>Drag a lens over what should be larger</source>
+            <translation>Drag a lens over what should be larger</translation>
+        </message>
+        <message id="canvas.hint.pen">
+            <source>Drag to draw freehand</source>
+            <translation>Drag to draw freehand</translation>
+        </message>
+        <message id="canvas.hint.counter">
+            <source>Click to place the next number, drag to point it</source>
+            <translation>Click to place the next number, drag to point it</translation>
+        </message>
+        <message id="canvas.hint.text">
+            <source>Click to type, drag for a width</source>
+            <translation>Click to type, drag for a width</translation>
+        </message>
+        <message id="canvas.hint.cropping">
+            <source>Drag the edges to crop  ·  Return takes it  ·  Esc leaves</source>
+            <translation>Drag the edges to crop  ·  Return takes it  ·  Esc leaves</translation>
+        </message>
+        <message id="canvas.hint.select">
+            <source>Click to select, drag to select several</source>
+            <translation>Click to select, drag to select several</translation>
+        </message>
+        <message id="canvas.hint.move">
+            <source>Drag to move  ·  the arrow keys nudge</source>
+            <translation>Drag to move  ·  the arrow keys nudge</translation>
+        </message>
+        <message id="canvas.hint.crop">
+            <source>Drag to crop</source>
+            <translation>Drag to crop</translation>
+        </message>
+        <message id="canvas.hint.resize">
+            <source>Drag to resize  ·  Shift keeps it even, Alt keeps the centre</source>
+            <translation>Drag to resize  ·  Shift keeps it even, Alt keeps the centre</translation>
+        </message>
+        <message id="canvas.hint.movePoint">
+            <source>Drag to move this point</source>
+            <translation>Drag to move this point</translation>
+        </message>
+        <message id="canvas.hint.turn">
+            <source>Drag to turn</source>
+            <translation>Drag to turn</translation>
+        </message>
+        <message id="canvas.hint.editText">
+            <source>Click to place the cursor, drag to select text</source>
+            <translation>Click to place the cursor, drag to select text</translation>
+        </message>
+        <message id="canvas.description" numerus="yes">
+            <source>Picture of %1 pixels with %n annotations</source>
+            <translation>
+                <numerusform>Picture of %1 pixels with %n annotations</numerusform>
+                <numerusform>Picture of %1 pixels with %n annotations</numerusform>
+            </translation>
+        </message>
+        <message id="canvas.description.selected" numerus="yes">
+            <source>%n selected</source>
+            <translation>
+                <numerusform>%n selected</numerusform>
+                <numerusform>%n selected</numerusform>
+            </translation>
+        </message>
+        <message id="canvas.name">
+            <source>Canvas</source>
+            <translation>Canvas</translation>
+        </message>
+        <message id="canvas.hint.eyedropper">
+            <source>Click to take the colour  ·  Esc leaves</source>
+            <translation>Click to take the colour  ·  Esc leaves</translation>
+        </message>
+        <message id="canvas.hint.pan">
+            <source>Drag to move the view</source>
+            <translation>Drag to move the view</translation>
+        </message>
+        <message id="color.red">
+            <source>Red</source>
+            <translation>Red</translation>
+        </message>
+        <message id="color.orange">
+            <source>Orange</source>
+            <translation>Orange</translation>
+        </message>
+        <message id="color.yellow">
+            <source>Yellow</source>
+            <translation>Yellow</translation>
+        </message>
+        <message id="color.green">
+            <source>Green</source>
+            <translation>Green</translation>
+        </message>
+        <message id="color.blue">
+            <source>Blue</source>
+            <translation>Blue</translation>
+        </message>
+        <message id="color.violet">
+            <source>Violet</source>
+            <translation>Violet</translation>
+        </message>
+        <message id="color.pink">
+            <source>Pink</source>
+            <translation>Pink</translation>
+        </message>
+        <message id="color.slate">
+            <source>Slate</source>
+            <translation>Slate</translation>
+        </message>
+        <message id="editor.color">
+            <source>Color</source>
+            <translation>Color</translation>
+        </message>
+        <message id="editor.swatch.delete">
+            <source>Delete Color</source>
+            <translation>Delete Color</translation>
+        </message>
+        <message id="editor.swatch.add">
+            <source>Add a color of your own</source>
+            <translation>Add a color of your own</translation>
+        </message>
+        <message id="editor.swatch.tooltip">
+            <source>Your color %1 (double click to edit)</source>
+            <translation>Your color %1 (double click to edit)</translation>
+        </message>
+        <message id="editor.swatch.edit">
+            <source>Edit Color…</source>
+            <translation>Edit Color…</translation>
+        </message>
+        <message id="editor.failed.render">
+            <source>The picture is too large to be made.</source>
+            <translation>The picture is too large to be made.</translation>
+        </message>
+        <message id="editor.failed.encode">
+            <source>The picture does not fit this format. PNG holds it.</source>
+            <translation>The picture does not fit this format. PNG holds it.</translation>
+        </message>
+        <message id="editor.failed.write">
+            <source>The file could not be written.</source>
+            <translation>The file could not be written.</translation>
+        </message>
+        <message id="editor.progress.copy">
+            <source>Copying…</source>
+            <translation>Copying…</translation>
+        </message>
+        <message id="editor.progress.save">
+            <source>Saving…</source>
+            <translation>Saving…</translation>
+        </message>
+        <message id="editor.saveAs.title">
+            <source>Save the picture as</source>
+            <translation>Save the picture as</translation>
+        </message>
+        <message id="editor.saved">
+            <source>Saved %1</source>
+            <translation>Saved %1</translation>
+        </message>
+        <message id="editor.progress.print">
+            <source>Printing…</source>
+            <translation>Printing…</translation>
+        </message>
+        <message id="editor.bar">
+            <source>Tools and style</source>
+            <translation>Tools and style</translation>
+        </message>
+        <message id="editor.moreTools">
+            <source>More tools</source>
+            <translation>More tools</translation>
+        </message>
+        <message id="editor.dragOut">
+            <source>Drag the picture into another program</source>
+            <translation>Drag the picture into another program</translation>
+        </message>
+        <message id="editor.copy.outdated">
+            <source>%1: the clipboard holds an older state</source>
+            <translation>%1: the clipboard holds an older state</translation>
+        </message>
+        <message id="tool.select">
+            <source>Select</source>
+            <translation>Select</translation>
+        </message>
+        <message id="tool.arrow">
+            <source>Arrow</source>
+            <translation>Arrow</translation>
+        </message>
+        <message id="tool.rectangle">
+            <source>Rectangle</source>
+            <translation>Rectangle</translation>
+        </message>
+        <message id="tool.ellipse">
+            <source>Ellipse</source>
+            <translation>Ellipse</translation>
+        </message>
+        <message id="tool.line">
+            <source>Line</source>
+            <translation>Line</translation>
+        </message>
+        <message id="tool.pen">
+            <source>Pen</source>
+            <translation>Pen</translation>
+        </message>
+        <message id="tool.text">
+            <source>Text</source>
+            <translation>Text</translation>
+        </message>
+        <message id="tool.counter">
+            <source>Counter</source>
+            <translation>Counter</translation>
+        </message>
+        <message id="tool.pixelate">
+            <source>Pixelate</source>
+            <translation>Pixelate</translation>
+        </message>
+        <message id="tool.magnifier">
+            <source>Magnifier</source>
+            <translation>Magnifier</translation>
+        </message>
+        <message id="editor.crop">
+            <source>Crop</source>
+            <translation>Crop</translation>
+        </message>
+        <message id="editor.thinner">
+            <source>Thinner</source>
+            <translation>Thinner</translation>
+        </message>
+        <message id="editor.thicker">
+            <source>Thicker</source>
+            <translation>Thicker</translation>
+        </message>
+        <message id="editor.sketch">
+            <source>Hand-Drawn</source>
+            <translation>Hand-Drawn</translation>
+        </message>
+        <message id="editor.fill">
+            <source>Fill</source>
+            <translation>Fill</translation>
+        </message>
+        <message id="editor.nextBlurStyle">
+            <source>Next Way to Pixelate</source>
+            <translation>Next Way to Pixelate</translation>
+        </message>
+        <message id="editor.pickColor">
+            <source>Pick Color from Screen</source>
+            <translation>Pick Color from Screen</translation>
+        </message>
+        <message id="editor.undo">
+            <source>Undo</source>
+            <translation>Undo</translation>
+        </message>
+        <message id="editor.redo">
+            <source>Redo</source>
+            <translation>Redo</translation>
+        </message>
+        <message id="editor.cut">
+            <source>Cut</source>
+            <translation>Cut</translation>
+        </message>
+        <message id="editor.copy">
+            <source>Copy</source>
+            <translation>Copy</translation>
+        </message>
+        <message id="editor.paste">
+            <source>Paste</source>
+            <translation>Paste</translation>
+        </message>
+        <message id="editor.duplicate">
+            <source>Duplicate</source>
+            <translation>Duplicate</translation>
+        </message>
+        <message id="editor.delete">
+            <source>Delete</source>
+            <translation>Delete</translation>
+        </message>
+        <message id="editor.selectAll">
+            <source>Select All</source>
+            <translation>Select All</translation>
+        </message>
+        <message id="editor.bringForward">
+            <source>Bring Forward</source>
+            <translation>Bring Forward</translation>
+        </message>
+        <message id="editor.sendBackward">
+            <source>Send Backward</source>
+            <translation>Send Backward</translation>
+        </message>
+        <message id="editor.bringToFront">
+            <source>Bring to Front</source>
+            <translation>Bring to Front</translation>
+        </message>
+        <message id="editor.sendToBack">
+            <source>Send to Back</source>
+            <translation>Send to Back</translation>
+        </message>
+        <message id="editor.alignLeft">
+            <source>Align Left Edges</source>
+            <translation>Align Left Edges</translation>
+        </message>
+        <message id="editor.alignCenter">
+            <source>Align Centers Horizontally</source>
+            <translation>Align Centers Horizontally</translation>
+        </message>
+        <message id="editor.alignRight">
+            <source>Align Right Edges</source>
+            <translation>Align Right Edges</translation>
+        </message>
+        <message id="editor.alignTop">
+            <source>Align Top Edges</source>
+            <translation>Align Top Edges</translation>
+        </message>
+        <message id="editor.alignMiddle">
+            <source>Align Centers Vertically</source>
+            <translation>Align Centers Vertically</translation>
+        </message>
+        <message id="editor.alignBottom">
+            <source>Align Bottom Edges</source>
+            <translation>Align Bottom Edges</translation>
+        </message>
+        <message id="editor.resetCrop">
+            <source>Reset Crop</source>
+            <translation>Reset Crop</translation>
+        </message>
+        <message id="editor.addCapture">
+            <source>Add Capture</source>
+            <translation>Add Capture</translation>
+        </message>
+        <message id="editor.addPicture">
+            <source>Add Picture…</source>
+            <translation>Add Picture…</translation>
+        </message>
+        <message id="editor.backdrop">
+            <source>Backdrop</source>
+            <translation>Backdrop</translation>
+        </message>
+        <message id="editor.copyPicture">
+            <source>Copy Picture</source>
+            <translation>Copy Picture</translation>
+        </message>
+        <message id="editor.save">
+            <source>Save</source>
+            <translation>Save</translation>
+        </message>
+        <message id="editor.saveAs">
+            <source>Save As…</source>
+            <translation>Save As…</translation>
+        </message>
+        <message id="editor.print">
+            <source>Print…</source>
+            <translation>Print…</translation>
+        </message>
+        <message id="editor.pin">
+            <source>Pin to Screen</source>
+            <translation>Pin to Screen</translation>
+        </message>
+        <message id="editor.close">
+            <source>Close</source>
+            <translation>Close</translation>
+        </message>
+        <message id="editor.zoomIn">
+            <source>Zoom In</source>
+            <translation>Zoom In</translation>
+        </message>
+        <message id="editor.zoomOut">
+            <source>Zoom Out</source>
+            <translation>Zoom Out</translation>
+        </message>
+        <message id="editor.zoomToFit">
+            <source>Fit to Window</source>
+            <translation>Fit to Window</translation>
+        </message>
+        <message id="editor.actualSize">
+            <source>Actual Size</source>
+            <translation>Actual Size</translation>
+        </message>
+        <message id="editor.nextPart">
+            <source>Next Part of the Window</source>
+            <translation>Next Part of the Window</translation>
+        </message>
+        <message id="editor.more">
+            <source>More</source>
+            <translation>More</translation>
+        </message>
+        <message id="editor.shortcuts">
+            <source>Keyboard Shortcuts</source>
+            <translation>Keyboard Shortcuts</translation>
+        </message>
+        <message id="editor.group.tools">
+            <source>Tools</source>
+            <translation>Tools</translation>
+        </message>
+        <message id="editor.group.style">
+            <source>Style</source>
+            <translation>Style</translation>
+        </message>
+        <message id="editor.group.edit">
+            <source>Edit</source>
+            <translation>Edit</translation>
+        </message>
+        <message id="editor.group.arrange">
+            <source>Arrange</source>
+            <translation>Arrange</translation>
+        </message>
+        <message id="editor.group.picture">
+            <source>Picture</source>
+            <translation>Picture</translation>
+        </message>
+        <message id="editor.group.view">
+            <source>View</source>
+            <translation>View</translation>
+        </message>
+        <message id="editor.menu.order">
+            <source>Order</source>
+            <translation>Order</translation>
+        </message>
+        <message id="editor.menu.align">
+            <source>Align</source>
+            <translation>Align</translation>
+        </message>
+        <message id="editor.zoomPercent">
+            <source>%1 %</source>
+            <translation>%1 %</translation>
+        </message>
+        <message id="editor.size">
+            <source>%1 × %2 px</source>
+            <translation>%1 × %2 px</translation>
+        </message>
+        <message id="editor.selectionSize">
+            <source>%1 × %2 at %3, %4</source>
+            <translation>%1 × %2 at %3, %4</translation>
+        </message>
+        <message id="editor.sketchTooltip">
+            <source>Hand-drawn</source>
+            <translation>Hand-drawn</translation>
+        </message>
+        <message id="editor.fillTooltip">
+            <source>Filled</source>
+            <translation>Filled</translation>
+        </message>
+        <message id="editor.textStyleTooltip">
+            <source>Text on a filled box</source>
+            <translation>Text on a filled box</translation>
+        </message>
+        <message id="editor.textFontTooltip">
+            <source>Handwriting</source>
+            <translation>Handwriting</translation>
+        </message>
+        <message id="editor.blurStyle.hides">
+            <source>Hides what is below it for good.</source>
+            <translation>Hides what is below it for good.</translation>
+        </message>
+        <message id="editor.blurStyle.mosaic">
+            <source>Mosaic</source>
+            <translation>Mosaic</translation>
+        </message>
+        <message id="editor.blurStyle.erase">
+            <source>Paint Over</source>
+            <translation>Paint Over</translation>
+        </message>
+        <message id="editor.blurStyle.gaussian">
+            <source>Blur</source>
+            <translation>Blur</translation>
+        </message>
+        <message id="editor.blurStyle.gaussian.warning">
+            <source>Decorates only: what is below can often be made readable again. Hide secrets with the other two.</source>
+            <translation>Decorates only: what is below can often be made readable again. Hide secrets with the other two.</translation>
+        </message>
+        <message id="editor.blurStyleTooltip">
+            <source>How it is hidden</source>
+            <translation>How it is hidden</translation>
+        </message>
+        <message id="editor.blurFillColor">
+            <source>Color it is painted over with</source>
+            <translation>Color it is painted over with</translation>
+        </message>
+        <message id="editor.blurFillColor.automatic">
+            <source>Take the color from around it</source>
+            <translation>Take the color from around it</translation>
+        </message>
+        <message id="editor.blurStrength.gaussian">
+            <source>Softness</source>
+            <translation>Softness</translation>
+        </message>
+        <message id="editor.blurStrength.pixel">
+            <source>Cell size</source>
+            <translation>Cell size</translation>
+        </message>
+        <message id="editor.magnifierShape.circle">
+            <source>Round</source>
+            <translation>Round</translation>
+        </message>
+        <message id="editor.magnifierShape.roundedRect">
+            <source>Rounded rectangle</source>
+            <translation>Rounded rectangle</translation>
+        </message>
+        <message id="editor.magnifierShapeTooltip">
+            <source>Shape of the lens</source>
+            <translation>Shape of the lens</translation>
+        </message>
+        <message id="editor.magnificationTooltip">
+            <source>Magnification</source>
+            <translation>Magnification</translation>
+        </message>
+        <message id="editor.format.png">
+            <source>PNG picture (*.png)</source>
+            <translation>PNG picture (*.png)</translation>
+        </message>
+        <message id="editor.format.jpeg">
+            <source>JPEG picture (*.jpg *.jpeg)</source>
+            <translation>JPEG picture (*.jpg *.jpeg)</translation>
+        </message>
+        <message id="editor.format.webp">
+            <source>WebP picture (*.webp)</source>
+            <translation>WebP picture (*.webp)</translation>
+        </message>
+        <message id="editor.format.tiff">
+            <source>TIFF picture (*.tiff *.tif)</source>
+            <translation>TIFF picture (*.tiff *.tif)</translation>
+        </message>
+        <message id="editor.format.pdf">
+            <source>PDF document (*.pdf)</source>
+            <translation>PDF document (*.pdf)</translation>
+        </message>
+        <message id="pin.zoom">
+            <source>Zoom</source>
+            <translation>Zoom</translation>
+        </message>
+        <message id="pin.zoom.hint">
+            <source>0 for the picture's own size</source>
+            <translation>0 for the picture's own size</translation>
+        </message>
+        <message id="pin.copy">
+            <source>Copy</source>
+            <translation>Copy</translation>
+        </message>
+        <message id="pin.copy.hint">
+            <source>Ctrl+C; drag it into another program</source>
+            <translation>Ctrl+C; drag it into another program</translation>
+        </message>
+        <message id="pin.edit">
+            <source>Edit</source>
+            <translation>Edit</translation>
+        </message>
+        <message id="pin.more">
+            <source>More</source>
+            <translation>More</translation>
+        </message>
+        <message id="pin.close">
+            <source>Close</source>
+            <translation>Close</translation>
+        </message>
+        <message id="pin.percent">
+            <source>%1 %</source>
+            <translation>%1 %</translation>
+        </message>
+        <message id="pin.save">
+            <source>Save</source>
+            <translation>Save</translation>
+        </message>
+        <message id="pin.opacity">
+            <source>Opacity</source>
+            <translation>Opacity</translation>
+        </message>
+        <message id="pin.shadow">
+            <source>Shadow</source>
+            <translation>Shadow</translation>
+        </message>
+        <message id="pin.roundedCorners">
+            <source>Rounded corners</source>
+            <translation>Rounded corners</translation>
+        </message>
+        <message id="pin.clickThrough">
+            <source>Let clicks through</source>
+            <translation>Let clicks through</translation>
+        </message>
+        <message id="pin.closeAll">
+            <source>Close all pins</source>
+            <translation>Close all pins</translation>
+        </message>
+        <message id="pin.window">
+            <source>Pinned picture</source>
+            <translation>Pinned picture</translation>
+        </message>
+        <message id="pin.opacity.badge">
+            <source>Opacity %1</source>
+            <translation>Opacity %1</translation>
+        </message>
+        <message id="pin.clickThrough.began">
+            <source>Clicks now go through the pin. The Vellora menu ends this.</source>
+            <translation>Clicks now go through the pin. The Vellora menu ends this.</translation>
+        </message>
+        <message id="editor.shortcuts.lock">
+            <source>Keep the Tool</source>
+            <translation>Keep the Tool</translation>
+        </message>
+        <message id="editor.shortcuts.doubleClick">
+            <source>double click</source>
+            <translation>double click</translation>
+        </message>
+        <message id="editor.shortcuts.colors">
+            <source>Colors</source>
+            <translation>Colors</translation>
+        </message>
+        <message id="editor.shortcuts.pan">
+            <source>Move the Picture</source>
+            <translation>Move the Picture</translation>
+        </message>
+        <message id="editor.shortcuts.space">
+            <source>Space</source>
+            <translation>Space</translation>
+        </message>
+        <message id="editor.shortcuts.drag">
+            <source>drag</source>
+            <translation>drag</translation>
+        </message>
+        <message id="editor.cancel">
+            <source>Cancel</source>
+            <translation>Cancel</translation>
+        </message>
+        <message id="editor.zoom">
+            <source>Zoom</source>
+            <translation>Zoom</translation>
+        </message>
+        <message id="editor.moreStyle">
+            <source>More of the style</source>
+            <translation>More of the style</translation>
+        </message>
+        <message id="editor.width">
+            <source>Width</source>
+            <translation>Width</translation>
+        </message>
+        <message id="editor.width.preset">
+            <source>Width %1</source>
+            <translation>Width %1</translation>
+        </message>
+        <message id="color.plane">
+            <source>Saturation and brightness</source>
+            <translation>Saturation and brightness</translation>
+        </message>
+        <message id="color.hue">
+            <source>Hue</source>
+            <translation>Hue</translation>
+        </message>
+        <message id="color.opacity">
+            <source>Opacity</source>
+            <translation>Opacity</translation>
+        </message>
+        <message id="color.hex">
+            <source>Color as a hexadecimal number</source>
+            <translation>Color as a hexadecimal number</translation>
+        </message>
+        <message id="color.eyedropper">
+            <source>Pick a color from the screen</source>
+            <translation>Pick a color from the screen</translation>
+        </message>
+        <message id="editor.copiedSelection">
+            <source>Copied the selection</source>
+            <translation>Copied the selection</translation>
+        </message>
     </context>
 </TS>
