@@ -103,6 +103,13 @@ class Drawing {
     return color;
   }
 
+  /// What the clip lets through, with a pixel more for smooth edges.
+  QRectF visible() const {
+    const double scale = std::sqrt(std::abs(painter_.deviceTransform().determinant()));
+    const double pixel = scale > 0 ? 1 / scale : 1;
+    return painter_.clipBoundingRect().adjusted(-pixel, -pixel, pixel, pixel);
+  }
+
   bool hasGround() const { return annotation_.shapeFill.value_or(false); }
 
   void ink() {
@@ -112,7 +119,7 @@ class Drawing {
       painter_.drawPath(ink->ground);
     }
     fill(color_);
-    painter_.drawPath(ink->lines);
+    painter_.drawPath(painter_.hasClipping() ? ink->lines.within(visible()) : ink->lines.whole());
   }
 
   void shape() {

@@ -22,15 +22,14 @@ Ink penInk(const Annotation& annotation, double lineWidth) {
                                          .simulatePressure = !hasPressure,
                                          .last = true};
   const auto stroke = PerfectFreehand::strokePoints(samples.points, samples.pressures, options);
-  return {smoothClosedPath(PerfectFreehand::strokeOutlinePoints(stroke, options)), {}};
+  const std::vector<Point> outline = PerfectFreehand::strokeOutlinePoints(stroke, options);
+  return {InkPath::of({&outline, 1}), {}};
 }
 
 Ink sketchInk(const Sketch& sketch) {
-  Ink ink;
-  ink.lines.setFillRule(Qt::WindingFill);
-  for (const InkStroke& stroke : sketch.strokes) fillInkRibbon(ink.lines, stroke.points, stroke.halfWidths, true, true);
-  ink.ground = smoothClosedPath(sketch.ground);
-  return ink;
+  std::vector<std::vector<Point>> outlines;
+  for (const InkStroke& stroke : sketch.strokes) fillInkRibbon(outlines, stroke.points, stroke.halfWidths, true, true);
+  return {InkPath::of(outlines), smoothClosedPath(sketch.ground)};
 }
 
 }  // namespace

@@ -2,13 +2,14 @@
 
 #include <QPainterPath>
 
+#include "editor/painting/InkPath.h"
 #include "editor/painting/Measures.h"
 
 namespace vellora {
 
 /// The filled paths of a pen's stroke or of a hand-drawn shape.
 struct Ink {
-  QPainterPath lines;   ///< filled with the winding rule
+  InkPath lines;
   QPainterPath ground;  ///< what a filled shape fills; empty otherwise
 };
 

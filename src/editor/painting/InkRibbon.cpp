@@ -35,8 +35,8 @@ QPainterPath smoothClosedPath(std::span<const Point> outline) {
   return path;
 }
 
-void fillInkRibbon(QPainterPath& ink, std::span<const Point> points, std::span<const double> halfWidths,
-                   bool roundStart, bool roundEnd) {
+void fillInkRibbon(std::vector<std::vector<Point>>& ink, std::span<const Point> points,
+                   std::span<const double> halfWidths, bool roundStart, bool roundEnd) {
   const std::size_t count = std::min(points.size(), halfWidths.size());
   if (count < 2) return;
   const double most = *std::max_element(halfWidths.begin(), halfWidths.begin() + static_cast<std::ptrdiff_t>(count));
@@ -58,16 +58,15 @@ void fillInkRibbon(QPainterPath& ink, std::span<const Point> points, std::span<c
   }
   if (stroke.size() > 1) stroke.front().vector = stroke[1].vector;
 
-  const std::vector<Point> outline = PerfectFreehand::strokeOutlinePoints(stroke, {.size = 2 * most,
-                                                                                   .thinning = 1,
-                                                                                   .smoothing = 0.5,
-                                                                                   .streamline = 0.5,
-                                                                                   .simulatePressure = false,
-                                                                                   .capStart = roundStart,
-                                                                                   .capEnd = roundEnd,
-                                                                                   .last = true});
-  if (outline.size() < 3) return;
-  ink.addPath(smoothClosedPath(outline));
+  std::vector<Point> outline = PerfectFreehand::strokeOutlinePoints(stroke, {.size = 2 * most,
+                                                                             .thinning = 1,
+                                                                             .smoothing = 0.5,
+                                                                             .streamline = 0.5,
+                                                                             .simulatePressure = false,
+                                                                             .capStart = roundStart,
+                                                                             .capEnd = roundEnd,
+                                                                             .last = true});
+  if (outline.size() >= 3) ink.push_back(std::move(outline));
 }
 
 }  // namespace vellora

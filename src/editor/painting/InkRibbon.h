@@ -13,9 +13,10 @@ namespace vellora {
 /// them, of one a dot.
 QPainterPath smoothClosedPath(std::span<const Point> outline);
 
-/// Adds a stroke to `ink` that follows `points` and is, at each, twice its `halfWidths` wide. Ribbons run the same way
-/// round, so that several in one path with the winding fill rule are filled as one, however they cross.
-void fillInkRibbon(QPainterPath& ink, std::span<const Point> points, std::span<const double> halfWidths,
-                   bool roundStart, bool roundEnd);
+/// Adds to `ink` the outline of a stroke that follows `points` and is, at each, twice its `halfWidths` wide; nothing
+/// when there is nothing to fill. Outlines run the same way round, so that with the winding rule several are filled as
+/// one, however they cross.
+void fillInkRibbon(std::vector<std::vector<Point>>& ink, std::span<const Point> points,
+                   std::span<const double> halfWidths, bool roundStart, bool roundEnd);
 
 }  // namespace vellora

@@ -47,7 +47,7 @@ std::shared_ptr<const Ink> PaintCache::ink(const Annotation& annotation, const M
   const InkKey key = keyOf(annotation, measures);
   if (const auto* known = inks_.object(key)) return *known;
   const auto ink = std::make_shared<const Ink>(inkOf(annotation, measures));
-  inks_.insert(key, new std::shared_ptr(ink), ink->lines.elementCount() + ink->ground.elementCount() + anyPath);
+  inks_.insert(key, new std::shared_ptr(ink), ink->lines.whole().elementCount() + ink->ground.elementCount() + anyPath);
   return ink;
 }
 

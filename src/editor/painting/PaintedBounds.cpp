@@ -20,17 +20,16 @@ Rect around(std::initializer_list<Point> points) {
   return rect;
 }
 
-Rect boundsOf(const QPainterPath& path) {
-  const QRectF rect = path.controlPointRect();
+Rect fromQt(const QRectF& rect) {
   return {{rect.x(), rect.y()}, {rect.width(), rect.height()}};
 }
 
 Rect inkBounds(const Annotation& annotation, const Measures& measures) {
   const auto ink = PaintCache::ofThisThread().ink(annotation, measures);
   if (ink->lines.isEmpty()) return {};
-  const Rect lines = boundsOf(ink->lines);
+  const Rect lines = fromQt(ink->lines.bounds());
   const bool hasGround = annotation.shapeFill.value_or(false) && !ink->ground.isEmpty();
-  return hasGround ? lines.united(boundsOf(ink->ground)) : lines;
+  return hasGround ? lines.united(fromQt(ink->ground.controlPointRect())) : lines;
 }
 
 Rect arrowBounds(const Measures& measures) {
