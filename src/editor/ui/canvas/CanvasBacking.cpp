@@ -122,7 +122,8 @@ void CanvasBacking::outdateAll() {
   outdate(window_);
 }
 
-/// The next piece to paint of a region that is not empty: of the rectangle nearest to the focus, the rows around it.
+/// The next piece to paint of a region that is not empty: of the rectangle nearest to the focus, the part around it.
+/// Twice as wide as high: long rows are quick to paint, but long strips meet more of what lies about than they show.
 QRect CanvasBacking::nextPiece(const QRegion& region, QPoint focus) const {
   const QRect rect = *std::ranges::min_element(
       region, [&](const QRect& a, const QRect& b) { return distance(a, focus) < distance(b, focus); });
@@ -130,7 +131,7 @@ QRect CanvasBacking::nextPiece(const QRegion& region, QPoint focus) const {
   const auto along = [](double length, int available) {
     return static_cast<int>(std::clamp(std::ceil(length), 1.0, double(available)));
   };
-  const int width = along(std::max(area / sizeStep, double(sizeStep)), rect.width());
+  const int width = along(std::max(std::sqrt(2 * area), area / rect.height()), rect.width());
   const int height = along(area / width, rect.height());
   return {std::clamp(focus.x() - width / 2, rect.left(), rect.right() + 1 - width),
           std::clamp(focus.y() - height / 2, rect.top(), rect.bottom() + 1 - height), width, height};
