@@ -5,7 +5,8 @@ namespace {
 
 constexpr double greatestMagnification = 32;
 
-constexpr double shadowReach = 18;
+constexpr double shadowFalloff = 18;
+constexpr double shadowReach = 15;  ///< beyond it the shadow is below one level of 255
 constexpr double shadowDrop = 4;
 constexpr double shadowOpacity = 0.34;
 
@@ -108,10 +109,6 @@ QTransform Lens::magnifying() const {
           middle.y - sourceCenter_.y * magnification_};
 }
 
-double Lens::cornerRadius() const {
-  return std::min({14.0, rect_.size.width / 4, rect_.size.height / 4});
-}
-
 bool Lens::isApart() const {
   const Point middle = center();
   return std::hypot(middle.x - sourceCenter_.x, middle.y - sourceCenter_.y) > 0.5;
@@ -122,13 +119,13 @@ double Lens::distance(double x, double y) const {
   const double halfHeight = rect_.size.height / 2;
   if (shape_ == MagnifierShape::Circle) {
     // First-order distance to an ellipse; exact for a circle.
-    const double right = x / halfWidth;
-    const double below = y / halfHeight;
+    const double right = x * partX_;
+    const double below = y * partY_;
     const double place = length(right, below);
-    const double slope = length(right / halfWidth, below / halfHeight);
+    const double slope = length(right * partX_, below * partY_);
     return slope > 0 ? place * (place - 1) / slope : -std::min(halfWidth, halfHeight);
   }
-  const double radius = cornerRadius();
+  const double radius = cornerRadius_;
   const double right = std::abs(x) - halfWidth + radius;
   const double below = std::abs(y) - halfHeight + radius;
   return length(std::max(right, 0.0), std::max(below, 0.0)) + std::min(std::max(right, below), 0.0) - radius;
@@ -145,7 +142,7 @@ Point Lens::supportPlace(Point direction) const {
     const double length = std::hypot(halfWidth * direction.x, halfHeight * direction.y);
     return {halfWidth * halfWidth * direction.x / length, halfHeight * halfHeight * direction.y / length};
   }
-  const double radius = cornerRadius();
+  const double radius = cornerRadius_;
   return {std::copysign(halfWidth - radius, direction.x) + radius * direction.x,
           std::copysign(halfHeight - radius, direction.y) + radius * direction.y};
 }
@@ -184,36 +181,52 @@ double Lens::innerHalfWidth(double down, double depth) const {
   // A smaller ellipse lies at least as deep as its half axes are smaller.
   const double share = down / halfHeight;
   if (shape_ == MagnifierShape::Circle) return halfWidth * std::sqrt(1 - share * share);
-  return std::abs(down) < halfHeight + depth - cornerRadius() ? halfWidth : 0;
+  return std::abs(down) < halfHeight + depth - cornerRadius_ ? halfWidth : 0;
+}
+
+double Lens::outerHalfWidth(double down, double reach) const {
+  const double halfWidth = rect_.size.width / 2;
+  const double halfHeight = rect_.size.height / 2;
+  if (shape_ != MagnifierShape::Circle) return std::abs(down) <= halfHeight + reach ? halfWidth + reach : -1;
+  // distance() is at least the shorter half axis times what a place lies beyond the ellipse in parts of it.
+  const double larger = 1 + reach / std::min(halfWidth, halfHeight);
+  const double share = down / (halfHeight * larger);
+  return share * share < 1 ? halfWidth * larger * std::sqrt(1 - share * share) : -1;
 }
 
 template <typename Action>
-void Lens::forPixelsAround(const QRect& area, const DeviceMap& map, const Outline& outline, double depth,
-                           Action&& action) const {
+void Lens::forPixelsIn(const Band& band, const QRect& area, const DeviceMap& map, Action&& action) const {
+  const auto& [center, scale] = band.outline;
+  const double step = scale / map.scaleX;
+  const double first = (0.5 - map.dx) * step - center.x * scale;
   for (int y = area.top(); y <= area.bottom(); ++y) {
-    const double down = ((y + 0.5 - map.dy) / map.scaleY - outline.center.y) * outline.scale;
-    const double skipped = innerHalfWidth(down, depth * outline.scale) / outline.scale;
-    const int begin = toPixel(std::ceil(map.x(outline.center.x - skipped)));
-    const int end = skipped > 0 ? toPixel(std::floor(map.x(outline.center.x + skipped))) : begin;
-    for (int x = area.left(); x <= area.right(); ++x) {
-      if (x >= begin && x < end) x = end;
-      if (x > area.right()) break;
-      const double across = ((x + 0.5 - map.dx) / map.scaleX - outline.center.x) * outline.scale;
-      action(x, y, across, down);
+    const double down = ((y + 0.5 - map.dy) / map.scaleY - center.y) * scale;
+    const double outer = outerHalfWidth(down - band.drop * scale, band.reach * scale) / scale;
+    if (outer < 0) continue;
+    const double inner = innerHalfWidth(down, band.depth * scale) / scale;
+    const int begin = std::max(area.left(), toPixel(std::floor(map.x(center.x - outer))) - 1);
+    const int end = std::min(area.right() + 1, toPixel(std::ceil(map.x(center.x + outer))) + 1);
+    const int skipBegin = toPixel(std::ceil(map.x(center.x - inner)));
+    const int skipEnd = inner > 0 ? toPixel(std::floor(map.x(center.x + inner))) : skipBegin;
+    for (int x = begin; x < end; ++x) {
+      if (x >= skipBegin && x < skipEnd) x = skipEnd;
+      if (x >= end) break;
+      action(x, y, x * step + first, down);
     }
   }
 }
 
 void Lens::drawShadow(const PixelTarget& target, const QRect& clip, const DeviceMap& map) const {
   const QRect area = touchedPixels(grown(rect_, shadowReach + shadowDrop), map) & clip & target.area;
-  forPixelsAround(area, map, {center(), 1}, rimWidth, [&](int x, int y, double across, double down) {
-    const double away = distance(across, down - shadowDrop);
-    if (away >= shadowReach) return;
-    const double share = 1 - std::max(away, 0.0) / shadowReach;
-    const auto alpha = static_cast<std::uint32_t>(shadowOpacity * 255 * share * share * share + 0.5);
-    std::uint32_t& pixel = target.row(y)[x];
-    pixel = blendPixel(alpha << 24, pixel);
-  });
+  forPixelsIn({{center(), 1}, rimWidth, shadowReach, shadowDrop}, area, map,
+              [&](int x, int y, double across, double down) {
+                const double away = distance(across, down - shadowDrop);
+                if (away >= shadowReach) return;
+                const double share = 1 - std::max(away, 0.0) / shadowFalloff;
+                const auto alpha = static_cast<std::uint32_t>(shadowOpacity * 255 * share * share * share + 0.5);
+                std::uint32_t& pixel = target.row(y)[x];
+                pixel = blendPixel(alpha << 24, pixel);
+              });
 }
 
 void Lens::drawOutline(const PixelTarget& target, const QRect& clip, const DeviceMap& map, const Outline& outline,
@@ -223,7 +236,7 @@ void Lens::drawOutline(const PixelTarget& target, const QRect& clip, const Devic
   const double reach = reachOf(width, map);
   const double scale = meanScale(map);
   const QRect area = touchedPixels(grown(box, reach), map) & clip & target.area;
-  forPixelsAround(area, map, outline, reach, [&](int x, int y, double across, double down) {
+  forPixelsIn({outline, reach, reach}, area, map, [&](int x, int y, double across, double down) {
     const double away = std::abs(distance(across, down)) / outline.scale;
     coatPixel(target.row(y)[x], away, width, coat, scale);
   });
@@ -253,7 +266,7 @@ void Lens::drawGlass(const PixelTarget& target, const QRect& clip, const DeviceM
     const int end = std::min(toPixel(std::floor(map.x(middle.x + whole))), area.right() + 1);
     if (whole > 0 && begin < end) std::copy(pictureRow(y) + begin, pictureRow(y) + end, target.row(y) + begin);
   }
-  forPixelsAround(area, map, {middle, 1}, 1 / scale, [&](int x, int y, double across, double down) {
+  forPixelsIn({{middle, 1}, 1 / scale, 1 / scale}, area, map, [&](int x, int y, double across, double down) {
     const double covered = std::clamp(0.5 - distance(across, down) * scale, 0.0, 1.0);
     std::uint32_t& pixel = target.row(y)[x];
     pixel = mixPixels(pixel, pictureRow(y)[x], static_cast<std::uint32_t>(covered * 256 + 0.5));

@@ -37,7 +37,13 @@ class Lens {
 
  private:
   Lens(const Rect& rect, Point center, double magnification, MagnifierShape shape)
-      : rect_(rect), sourceCenter_(center), magnification_(magnification), shape_(shape) {}
+      : rect_(rect),
+        sourceCenter_(center),
+        magnification_(magnification),
+        shape_(shape),
+        cornerRadius_(std::min({14.0, rect.size.width / 4, rect.size.height / 4})),
+        partX_(2 / rect.size.width),
+        partY_(2 / rect.size.height) {}
 
   /// The lens's outline moved to a centre and made smaller by a factor.
   struct Outline {
@@ -50,22 +56,29 @@ class Lens {
   };
 
   Point center() const { return {rect_.minX() + rect_.size.width / 2, rect_.minY() + rect_.size.height / 2}; }
-  double cornerRadius() const;
   bool isApart() const;
   /// The distance from the outline to a place relative to the centre, negative inside.
   double distance(double x, double y) const;
   /// How far to both sides of the centre the glass surely is deeper than `depth` below its edge, at a height relative
   /// to the centre; 0: nowhere for certain.
   double innerHalfWidth(double down, double depth) const;
+  /// How far to both sides of the centre anything can be nearer to the shape than `reach`; negative: nothing.
+  double outerHalfWidth(double down, double reach) const;
   /// How far the shape reaches from its centre in a direction, and the place of the outline that does.
   double support(Point direction) const;
   Point supportPlace(Point direction) const;
   std::vector<Segment> connectors() const;
-  /// Calls action(x, y, across, down) for the pixels of `area` that do not surely lie deeper inside than `depth`, with
-  /// their places relative to the outline's centre, in its unscaled lengths.
+  /// The pixels along an outline: from `depth` inside it to `reach` outside of it, or of it moved down by `drop`.
+  struct Band {
+    Outline outline;
+    double depth;
+    double reach;
+    double drop = 0;
+  };
+  /// Calls action(x, y, across, down) for the pixels of `area` that may lie in a band, with their places relative to
+  /// the outline's centre, in its unscaled lengths.
   template <typename Action>
-  void forPixelsAround(const QRect& area, const DeviceMap& map, const Outline& outline, double depth,
-                       Action&& action) const;
+  void forPixelsIn(const Band& band, const QRect& area, const DeviceMap& map, Action&& action) const;
   void drawOutline(const PixelTarget& target, const QRect& clip, const DeviceMap& map, const Outline& outline,
                    double width, LensCoat coat) const;
   void drawShadow(const PixelTarget& target, const QRect& clip, const DeviceMap& map) const;
@@ -74,6 +87,9 @@ class Lens {
   Point sourceCenter_;
   double magnification_;
   MagnifierShape shape_;
+  double cornerRadius_;
+  double partX_;
+  double partY_;  ///< parts of the half axes a point makes
 };
 
 }  // namespace vellora
