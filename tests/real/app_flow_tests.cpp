@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <sstream>
+
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -99,6 +102,21 @@ class AppFlowTest : public testing::Test {
       }
     }
     EXPECT_EQ(different, 0);
+  }
+
+  /// Waits for the one open editor and returns the middle of its window.
+  PixelPoint editorMiddle() const {
+    const std::vector<std::string> search{"xdotool", "search", "--onlyvisible", "--name", "^Vellora 20"};
+    EXPECT_TRUE(waitFor([&] { return server->run(search).exitCode == 0; }));
+    auto measure = search;
+    measure.insert(measure.end(), {"getwindowgeometry", "--shell"});
+    std::map<std::string, int> numbers;
+    std::istringstream lines(server->run(measure).output);
+    for (std::string line; std::getline(lines, line);) {
+      const auto equals = line.find('=');
+      if (equals != std::string::npos) numbers[line.substr(0, equals)] = std::atoi(line.c_str() + equals + 1);
+    }
+    return {numbers["X"] + numbers["WIDTH"] / 2, numbers["Y"] + numbers["HEIGHT"] / 2};
   }
 
   QByteArray clipboard(const std::string& target) const {
@@ -246,18 +264,58 @@ TEST_F(AppFlowTest, OfSeveralStartsOneStaysAndIsWoken) {
   }
 }
 
-TEST_F(AppFlowTest, ReopensACaptureFromTheHistory) {
-  velloraJson({"capture", "area", "--region", "300,200,50,40", "--save"});
+TEST_F(AppFlowTest, WorkInTheEditorSurvivesAKillAndComesBack) {
+  velloraJson({"capture", "area", "--region", "300,200,360,280", "--save"});
   startResident();
   EXPECT_EQ(vellora({"history", "reopen", "1"}).exitCode, 0);
-  EXPECT_TRUE(waitFor([this] {
-    return server->run({"xdotool", "search", "--onlyvisible", "--name", "^Vellora 20"}).exitCode == 0;
-  }));
-  EXPECT_TRUE(waitFor([this] {
-    return velloraJson({"history", "list"})["sessions"].size() == 1;
-  })) << "it is kept while open";
+  const PixelPoint middle = editorMiddle();
+  EXPECT_TRUE(velloraJson({"history", "list"})["sessions"].empty()) << "open, so not in the history";
+  drag({middle.x, middle.y + 60}, {middle.x + 1, middle.y + 60});  // the window has the keys now
+  const XClient client(*server);
+  client.chord({30});  // A
+  client.sync();
+  drag({middle.x - 60, middle.y - 40}, {middle.x + 60, middle.y + 40});
+  const auto savedArrows = [this] {
+    const auto found = server->run({"sh", "-c",
+                                    "cat ~/.local/share/Vellora/Recovery/*/session.json \"$XDG_DATA_HOME\"/Vellora/"
+                                    "Recovery/*/session.json 2> /dev/null | grep -c '\"kind\":0'"});
+    return found.output.substr(0, 1) == "1";
+  };
+  EXPECT_TRUE(waitFor(savedArrows)) << "within a second of the change it is on disk";
+
+  resident->signal(SIGKILL);
+  resident->wait(5);
+  startResident();
+  EXPECT_TRUE(waitFor([this] { return velloraJson({"history", "list"})["sessions"].size() == 1; }));
+  const Json shown = velloraJson({"history", "show", "1"});
+  ASSERT_TRUE(shown.contains("document"));
+  EXPECT_EQ(shown["document"]["annotations"].size(), 1u);
+
+  // Reopened and closed it is an entry again, with all its layers.
+  EXPECT_EQ(vellora({"history", "reopen", "1"}).exitCode, 0);
+  const PixelPoint again = editorMiddle();
+  drag({again.x, again.y + 60}, {again.x + 1, again.y + 60});
+  client.chord({29, 17});  // Ctrl+W
+  client.sync();
+  EXPECT_TRUE(waitFor([this] { return velloraJson({"history", "list"})["sessions"].size() == 1; }));
+  EXPECT_EQ(velloraJson({"history", "show", "1"})["document"]["annotations"].size(), 1u);
   EXPECT_EQ(vellora({"history", "clear"}).exitCode, 0);
   EXPECT_TRUE(velloraJson({"history", "list"})["sessions"].empty());
+}
+
+TEST_F(AppFlowTest, PinsAndOpenFilesEnterTheHistoryWhenTheProgramEnds) {
+  velloraJson({"capture", "area", "--region", "300,200,50,40", "--save"});
+  const QString file = savedFile(1);
+  EXPECT_EQ(vellora({"history", "clear"}).exitCode, 0);
+  startResident();
+  EXPECT_EQ(vellora({"edit", file.toStdString()}).exitCode, 0);
+  editorMiddle();
+  EXPECT_EQ(vellora({"edit", home(QStringLiteral("nothing.png")).toStdString()}).exitCode, 1);
+  EXPECT_EQ(vellora({"capture", "area", "--region", "320,220,200,150", "--pin"}).exitCode, 0);
+  EXPECT_TRUE(velloraJson({"history", "list"})["sessions"].empty());
+  resident->signal(SIGTERM);
+  EXPECT_EQ(resident->wait(10), 0);
+  EXPECT_EQ(velloraJson({"history", "list"})["sessions"].size(), 2u);
 }
 
 TEST_F(AppFlowTest, WithoutATrayTheCommandsAreInAWindow) {
