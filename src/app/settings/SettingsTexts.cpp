@@ -25,7 +25,7 @@ QString label(AfterCaptureAction action) {
 QString help(AfterCaptureAction action) {
   switch (action) {
     case AfterCaptureAction::ShowEditor:
-      //% "In a window, ready to be copied or saved."
+      //% "In the editor, ready to be annotated."
       return qtTrId("settings.general.showEditorHelp");
     case AfterCaptureAction::Copy:
       //% "Ready to be pasted into another program."
