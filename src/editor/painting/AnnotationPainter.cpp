@@ -135,7 +135,12 @@ class Drawing {
   }
 
   void line() {
-    if (stroke(measures_.lineWidth)) painter_.drawLine(toQt(measures_.p1), toQt(measures_.p2));
+    if (!stroke(measures_.lineWidth)) return;
+    if (measures_.p1 == measures_.p2) {
+      painter_.drawPoint(toQt(measures_.p1));  // a line of no length has no caps
+    } else {
+      painter_.drawLine(toQt(measures_.p1), toQt(measures_.p2));
+    }
   }
 
   void arrow() {

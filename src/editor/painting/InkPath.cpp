@@ -136,16 +136,16 @@ InkPath InkPath::of(std::span<const std::vector<Point>> outlines) {
   std::sort(cuts.begin(), cuts.end(), [](const Cut& a, const Cut& b) { return a.bounds.minX() > b.bounds.minX(); });
 
   InkPath ink;
-  ink.whole_.setFillRule(Qt::WindingFill);
   ink.whole_.reserve(static_cast<int>(3 * corners + 3 * cuts.size()));
   ink.pieces_.reserve(cuts.size());
   for (const Cut& cut : cuts) {
-    const int begin = ink.whole_.elementCount();
+    const int begin = ink.pieces_.empty() ? 0 : ink.pieces_.back().end;
     cut.addTo(ink.whole_);
     const QRectF bounds(cut.bounds.minX(), cut.bounds.minY(), cut.bounds.size.width, cut.bounds.size.height);
     ink.pieces_.push_back({begin, ink.whole_.elementCount(), bounds});
     ink.bounds_ = ink.pieces_.size() == 1 ? bounds : ink.bounds_ | bounds;
   }
+  ink.whole_.setFillRule(Qt::WindingFill);
   return ink;
 }
 

@@ -160,7 +160,7 @@ int LaidOutText::lastOf(std::size_t line) const {
 
 int LaidOutText::offsetInLine(std::size_t line, double x) const {
   const Paragraph& paragraph = paragraphs_[lines_[line].paragraph];
-  const int place = paragraph.layout->lineAt(lines_[line].index).xToCursor(x);
+  const int place = paragraph.layout->lineAt(lines_[line].index).xToCursor(std::clamp(x, -1.0, size_.width + 1));
   return std::clamp(paragraph.start + place, firstOf(line), lastOf(line));
 }
 

@@ -1,4 +1,4 @@
-#include <cmath>
+#include <QPainterPath>
 
 #include "editor/painting/AnnotationPainter.h"
 #include "editor/painting/PaintCache.h"
@@ -34,7 +34,10 @@ Rect inkBounds(const Annotation& annotation, const Measures& measures) {
 
 Rect arrowBounds(const Measures& measures) {
   const ArrowGeometry arrow = arrowGeometry(measures.p1, measures.p2, measures.control, measures.lineWidth);
-  const Rect shaft = around({arrow.shaftStart, arrow.shaftControl1, arrow.shaftControl2, arrow.shaftEnd});
+  QPainterPath path({arrow.shaftStart.x, arrow.shaftStart.y});
+  path.cubicTo(arrow.shaftControl1.x, arrow.shaftControl1.y, arrow.shaftControl2.x, arrow.shaftControl2.y,
+               arrow.shaftEnd.x, arrow.shaftEnd.y);
+  const Rect shaft = fromQt(path.boundingRect());
   const Rect head = around({arrow.headTip, arrow.barb1, arrow.barb2});
   return grown(shaft, arrow.shaftWidth / 2).united(grown(head, arrow.headOutline / 2));
 }
