@@ -1,16 +1,47 @@
 #include "editor/AnnotationRecord.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace vellora {
 namespace {
 
-bool isWithin(double value, double limit) {
-  return std::abs(value) <= limit;
-}
+/// Either way, for values without a natural limit.
+constexpr double anyNumber = 1e9;
 
 bool isPlace(Point point) {
-  return isWithin(point.x, annotationLimits::coordinate) && isWithin(point.y, annotationLimits::coordinate);
+  constexpr double limit = annotationLimits::coordinate;
+  return std::abs(point.x) <= limit && std::abs(point.y) <= limit;
+}
+
+double within(double value, double least, double most) {
+  return std::isfinite(value) ? std::clamp(value, least, most) : std::clamp(0.0, least, most);
+}
+
+Json storedPlace(Point point) {
+  constexpr double limit = annotationLimits::coordinate;
+  return json::fromPoint({within(point.x, -limit, limit), within(point.y, -limit, limit)});
+}
+
+Json storedColor(const ColorComponents& color) {
+  return json::fromColor(
+      {within(color.red, 0, 1), within(color.green, 0, 1), within(color.blue, 0, 1), within(color.alpha, 0, 1)});
+}
+
+Json storedText(const QString& text) {
+  if (text.size() <= annotationLimits::textLength) return json::fromString(text);
+  const bool isSplit = text[annotationLimits::textLength].isLowSurrogate();
+  return json::fromString(text.first(annotationLimits::textLength - (isSplit ? 1 : 0)));
+}
+
+/// Every so-manieth element, so that no more are left than are read.
+template <class T, class Store>
+Json storedArray(const std::vector<T>& elements, Store store) {
+  const std::size_t step =
+      std::max<std::size_t>(1, (elements.size() + annotationLimits::penPoints - 1) / annotationLimits::penPoints);
+  Json array = Json::array();
+  for (std::size_t i = 0; i < elements.size(); i += step) array.push_back(store(elements[i]));
+  return array;
 }
 
 /// Reads the members of one record. A required member that is missing, or any that cannot be read, makes it unreadable.
@@ -106,36 +137,34 @@ std::optional<std::vector<T>> boundedArray(const Json& value) {
 
 Json encodeAnnotation(const Annotation& annotation) {
   Json record{{"kind", static_cast<int>(annotation.kind)},
-              {"p1", json::fromPoint(annotation.p1)},
-              {"p2", json::fromPoint(annotation.p2)}};
-  if (annotation.control) record["control"] = json::fromPoint(*annotation.control);
-  record["color"] = json::fromColor(annotation.color);
-  record["lineWidth"] = annotation.lineWidth;
-  record["text"] = json::fromString(annotation.text);
+              {"p1", storedPlace(annotation.p1)},
+              {"p2", storedPlace(annotation.p2)}};
+  if (annotation.control) record["control"] = storedPlace(*annotation.control);
+  record["color"] = storedColor(annotation.color);
+  record["lineWidth"] = within(annotation.lineWidth, 0, annotationLimits::lineWidth);
+  record["text"] = storedText(annotation.text);
   record["number"] = annotation.number;
-  record["tailAngle"] = annotation.tailAngle;
+  record["tailAngle"] = within(annotation.tailAngle, -anyNumber, anyNumber);
   record["textBackground"] = annotation.textBackground;
   record["textHandwritten"] = annotation.textHandwritten;
-  record["textBoxWidth"] = annotation.textBoxWidth;
+  record["textBoxWidth"] = within(annotation.textBoxWidth, 0, annotationLimits::coordinate);
   record["arrowSketch"] = annotation.sketch;
   if (annotation.shapeFill) record["shapeFill"] = *annotation.shapeFill;
   record["sketchSeed"] = annotation.sketchSeed;
   record["blurStyle"] = static_cast<int>(annotation.blurStyle);
-  record["blurStrength"] = annotation.blurStrength;
-  if (annotation.eraseFillColor) record["eraseFillColor"] = json::fromColor(*annotation.eraseFillColor);
-  record["magnification"] = annotation.magnification;
+  record["blurStrength"] = within(annotation.blurStrength, 0, anyNumber);
+  if (annotation.eraseFillColor) record["eraseFillColor"] = storedColor(*annotation.eraseFillColor);
+  record["magnification"] = within(annotation.magnification, 0, anyNumber);
   record["magnifierShape"] = static_cast<int>(annotation.magnifierShape);
-  if (annotation.penPoints) {
-    Json points = Json::array();
-    for (const Point& point : *annotation.penPoints) points.push_back(json::fromPoint(point));
-    record["penPoints"] = std::move(points);
+  if (annotation.penPoints) record["penPoints"] = storedArray(*annotation.penPoints, storedPlace);
+  if (annotation.penPressures) {
+    record["penPressures"] =
+        storedArray(*annotation.penPressures, [](double pressure) { return within(pressure, -anyNumber, anyNumber); });
   }
-  if (annotation.penPressures) record["penPressures"] = *annotation.penPressures;
   return record;
 }
 
 std::optional<Annotation> decodeAnnotation(const Json& record) {
-  constexpr double anyNumber = 1e9;
   Annotation result;
   RecordReader reader(record);
   reader.enumeration("kind", Annotation::kindCount, result.kind);

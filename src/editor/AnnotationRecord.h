@@ -16,7 +16,8 @@ inline constexpr double lineWidth = 1000;         ///< points
 }  // namespace annotationLimits
 
 /// The annotation as it is stored: an object with its keys in a fixed order, optional ones left out where they are
-/// absent.
+/// absent. Values beyond the limits are brought inside, so that what is written can always be read again: numbers are
+/// clamped, texts cut, strokes thinned out.
 Json encodeAnnotation(const Annotation& annotation);
 
 /// Reads a stored annotation and gives it a new identity. Nothing when a required key is missing, a value has another

@@ -19,15 +19,14 @@ const QString lockName = QStringLiteral("lock");
 
 }  // namespace
 
-RecoveryFolder::RecoveryFolder(QString root, const QString& id) : RecoveryFolder(QDir(root).filePath(id)) {}
+RecoveryFolder::RecoveryFolder(const QString& root, const QString& id) : RecoveryFolder(QDir(root).filePath(id)) {}
 
 RecoveryFolder::~RecoveryFolder() {
-  if (lock_ >= 0) ::close(lock_);
+  unlock();
 }
 
-bool RecoveryFolder::lock() {
-  if (lock_ >= 0) return true;
-  const QByteArray path = QFile::encodeName(QDir(directory_).filePath(lockName));
+bool RecoveryFolder::lock(const QString& directory) {
+  const QByteArray path = QFile::encodeName(QDir(directory).filePath(lockName));
   const int file = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
   if (file < 0) return false;
   if (::flock(file, LOCK_EX | LOCK_NB) != 0) {
@@ -38,14 +37,32 @@ bool RecoveryFolder::lock() {
   return true;
 }
 
+void RecoveryFolder::unlock() {
+  if (lock_ >= 0) ::close(std::exchange(lock_, -1));
+}
+
+bool RecoveryFolder::make() {
+  if (lock_ >= 0) {
+    if (QFileInfo(directory_).isDir()) return true;
+    // Somebody removed it: everything is written again.
+    unlock();
+    files_.clear();
+  }
+  // Nobody may find it before it is locked.
+  const QString hidden = sessionFolder::temporaryFor(directory_);
+  if (!QDir().mkpath(hidden) || !lock(hidden)) return false;
+  if (::rename(QFile::encodeName(hidden).constData(), QFile::encodeName(directory_).constData()) == 0) return true;
+  unlock();
+  QDir(hidden).removeRecursively();
+  return false;
+}
+
 bool RecoveryFolder::adopt(const QString& sessionDirectory, const sessionFolder::Loaded& session) {
   QDir().mkpath(QFileInfo(directory_).path());
   // Locked where it is: another process that looks for folders left behind must not find it unlocked for a moment.
-  const QString target = std::exchange(directory_, sessionDirectory);
-  const bool isLocked = lock();
-  directory_ = target;
-  if (!isLocked ||
-      ::rename(QFile::encodeName(sessionDirectory).constData(), QFile::encodeName(directory_).constData()) != 0) {
+  if (!lock(sessionDirectory)) return false;
+  if (::rename(QFile::encodeName(sessionDirectory).constData(), QFile::encodeName(directory_).constData()) != 0) {
+    unlock();
     return false;
   }
   for (std::size_t i = 0; i < session.document.pieces.size(); ++i) {
@@ -57,7 +74,7 @@ bool RecoveryFolder::adopt(const QString& sessionDirectory, const sessionFolder:
 
 std::unique_ptr<RecoveryFolder> RecoveryFolder::claim(const QString& directory) {
   std::unique_ptr<RecoveryFolder> folder(new RecoveryFolder(directory));
-  if (!folder->lock()) return nullptr;
+  if (!folder->lock(directory)) return nullptr;
   // Its owner may have removed it, lock and all, a moment ago.
   if (!QFileInfo(directory).isDir()) return nullptr;
   return folder;
@@ -65,15 +82,21 @@ std::unique_ptr<RecoveryFolder> RecoveryFolder::claim(const QString& directory) 
 
 std::vector<QString> RecoveryFolder::all(const QString& root) {
   std::vector<QString> found;
-  for (const QFileInfo& entry : QDir(root).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks)) {
-    found.push_back(entry.absoluteFilePath());
+  constexpr auto folders = QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks | QDir::Hidden;
+  for (const QFileInfo& entry : QDir(root).entryInfoList(folders, QDir::Name)) {
+    const QString path = entry.absoluteFilePath();
+    if (!sessionFolder::isTemporary(entry.fileName())) {
+      found.push_back(path);
+    } else if (sessionFolder::isAbandoned(path)) {
+      QDir(path).removeRecursively();
+    }
   }
   return found;
 }
 
 bool RecoveryFolder::save(const ImageDocument& document, Date capturedAt, Date savedAt) {
   const QDir folder(directory_);
-  if (!folder.mkpath(QStringLiteral(".")) || !lock()) {
+  if (!make()) {
     log::error(QStringLiteral("recovery folder failed: cannot use %1").arg(directory_));
     return false;
   }
@@ -104,6 +127,9 @@ std::vector<QString> RecoveryFolder::pieceFiles(const ImageDocument& document) c
 }
 
 void RecoveryFolder::remove() {
+  const QDir folder(directory_);
+  // First what makes it a document: a kill in the middle leaves nothing to bring back.
+  QFile::remove(folder.filePath(sessionFolder::documentName));
   QDir(directory_).removeRecursively();
 }
 

@@ -18,17 +18,18 @@ namespace vellora {
 class RecoveryFolder {
  public:
   /// A folder named `id` below `root`, made with the first save.
-  RecoveryFolder(QString root, const QString& id);
+  RecoveryFolder(const QString& root, const QString& id);
   ~RecoveryFolder();
   RecoveryFolder(const RecoveryFolder&) = delete;
   RecoveryFolder& operator=(const RecoveryFolder&) = delete;
 
-  /// Moves the folder of a session here in one step, instead of the first save. False when it could not be moved.
+  /// Moves the folder of a session here in one step, instead of the first save. False when it could not be moved: it is
+  /// where it was then.
   bool adopt(const QString& sessionDirectory, const sessionFolder::Loaded& session);
 
   /// Takes over a folder that was left behind; null when its owner lives.
   static std::unique_ptr<RecoveryFolder> claim(const QString& directory);
-  /// Every folder below `root`, whoever owns it.
+  /// Every folder below `root`, whoever owns it. Removes what is left of folders whose making was cut short.
   static std::vector<QString> all(const QString& root);
 
   /// Writes what is not there yet, pieces before the document that names them. The log says what failed.
@@ -42,9 +43,11 @@ class RecoveryFolder {
 
  private:
   explicit RecoveryFolder(QString directory) : directory_(std::move(directory)) {}
-  bool lock();
+  bool make();
+  bool lock(const QString& directory);
+  void unlock();
 
-  QString directory_;
+  const QString directory_;
   int lock_ = -1;
   std::map<std::uint64_t, QString> files_;  // by piece
   std::size_t nextFile_ = 0;

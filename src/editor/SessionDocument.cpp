@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/Log.h"
 #include "editor/AnnotationRecord.h"
 #include "editor/BackdropRecord.h"
 
@@ -126,6 +127,29 @@ Result<SessionDocument, SessionDocumentError> decodeSessionDocument(const QByteA
   return document;
 }
 
+namespace {
+
+double within(double value, double least, double most) {
+  return std::isfinite(value) ? std::clamp(value, least, most) : std::clamp(0.0, least, most);
+}
+
+std::int64_t wholePixels(double length) {
+  return std::llround(within(length, 0, static_cast<double>(sessionLimits::edge)));
+}
+
+PieceRecord recordOf(const CapturePiece& piece, const QString& file) {
+  constexpr double far = sessionLimits::coordinate;
+  PieceRecord record{file,
+                     within(piece.scale, sessionLimits::leastScale, sessionLimits::mostScale),
+                     {within(piece.origin.x, -far, far), within(piece.origin.y, -far, far)},
+                     piece.pointSize,
+                     {}};
+  if (piece.isCropped()) record.visibleRect = piece.visibleRect;
+  return record;
+}
+
+}  // namespace
+
 SessionDocument makeSessionDocument(const ImageDocument& document, const std::vector<QString>& files, Date capturedAt,
                                     Date savedAt) {
   SessionDocument session;
@@ -133,15 +157,16 @@ SessionDocument makeSessionDocument(const ImageDocument& document, const std::ve
   session.savedAt = savedAt;
   session.backdrop = document.backdrop;
   session.annotations = document.annotations;
-  for (std::size_t i = 0; i < document.pieces.size(); ++i) {
-    const CapturePiece& piece = document.pieces[i];
-    PieceRecord record{files.at(i), piece.scale, piece.origin, piece.pointSize, {}};
-    if (piece.isCropped()) record.visibleRect = piece.visibleRect;
-    session.pieces.push_back(std::move(record));
+  if (session.annotations.size() > sessionLimits::annotations) {
+    log::warning(QStringLiteral("a document has more annotations than can be stored; the last ones are left out"));
+    session.annotations.resize(sessionLimits::annotations);
+  }
+  for (std::size_t i = 0; i < std::min(document.pieces.size(), sessionLimits::pieces); ++i) {
+    session.pieces.push_back(recordOf(document.pieces[i], files.at(i)));
   }
   const Rect all = document.contentRect();
-  session.pixelWidth = std::llround(all.size.width * document.outputScale());
-  session.pixelHeight = std::llround(all.size.height * document.outputScale());
+  session.pixelWidth = wholePixels(all.size.width * document.outputScale());
+  session.pixelHeight = wholePixels(all.size.height * document.outputScale());
   return session;
 }
 

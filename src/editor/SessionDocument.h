@@ -45,6 +45,7 @@ enum class SessionDocumentError {
 namespace sessionLimits {
 inline constexpr qint64 documentBytes = 64 << 20;
 inline constexpr std::size_t pieces = 256;
+inline constexpr std::size_t decodedBytes = std::size_t{2} << 30;  ///< of all pictures of one session
 inline constexpr std::size_t annotations = 10'000;
 inline constexpr std::int64_t edge = 1 << 20;  ///< of the whole canvas in pixels
 inline constexpr double coordinate = 1e7;      ///< of pieces, in points, either way
@@ -65,7 +66,8 @@ struct DocumentLayers {
 /// "backdrop".
 Result<DocumentLayers, SessionDocumentError> decodeDocumentLayers(const QByteArray& text);
 
-/// The stored form of a document, its pieces under the given file names, in order.
+/// The stored form of a document, its pieces under the given file names, in order. What lies beyond the limits of
+/// reading is brought inside or left out, so that whatever is written can be read again.
 SessionDocument makeSessionDocument(const ImageDocument& document, const std::vector<QString>& files, Date capturedAt,
                                     Date savedAt);
 

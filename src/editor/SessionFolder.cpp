@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cmath>
 
 #include <QDateTime>
 #include <QDir>
@@ -25,22 +26,36 @@ const QString temporaryPrefix = QStringLiteral(".writing-");
 constexpr qint64 abandonedAfterSeconds = 3600;
 constexpr qint64 unseenWriterSeconds = 60;
 
-/// What the thumbnail shows, as pictures at their places.
+/// What is visible of a piece.
+Bitmap visiblePart(const CapturePiece& piece) {
+  const auto pixels = [&piece](double points) { return static_cast<int>(std::lround(points * piece.scale)); };
+  const Rect& visible = piece.visibleRect;
+  return piece.image.cropped({pixels(visible.minX()), pixels(visible.minY()), std::max(pixels(visible.size.width), 1),
+                              std::max(pixels(visible.size.height), 1)});
+}
+
+/// What the thumbnail shows, as pictures at their places; nothing when it must not be shown or cannot be drawn.
 std::vector<ThumbnailPiece> thumbnailParts(const ImageDocument& document, const DocumentRenderer& renderer) {
+  if (!renderer) {
+    std::vector<ThumbnailPiece> parts;
+    const bool isRedacted =
+        std::ranges::any_of(document.annotations, [](const AnnotationPtr& one) { return isRedaction(*one); });
+    if (isRedacted) return parts;
+    for (const CapturePiece& piece : document.pieces) parts.push_back({visiblePart(piece), piece.frame()});
+    return parts;
+  }
   const Rect all = document.contentRect();
   // Twice the pixels needed, so that the reduction has something to average.
   const double scale = 2 * std::max(thumbnailSize.width / all.size.width, thumbnailSize.height / all.size.height);
-  if (auto finished = renderer ? renderer(document, std::min(scale, document.outputScale())) : std::nullopt) {
-    const Size size{static_cast<double>(finished->width()), static_cast<double>(finished->height())};
-    return {{std::move(*finished), {{0, 0}, size}}};
-  }
-  std::vector<ThumbnailPiece> parts;
-  for (const CapturePiece& piece : document.pieces) parts.push_back({piece.image, piece.frame()});
-  return parts;
+  auto finished = renderer(document, std::min(scale, document.outputScale()));
+  if (!finished) return {};
+  const Size size{static_cast<double>(finished->width()), static_cast<double>(finished->height())};
+  return {{std::move(*finished), {{0, 0}, size}}};
 }
 
 bool writeThumbnail(const QString& folder, const ImageDocument& document, const DocumentRenderer& renderer) {
   const auto parts = thumbnailParts(document, renderer);
+  if (parts.empty()) return false;
   Rect all = parts.front().frame;
   for (const ThumbnailPiece& part : parts) all = all.united(part.frame);
   const auto thumbnail = renderThumbnail(parts, all);
@@ -88,9 +103,7 @@ bool writePiece(const QString& path, const CapturePiece& piece) {
 
 std::optional<Written> write(const QString& directory, const ImageDocument& document, Date capturedAt, Date savedAt,
                              const std::vector<QString>& pieceFiles, const DocumentRenderer& renderer) {
-  const QFileInfo target(directory);
-  const QString temporary =
-      target.dir().filePath(temporaryPrefix + QString::number(::getpid()) + u'-' + target.fileName());
+  const QString temporary = temporaryFor(directory);
   const auto abandon = [&temporary]() -> std::optional<Written> {
     QDir(temporary).removeRecursively();
     return std::nullopt;
@@ -121,11 +134,13 @@ std::optional<Loaded> load(const QString& directory, const PictureReader& reader
   loaded.savedAt = session->savedAt;
   loaded.document.annotations = session->annotations;
   loaded.document.backdrop = session->backdrop;
+  std::size_t bytes = 0;
   for (const PieceRecord& record : session->pieces) {
     const auto path = piecePath(directory, record);
     const auto image = path ? reader(*path) : std::nullopt;
     auto piece = image ? makePiece(record, *image) : std::nullopt;
-    if (!piece) return std::nullopt;
+    if (piece) bytes += static_cast<std::size_t>(image->height()) * image->stride();
+    if (!piece || bytes > sessionLimits::decodedBytes) return std::nullopt;
     loaded.document.pieces.push_back(std::move(*piece));
     loaded.pieceFiles.push_back(*path);
   }
@@ -133,7 +148,9 @@ std::optional<Loaded> load(const QString& directory, const PictureReader& reader
 }
 
 std::optional<SessionDocument> readDocument(const QString& directory) {
-  const auto text = AtomicFile::read(QDir(directory).filePath(documentName), sessionLimits::documentBytes);
+  const QString path = QDir(directory).filePath(documentName);
+  if (!isOwnFile(path)) return std::nullopt;
+  const auto text = AtomicFile::read(path, sessionLimits::documentBytes);
   if (!text) return std::nullopt;
   auto document = decodeSessionDocument(*text);
   if (!document) return std::nullopt;
@@ -144,9 +161,17 @@ std::optional<QString> piecePath(const QString& directory, const PieceRecord& pi
   const QString name = piece.file.section(u'/', -1);
   if (name.isEmpty() || name == u"." || name == u"..") return std::nullopt;
   const QString path = QDir(directory).filePath(name);
+  return isOwnFile(path) ? std::optional(path) : std::nullopt;
+}
+
+bool isOwnFile(const QString& path) {
   const QFileInfo info(path);
-  if (info.isSymLink() || !info.isFile()) return std::nullopt;
-  return path;
+  return info.isFile() && !info.isSymLink();
+}
+
+QString temporaryFor(const QString& directory) {
+  const QFileInfo target(directory);
+  return target.dir().filePath(temporaryPrefix + QString::number(::getpid()) + u'-' + target.fileName());
 }
 
 bool isTemporary(const QString& name) {

@@ -86,14 +86,12 @@ void SessionStore::loadIndex() {
       if (sessionFolder::isAbandoned(path)) removeFolderLater(path);
       continue;
     }
-    const auto document = sessionFolder::readDocument(path);
-    if (!document) {
+    auto item = readItem(path);
+    if (item) {
+      found.push_back(std::move(*item));
+    } else {
       removeFolderLater(path);
-      continue;
     }
-    Item item{path, document->pixelWidth, document->pixelHeight, document->savedAt, false};
-    item.hasThumbnail = QFileInfo(item.thumbnailFile()).isFile();
-    found.push_back(std::move(item));
   }
   for (const Item& item : items_) {
     const bool isPending = std::ranges::find(pendingWrites_, item.id()) != pendingWrites_.end();
@@ -103,6 +101,21 @@ void SessionStore::loadIndex() {
   std::ranges::stable_sort(found, [](const Item& a, const Item& b) { return a.savedAt > b.savedAt; });
   items_ = std::move(found);
   prune();
+}
+
+std::optional<SessionStore::Item> SessionStore::readItem(const QString& directory) const {
+  Item item;
+  // A session's folder never changes: what is known of one need not be read again.
+  const auto known = std::ranges::find(items_, directory, &Item::directory);
+  if (known != items_.end() && sessionFolder::isOwnFile(QDir(directory).filePath(sessionFolder::documentName))) {
+    item = *known;
+  } else {
+    const auto document = sessionFolder::readDocument(directory);
+    if (!document) return std::nullopt;
+    item = {directory, document->pixelWidth, document->pixelHeight, document->savedAt, false};
+  }
+  item.hasThumbnail = sessionFolder::isOwnFile(item.thumbnailFile());
+  return item;
 }
 
 void SessionStore::prune() {
@@ -121,7 +134,10 @@ void SessionStore::push(const ImageDocument& document, Date capturedAt) {
 }
 
 void SessionStore::record(const ImageDocument& document, Date capturedAt, std::shared_ptr<RecoveryFolder> recovery) {
-  if (document.pieces.empty()) return;
+  if (document.pieces.empty()) {
+    if (recovery) ioQueue_.async([recovery = std::move(recovery)] { recovery->remove(); });
+    return;
+  }
   const Date savedAt = runLoop_.now();
   const QString id = makeSessionId(savedAt);
   const QString directory = QDir(sessionsDirectory_).filePath(id);
@@ -136,10 +152,12 @@ void SessionStore::record(const ImageDocument& document, Date capturedAt, std::s
                   finished = lifetime_.guard([this](const QString& session, bool success, bool hasThumbnail) {
                     writeFinished(session, success, hasThumbnail);
                   })]() mutable {
+    // Kept before anything that takes its time, and for a later start should it become no session.
+    if (recovery) recovery->save(kept, capturedAt, savedAt);
     const auto pieceFiles = recovery ? recovery->pieceFiles(kept) : std::vector<QString>();
     const auto written = sessionFolder::write(directory, kept, capturedAt, savedAt, pieceFiles, renderer_);
-    // What could not be written stays where it was, for a later start.
     if (recovery && written) recovery->remove();
+    recovery.reset();
     kept = {};
     runLoop_.post([finished, id, success = written.has_value(),
                    hasThumbnail = written && written->hasThumbnail]() mutable { finished(id, success, hasThumbnail); });
@@ -170,8 +188,10 @@ int SessionStore::recoverOnQueue() {
     const auto folder = RecoveryFolder::claim(directory);
     if (!folder) continue;
     if (const auto left = sessionFolder::load(directory, reader_)) {
-      const QString target = QDir(sessionsDirectory_).filePath(makeSessionId(left->savedAt));
-      if (!sessionFolder::write(target, left->document, left->capturedAt, left->savedAt, left->pieceFiles, renderer_)) {
+      // Saved now: by its old time it might be older than everything in a full history.
+      const Date savedAt = runLoop_.now();
+      const QString target = QDir(sessionsDirectory_).filePath(makeSessionId(savedAt));
+      if (!sessionFolder::write(target, left->document, left->capturedAt, savedAt, left->pieceFiles, renderer_)) {
         continue;
       }
       ++count;
@@ -210,7 +230,11 @@ void SessionStore::take(std::size_t index, std::function<void(std::optional<Entr
                         completion(std::move(entry));
                       })]() mutable {
     auto loaded = sessionFolder::load(directory, reader_);
-    if (!loaded || !folder->adopt(directory, *loaded)) QDir(directory).removeRecursively();
+    // Where it cannot be moved the entry is written anew, and stays in the history until that has succeeded.
+    if (!loaded ||
+        (!folder->adopt(directory, *loaded) && folder->save(loaded->document, loaded->capturedAt, loaded->savedAt))) {
+      QDir(directory).removeRecursively();
+    }
     runLoop_.post(
         [completion = std::move(completion), loaded = std::move(loaded)]() mutable { completion(std::move(loaded)); });
   });

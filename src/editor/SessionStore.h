@@ -87,6 +87,7 @@ class SessionStore {
 
   void record(const ImageDocument& document, Date capturedAt, std::shared_ptr<RecoveryFolder> recovery);
   int recoverOnQueue();
+  std::optional<Item> readItem(const QString& directory) const;
   void prune();
   void removeFolderLater(const QString& directory);
   void writeFinished(const QString& id, bool success, bool hasThumbnail);

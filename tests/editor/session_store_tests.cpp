@@ -10,46 +10,18 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "SessionStoreTest.h"
 #include "editor/SessionFolder.h"
-#include "support/TestBitmaps.h"
-#include "support/VirtualRunLoop.h"
 
 namespace vellora {
 namespace {
 
 using test::solidBitmap;
 
-class SessionStoreTest : public testing::Test {
+class SessionStoreTest : public test::SessionStoreTest {
  protected:
-  std::unique_ptr<SessionStore> makeStore() {
-    return std::make_unique<SessionStore>(sessions, runLoop, [](const QString& path) -> std::optional<Bitmap> {
-      if (!QFile::exists(path)) return std::nullopt;
-      return solidBitmap({2, 2}, 0xFF00FF00);
-    });
-  }
-
-  static ImageDocument documentOf(PixelSize size, double scale = 1) {
-    ImageDocument document;
-    document.pieces.push_back(makePiece(solidBitmap(size, 0xFF336699), scale));
-    return document;
-  }
-
-  void push(SessionStore& store, PixelSize size = {40, 20}, double scale = 2) {
-    runLoop.advance(1);
-    store.push(documentOf(size, scale), runLoop.now());
-    store.waitForPendingWrites();
-    runLoop.runPosted();
-  }
-
-  QStringList folders() const {
-    return QDir(sessions).entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden, QDir::Name);
-  }
-
-  void writeFile(const QString& folder, const QString& name, const QByteArray& text) const {
-    QDir(sessions).mkpath(folder);
-    QFile file(QDir(sessions).filePath(folder + u'/' + name));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(text);
+  void writeSession(const QString& id, const QString& name, const QByteArray& text) const {
+    writeFile(QDir(sessions).filePath(id), name, text);
   }
 
   static QByteArray documentText(const QByteArray& file, double savedAt = 5) {
@@ -60,14 +32,6 @@ class SessionStoreTest : public testing::Test {
     document.pieces.push_back({QString::fromUtf8(file), 1, {0, 0}, {4, 4}, {}});
     return encode(document);
   }
-
-  QStringList leftBehind() const {
-    return QDir(root.filePath(QStringLiteral("Recovery"))).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-  }
-
-  QTemporaryDir root;
-  const QString sessions = root.filePath(QStringLiteral("Sessions"));
-  test::VirtualRunLoop runLoop;
 };
 
 TEST_F(SessionStoreTest, KeepsTheTenNewestAcrossStarts) {
@@ -109,15 +73,21 @@ TEST_F(SessionStoreTest, WritesTheDocumentInItsStoredForm) {
 }
 
 TEST_F(SessionStoreTest, DeletesFoldersThatHoldNoSession) {
-  writeFile(
+  writeSession(
       QStringLiteral("no-pieces"), QStringLiteral("session.json"),
       R"({"version":1,"capturedAt":1,"savedAt":1,"pixelWidth":1,"pixelHeight":1,"backdrop":{},"pieces":[],"annotations":[]})");
-  writeFile(QStringLiteral("garbage"), QStringLiteral("session.json"), QByteArray(1000, '['));
-  writeFile(QStringLiteral("no-document"), QStringLiteral("piece-0.png"), "x");
-  writeFile(QStringLiteral("good"), QStringLiteral("session.json"), documentText("piece-0.png"));
-  writeFile(QStringLiteral(".writing-by-another-process"), QStringLiteral("piece-0.png"), "x");
+  writeSession(QStringLiteral("garbage"), QStringLiteral("session.json"), QByteArray(1000, '['));
+  writeSession(QStringLiteral("no-document"), QStringLiteral("piece-0.png"), "x");
+  writeSession(QStringLiteral("good"), QStringLiteral("session.json"), documentText("piece-0.png"));
+  writeSession(QStringLiteral(".writing-by-another-process"), QStringLiteral("piece-0.png"), "x");
   const QString dead = QStringLiteral(".writing-999999999-by-a-dead-process");
-  writeFile(dead, QStringLiteral("piece-0.png"), "x");
+  writeSession(dead, QStringLiteral("piece-0.png"), "x");
+  writeSession(QStringLiteral("cut-short"), QStringLiteral("session.json"), documentText("piece-0.png").chopped(1));
+  writeSession(QStringLiteral("too-large"), QStringLiteral("session.json"), documentText("piece-0.png"));
+  QFile::resize(QDir(sessions).filePath(QStringLiteral("too-large/session.json")), sessionLimits::documentBytes + 1);
+  ASSERT_TRUE(QDir(sessions).mkpath(QStringLiteral("elsewhere")));
+  ASSERT_TRUE(QFile::link(QDir(sessions).filePath(QStringLiteral("good/session.json")),
+                          QDir(sessions).filePath(QStringLiteral("elsewhere/session.json"))));
   const std::array<timespec, 2> twoMinutesAgo{timespec{time(nullptr) - 120, 0}, timespec{time(nullptr) - 120, 0}};
   utimensat(AT_FDCWD, QFile::encodeName(QDir(sessions).filePath(dead)).constData(), twoMinutesAgo.data(), 0);
   auto store = makeStore();
@@ -137,15 +107,60 @@ TEST_F(SessionStoreTest, TakesAnEntryOutOfTheHistory) {
 
   store->take(1, [&](const auto& entry) { calls += entry && entry->document.pieces.size() == 1 ? 10 : 1000; });
   EXPECT_EQ(store->items().size(), 1u) << "gone from the list at once";
-  store->waitForPendingWrites();
-  runLoop.runPosted();
+  settle(*store);
   EXPECT_EQ(calls, 11);
   EXPECT_EQ(folders().size(), 1);
+
+  // Its picture has gone: there is nothing to reopen, and nothing is kept of it.
+  QFile::remove(store->items()[0].directory + QStringLiteral("/piece-0.png"));
+  EXPECT_FALSE(take(*store, 0));
+  EXPECT_TRUE(folders().isEmpty());
+}
+
+TEST_F(SessionStoreTest, RefusesPicturesThatTogetherTakeTooMuchMemory) {
+  const std::byte pixel{};
+  const Bitmap huge(&pixel, {60'000, 8'000}, 240'000, PixelAlpha::Opaque, nullptr);
+  SessionDocument document;
+  document.pieces.assign(2, {QStringLiteral("piece-0.png"), 1, {0, 0}, {4, 4}, {}});
+  writeSession(QStringLiteral("a"), QStringLiteral("session.json"), encode(document));
+  writeSession(QStringLiteral("a"), QStringLiteral("piece-0.png"), "x");
+  int read = 0;
+  const auto reader = [&](const QString&) -> std::optional<Bitmap> {
+    ++read;
+    return huge;
+  };
+  EXPECT_FALSE(sessionFolder::load(QDir(sessions).filePath(QStringLiteral("a")), reader));
+  EXPECT_EQ(read, 2);
+}
+
+TEST_F(SessionStoreTest, ShowsInAThumbnailOnlyWhatTheFinishedPictureShows) {
+  ImageDocument document = documentOf({40, 20});
+  Annotation erase;
+  erase.kind = Annotation::Kind::Blur;
+  erase.blurStyle = BlurStyle::Erase;
+  erase.p2 = {10, 10};
+  document.annotations = {makeAnnotation(erase)};
+  const QString folder = QDir(sessions).filePath(QStringLiteral("a"));
+  QDir().mkpath(sessions);
+  const auto writtenWith = [&](const sessionFolder::DocumentRenderer& renderer) {
+    QDir(folder).removeRecursively();
+    return sessionFolder::write(folder, document, {1}, {1}, {}, renderer);
+  };
+  EXPECT_FALSE(writtenWith({})->hasThumbnail);
+  EXPECT_FALSE(writtenWith([](const auto&, double) { return std::nullopt; })->hasThumbnail);
+  double scale = 0;
+  EXPECT_TRUE(writtenWith([&](const ImageDocument&, double wanted) {
+                scale = wanted;
+                return solidBitmap({40, 20}, 0xFFFF0000);
+              })->hasThumbnail);
+  EXPECT_EQ(scale, 1) << "never larger than the picture";
+  document.annotations.clear();
+  EXPECT_TRUE(writtenWith({})->hasThumbnail);
 }
 
 TEST_F(SessionStoreTest, NeverReadsAPictureOutsideTheSessionsFolder) {
-  writeFile(QStringLiteral("a"), QStringLiteral("session.json"), documentText("../../etc/piece-7.png"));
-  writeFile(QStringLiteral("a"), QStringLiteral("piece-7.png"), "x");
+  writeSession(QStringLiteral("a"), QStringLiteral("session.json"), documentText("../../etc/piece-7.png"));
+  writeSession(QStringLiteral("a"), QStringLiteral("piece-7.png"), "x");
   const QString folder = QDir(sessions).filePath(QStringLiteral("a"));
   const auto path = [&folder](const char* file) {
     return sessionFolder::piecePath(folder, {QString::fromLatin1(file), 1, {}, {}, {}});
@@ -166,8 +181,7 @@ TEST_F(SessionStoreTest, DropsAnEntryThatCannotBeWritten) {
   document.pieces.push_back(broken);
   store->push(document, runLoop.now());
   EXPECT_EQ(store->items().size(), 1u) << "listed while it is being written";
-  store->waitForPendingWrites();
-  runLoop.runPosted();
+  settle(*store);
   EXPECT_TRUE(store->items().empty());
   EXPECT_TRUE(folders().isEmpty());
 
@@ -213,89 +227,6 @@ TEST_F(SessionStoreTest, AKillLeavesNoHalfWrittenSession) {
   }
 }
 
-TEST_F(SessionStoreTest, KeepsOpenDocumentsUntilTheyAreClosed) {
-  auto store = makeStore();
-  ImageDocument document = documentOf({30, 20});
-  auto open = store->open(document, {5});
-  store->waitForPendingWrites();
-  EXPECT_EQ(leftBehind().size(), 1);
-  EXPECT_TRUE(store->items().empty());
-  makeStore()->recoverAbandoned([](int) { FAIL() << "its owner lives"; });
-
-  // A second piece arrives, the first one goes.
-  document.pieces.push_back(makePiece(solidBitmap({8, 8}, 0xFFFFFFFF), 1));
-  open->update(document);
-  runLoop.advance(0.6);
-  document.pieces.erase(document.pieces.begin());
-  open->close(document);
-  EXPECT_EQ(store->items().size(), 1u) << "listed at once";
-  store->waitForPendingWrites();
-  runLoop.runPosted();
-  EXPECT_TRUE(leftBehind().isEmpty());
-  ASSERT_EQ(folders().size(), 1);
-  const auto written = sessionFolder::readDocument(store->items()[0].directory);
-  ASSERT_TRUE(written);
-  EXPECT_EQ(written->pieces[0].file, QStringLiteral("piece-0.png"));
-  EXPECT_EQ(written->pixelWidth, 8);
-  EXPECT_TRUE(store->items()[0].hasThumbnail);
-
-  // Reopened, it is out of the history but still on disk, and the way back writes no picture anew.
-  std::optional<SessionStore::Entry> entry;
-  store->take(0, [&](std::optional<SessionStore::Entry> taken) { entry = std::move(taken); });
-  store->waitForPendingWrites();
-  runLoop.runPosted();
-  ASSERT_TRUE(entry);
-  EXPECT_TRUE(folders().isEmpty());
-  EXPECT_EQ(leftBehind().size(), 1);
-  entry->open->close(entry->document);
-  store->waitForPendingWrites();
-  runLoop.runPosted();
-  EXPECT_TRUE(leftBehind().isEmpty());
-  EXPECT_EQ(folders().size(), 1);
-}
-
-TEST_F(SessionStoreTest, FindsDocumentsAgainThatAKillLeftOpen) {
-  int recovered = 0;
-  for (const useconds_t wait : {2000u, 20000u, 40000u}) {
-    int ready[2];
-    ASSERT_EQ(pipe(ready), 0);
-    const pid_t child = fork();
-    if (child == 0) {
-      auto store = makeStore();
-      ImageDocument document = documentOf({30, 20});
-      const auto open = store->open(document, {5});
-      store->waitForPendingWrites();
-      char byte = 1;
-      if (write(ready[1], &byte, 1) != 1) _exit(1);
-      for (int number = 1;; ++number) {
-        Annotation counter;
-        counter.kind = Annotation::Kind::Counter;
-        counter.number = number;
-        document.annotations.assign(1, makeAnnotation(counter));
-        if (number % 7 == 0) document.pieces.push_back(makePiece(solidBitmap({9, 9}, 0), 1));
-        open->update(document);
-        runLoop.advance(1);
-      }
-    }
-    char byte = 0;
-    ASSERT_EQ(read(ready[0], &byte, 1), 1);
-    close(ready[0]);
-    close(ready[1]);
-    usleep(wait);
-    kill(child, SIGKILL);
-    waitpid(child, nullptr, 0);
-    auto store = makeStore();
-    store->recoverAbandoned([&](int count) { recovered += count; });
-    store->waitForPendingWrites();
-    runLoop.runPosted();
-  }
-  EXPECT_EQ(recovered, 3);
-  EXPECT_TRUE(leftBehind().isEmpty());
-  auto store = makeStore();
-  EXPECT_EQ(store->items().size(), 3u);
-  for (const auto& item : store->items()) EXPECT_TRUE(item.hasThumbnail);
-}
-
 TEST_F(SessionStoreTest, BringsCropsAndAnnotationsBack) {
   auto store = makeStore();
   ImageDocument document = documentOf({2, 2}, 0.1);
@@ -319,10 +250,7 @@ TEST_F(SessionStoreTest, BringsCropsAndAnnotationsBack) {
   document.annotations = {makeAnnotation(pen), makeAnnotation(blur)};
   document.backdrop.enabled = true;
   store->push(document, {5});
-  std::optional<SessionStore::Entry> entry;
-  store->take(0, [&](std::optional<SessionStore::Entry> taken) { entry = std::move(taken); });
-  store->waitForPendingWrites();
-  runLoop.runPosted();
+  const auto entry = take(*store, 0);
   ASSERT_TRUE(entry);
   EXPECT_EQ(entry->document.pieces[0].visibleRect, piece.visibleRect);
   EXPECT_EQ(entry->document.pieces[0].frame(), piece.frame());
@@ -344,6 +272,20 @@ TEST(SessionItem, LabelsTodayByTimeAndOtherDaysByDay) {
   EXPECT_EQ(item.label(english, Date::fromDateTime(noon.addDays(1))),
             QStringLiteral("1280 × 720 — history.yesterday, 12:05 PM"));
   EXPECT_EQ(item.label(english, Date::fromDateTime(noon.addDays(5))), QStringLiteral("1280 × 720 — 3/14/26, 12:05 PM"));
+}
+
+TEST(SessionDocument, WritesNothingItWouldNotRead) {
+  ImageDocument document;
+  for (const double place : {-1e300, 1e300}) {
+    CapturePiece piece = makePiece(solidBitmap({4, 4}, 0), 1000);
+    piece.origin = {place, 0};
+    document.pieces.push_back(piece);
+  }
+  document.annotations.assign(sessionLimits::annotations + 1, makeAnnotation({}));
+  const std::vector<QString> files(2, QStringLiteral("piece-0.png"));
+  const auto read = decodeSessionDocument(encode(makeSessionDocument(document, files, {1}, {2})));
+  ASSERT_TRUE(read);
+  EXPECT_EQ(read->pieces[1].origin.x, sessionLimits::coordinate);
 }
 
 TEST(SessionDocument, RefusesWhatItCouldNotDrawAgain) {
