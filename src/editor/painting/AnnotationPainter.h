@@ -20,4 +20,7 @@ class AnnotationPainter {
 /// when it changes. Any thread; quick for what this thread drew last.
 Rect paintedBounds(const Annotation& annotation);
 
+/// What to repaint when `before` becomes `after`: of a pen's stroke that grows only what the new samples changed.
+Rect changedBounds(const Annotation& before, const Annotation& after);
+
 }  // namespace vellora

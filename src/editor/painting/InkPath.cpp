@@ -83,7 +83,7 @@ class Cutter {
   }
 
  private:
-  static constexpr std::size_t mostCurves = 24;
+  static constexpr std::size_t mostCurves = 16;
   // Several times as long as wide, or the chords would take as long as the outline.
   static constexpr double shortest = 24;
   static constexpr double longest = 160;
@@ -168,6 +168,34 @@ QPainterPath InkPath::within(const QRectF& clip) const {
     }
   }
   return part;
+}
+
+QRectF InkPath::changedFrom(const InkPath& other) const {
+  QRectF changed;
+  const auto add = [&](const QRectF& bounds) { changed = changed.isNull() ? bounds : changed | bounds; };
+  const auto same = [&](const Piece& a, const Piece& b) {
+    if (a.end - a.begin != b.end - b.begin) return false;
+    for (int i = 0; i < a.end - a.begin; ++i) {
+      if (whole_.elementAt(a.begin + i) != other.whole_.elementAt(b.begin + i)) return false;
+    }
+    return true;
+  };
+  // Both are sorted alike, so that equal pieces come in the same order.
+  auto mine = pieces_.begin();
+  auto its = other.pieces_.begin();
+  while (mine != pieces_.end() && its != other.pieces_.end()) {
+    if (same(*mine, *its)) {
+      ++mine;
+      ++its;
+    } else if (mine->bounds.left() >= its->bounds.left()) {
+      add((mine++)->bounds);
+    } else {
+      add((its++)->bounds);
+    }
+  }
+  for (; mine != pieces_.end(); ++mine) add(mine->bounds);
+  for (; its != other.pieces_.end(); ++its) add(its->bounds);
+  return changed;
 }
 
 }  // namespace vellora

@@ -29,6 +29,8 @@ class InkPath {
   const QPainterPath& whole() const { return whole_; }
   /// A path that fills the same as the whole within `clip`.
   QPainterPath within(const QRectF& clip) const;
+  /// Around the pieces that only one of the two has: outside of it both fill the same.
+  QRectF changedFrom(const InkPath& other) const;
 
  private:
   struct Piece {

@@ -10,6 +10,9 @@ namespace {
 
 using Kind = Annotation::Kind;
 
+/// Smoothing spreads letters and edges over the next pixel.
+constexpr double margin = 1;
+
 Rect grown(const Rect& rect, double reach) {
   return {{rect.minX() - reach, rect.minY() - reach}, {rect.size.width + 2 * reach, rect.size.height + 2 * reach}};
 }
@@ -53,8 +56,6 @@ Rect textBounds(const Annotation& annotation, const Measures& measures) {
 }  // namespace
 
 Rect paintedBounds(const Annotation& annotation) {
-  /// Smoothing spreads letters and edges over the next pixel.
-  constexpr double margin = 1;
   const auto measures = measuresOf(annotation);
   if (!measures) return {};
   switch (annotation.kind) {
@@ -81,6 +82,20 @@ Rect paintedBounds(const Annotation& annotation) {
       return measures->rect();
   }
   return {};
+}
+
+Rect changedBounds(const Annotation& before, const Annotation& after) {
+  const auto first = measuresOf(before);
+  const auto second = measuresOf(after);
+  if (first && second && before.kind == Kind::Pen && after.kind == Kind::Pen && before.color == after.color) {
+    PaintCache& cache = PaintCache::ofThisThread();
+    const QRectF changed = cache.ink(after, *second)->lines.changedFrom(cache.ink(before, *first)->lines);
+    return changed.isNull() ? Rect{} : grown(fromQt(changed), margin);
+  }
+  const Rect old = paintedBounds(before);
+  const Rect next = paintedBounds(after);
+  if (old.isEmpty()) return next;
+  return next.isEmpty() ? old : old.united(next);
 }
 
 }  // namespace vellora

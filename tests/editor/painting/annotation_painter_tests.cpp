@@ -184,6 +184,34 @@ TEST(AnnotationPainter, AChangedAnnotationIsDrawnAnew) {
   }
 }
 
+TEST(AnnotationPainter, AGrowingStrokeChangesAtItsEndOnly) {
+  Annotation before = make(Kind::Pen);
+  before.lineWidth = 2;
+  before.penPoints.emplace();
+  for (int i = 0; i < 300; ++i) {
+    Annotation after = before;
+    after.penPoints->push_back({150 + 100 * std::cos(i / 30.0), 120 + 80 * std::sin(i / 23.0)});
+    const Rect changed = changedBounds(before, after);
+    const QImage old = drawn(before);
+    const QImage next = drawn(after);
+    for (int y = 0; y < old.height(); ++y) {
+      for (int x = 0; x < old.width(); ++x) {
+        if (old.pixel(x, y) == next.pixel(x, y)) continue;
+        ASSERT_TRUE(x >= std::floor(changed.minX()) && x < std::ceil(changed.maxX())) << i;
+        ASSERT_TRUE(y >= std::floor(changed.minY()) && y < std::ceil(changed.maxY())) << i;
+      }
+    }
+    if (i > 200) {
+      const Rect all = paintedBounds(after);
+      EXPECT_LT(changed.size.width * changed.size.height, 0.4 * all.size.width * all.size.height) << i;
+    }
+    before = after;
+  }
+  Annotation recolored = before;
+  recolored.color = Palette::slate;
+  EXPECT_EQ(changedBounds(before, recolored), paintedBounds(before));
+}
+
 TEST(AnnotationPainter, PressureTurnsSimulationOff) {
   Annotation mouse = make(Kind::Pen);
   mouse.penPressures = std::vector<double>(60, 0.5);
