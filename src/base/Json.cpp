@@ -11,6 +11,7 @@ namespace {
 std::optional<Error> limitBroken(const QByteArray& text) {
   std::array<int, maximumDepth + 1> members{};  // by depth, of the object open there
   std::size_t depth = 0;
+  int values = 0;
   bool inString = false;
   for (qsizetype i = 0; i < text.size(); ++i) {
     const char c = text[i];
@@ -25,6 +26,7 @@ std::optional<Error> limitBroken(const QByteArray& text) {
       members[depth] = 0;
     }
     if ((c == '}' || c == ']') && depth > 0) --depth;
+    if ((c == ',' || c == '{' || c == '[') && ++values > maximumValues) return Error::TooWide;
     if (c == ':' && ++members[depth] > maximumMembers) return Error::TooWide;
   }
   return std::nullopt;

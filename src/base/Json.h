@@ -26,6 +26,8 @@ namespace json {
 inline constexpr int maximumDepth = 64;
 /// Objects with more members than this are refused.
 inline constexpr int maximumMembers = 4096;
+/// Documents with more values than this are refused: one of two bytes takes up to a hundred in memory.
+inline constexpr int maximumValues = 6'000'000;
 
 enum class Error { Malformed, TooDeep, TooWide };
 

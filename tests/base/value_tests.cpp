@@ -104,6 +104,7 @@ TEST(Json, RefusesWhatIsMalformedTooDeepOrTooWide) {
   };
   EXPECT_TRUE(json::parse(wide(json::maximumMembers)));
   EXPECT_EQ(json::parse(wide(json::maximumMembers + 1)).error(), json::Error::TooWide);
+  EXPECT_EQ(json::parse("[" + QByteArray("0,").repeated(json::maximumValues) + "0]").error(), json::Error::TooWide);
   // Many small objects are no wide one.
   QByteArray many("[{\"a\":1}");
   for (int i = 0; i < 10000; ++i) many += ",{\"a\":\"::\"}";
