@@ -22,8 +22,7 @@ VerbDescription captureVerb() {
   verb.summary = "take a picture of the screen";
   verb.description =
       "Without --save, --copy, --edit, --pin or --output the picture goes through the after-capture actions chosen in "
-      "the "
-      "settings. With --output alone it is only written to that file and does not enter the history. Positions and "
+      "the settings. With --output alone it is only written to that file and does not enter the history. Positions and "
       "sizes are "
       "device pixels of the whole desktop, as the displays and windows verbs print them.";
   verb.standsAlone = false;
@@ -68,8 +67,7 @@ VerbDescription renderVerb() {
   verb.summary = "make a picture of a session, annotations and backdrop included";
   verb.description =
       "Needs no display. What redactions cover and crops leave out is in no way part of the picture; its file carries "
-      "no "
-      "metadata.";
+      "no metadata.";
   verb.arguments = {{"SESSION", "the folder of a session, or its session.json", true, {}, false, ValueHint::File}};
   verb.options = {pictureOutput(), {"--scale", "N", "pixels per point, by default those of the sharpest piece"}};
   return verb;
@@ -96,8 +94,8 @@ VerbDescription historyVerb() {
   verb.standsAlone = false;
   verb.verbs = {
       {"list", "list them, the newest first", ""},
-      {"show", "print what one holds", "", {{"N", "its number in the list, from 1", false}}},
-      {"reopen", "open one again", "", {{"N", "its number in the list, from 1", false}}},
+      {"show", "print what one holds", "", {{"N", "its number in the list, by default 1, the newest", false}}},
+      {"reopen", "open one again", "", {{"N", "its number in the list, by default 1, the newest", false}}},
       {"clear", "forget and delete all of them", ""},
   };
   return verb;

@@ -29,7 +29,10 @@ void writeVerb(std::ostringstream& out, const std::string& path, const VerbDescr
     out << ".TP\n.B " << escaped("vellora " + name);
     for (const ArgumentDescription& argument : verb.arguments) {
       out << (argument.isRequired ? " " : " [") << "\\fI" << escaped(argument.name) << "\\fR"
-          << (argument.isRequired ? "" : "]");
+          << (argument.isRepeated ? " ..." : "") << (argument.isRequired ? "" : "]");
+    }
+    for (const OptionDescription& option : verb.options) {
+      if (option.isRequired) out << " " << escaped(option.name) << " \\fI" << escaped(option.value) << "\\fR";
     }
     out << "\n" << escaped(verb.summary) << ".\n";
     for (const ArgumentDescription& argument : verb.arguments) {
@@ -71,6 +74,7 @@ std::string manualPage() {
          "into it\n"
       << ".SH FILES\n.TP\n.I ~/.config/vellora/\nthe settings\n.TP\n.I ~/.local/share/Vellora/Sessions/\nthe history "
          "of captures\n"
+      << ".TP\n.I ~/.local/share/Vellora/Recovery/\nwhat editors and pins have open, found again after a crash\n"
       << ".TP\n.I ~/.local/share/Vellora/Clipboard/\nthe files behind the last copies\n";
   return out.str();
 }

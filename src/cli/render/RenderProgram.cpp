@@ -7,6 +7,7 @@
 
 #include "base/AtomicFile.h"
 #include "base/Json.h"
+#include "base/Log.h"
 #include "editor/SessionFolder.h"
 #include "editor/painting/Fonts.h"
 #include "editor/rendering/DocumentRenderer.h"
@@ -98,6 +99,11 @@ Loaded loadAnnotated(const QString& imagePath, const QString& documentPath) {
   return document;
 }
 
+/// What Qt has to say of damaged files and of its surroundings is no message for people; ours say what failed.
+void noteMessage(QtMsgType, const QMessageLogContext&, const QString& text) {
+  log::debug(text);
+}
+
 int complain(int code, const QString& message) {
   std::fprintf(stderr, "vellora: %s\n", qUtf8Printable(message));
   return code;
@@ -121,6 +127,7 @@ int draw(const ImageDocument& document, const QString& output, PictureFormat for
 }  // namespace
 
 int runRender(int argc, char** argv) {
+  qInstallMessageHandler(noteMessage);
   // No display, whatever the session has: pictures are the same everywhere.
   qputenv("QT_QPA_PLATFORM", "offscreen");
   qunsetenv("QT_QPA_PLATFORMTHEME");
