@@ -127,10 +127,7 @@ std::vector<QString> RecoveryFolder::pieceFiles(const ImageDocument& document) c
 }
 
 void RecoveryFolder::remove() {
-  const QDir folder(directory_);
-  // First what makes it a document: a kill in the middle leaves nothing to bring back.
-  QFile::remove(folder.filePath(sessionFolder::documentName));
-  QDir(directory_).removeRecursively();
+  sessionFolder::remove(directory_);
 }
 
 }  // namespace vellora

@@ -174,6 +174,12 @@ QString temporaryFor(const QString& directory) {
   return target.dir().filePath(temporaryPrefix + QString::number(::getpid()) + u'-' + target.fileName());
 }
 
+void remove(const QString& directory) {
+  const QDir folder(directory);
+  QFile::remove(folder.filePath(documentName));
+  QDir(directory).removeRecursively();
+}
+
 bool isTemporary(const QString& name) {
   return name.startsWith(temporaryPrefix);
 }

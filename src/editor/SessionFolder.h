@@ -60,6 +60,9 @@ bool isOwnFile(const QString& path);
 
 /// The hidden name beside `directory` under which it is written before it is moved there.
 QString temporaryFor(const QString& directory);
+/// Deletes a session's folder, first what makes it a session: a kill in the middle leaves nothing that looks like one.
+void remove(const QString& directory);
+
 /// Whether a folder of the root is one being written; `isAbandoned` when its writer has died.
 bool isTemporary(const QString& name);
 bool isAbandoned(const QString& path);

@@ -126,7 +126,7 @@ void SessionStore::prune() {
 }
 
 void SessionStore::removeFolderLater(const QString& directory) {
-  ioQueue_.async([directory] { QDir(directory).removeRecursively(); });
+  ioQueue_.async([directory] { sessionFolder::remove(directory); });
 }
 
 void SessionStore::push(const ImageDocument& document, Date capturedAt) {
@@ -233,7 +233,7 @@ void SessionStore::take(std::size_t index, std::function<void(std::optional<Entr
     // Where it cannot be moved the entry is written anew, and stays in the history until that has succeeded.
     if (!loaded ||
         (!folder->adopt(directory, *loaded) && folder->save(loaded->document, loaded->capturedAt, loaded->savedAt))) {
-      QDir(directory).removeRecursively();
+      sessionFolder::remove(directory);
     }
     runLoop_.post(
         [completion = std::move(completion), loaded = std::move(loaded)]() mutable { completion(std::move(loaded)); });
