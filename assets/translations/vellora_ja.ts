@@ -517,1017 +517,1017 @@
     </message>
     <message id="toast.recovered" numerus="yes">
         <source>%n capture(s) that were open when Vellora ended are in the history</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Vellora の終了時に開いていた %n 件のキャプチャを履歴に残しました</numerusform>
         </translation>
     </message>
     <message id="toast.pinFailed">
         <source>This picture cannot be pinned</source>
-        <translation type="unfinished"></translation>
+        <translation>この画像はピン留めできません</translation>
     </message>
     <message id="menu.endClickThrough">
         <source>Let Clicks Reach the Pins Again</source>
-        <translation type="unfinished"></translation>
+        <translation>ピン留めのクリック透過を解除</translation>
     </message>
     <message id="backdrop.frame.browserLight">
         <source>Browser window, light</source>
-        <translation type="unfinished"></translation>
+        <translation>ブラウザーウィンドウ（ライト）</translation>
     </message>
     <message id="backdrop.frame.laptopLight">
         <source>Laptop, light</source>
-        <translation type="unfinished"></translation>
+        <translation>ノート PC（ライト）</translation>
     </message>
     <message id="backdrop.frame.phoneLight">
         <source>Phone, light</source>
-        <translation type="unfinished"></translation>
+        <translation>スマートフォン（ライト）</translation>
     </message>
     <message id="backdrop.frame.browserDark">
         <source>Browser window, dark</source>
-        <translation type="unfinished"></translation>
+        <translation>ブラウザーウィンドウ（ダーク）</translation>
     </message>
     <message id="backdrop.frame.laptopDark">
         <source>Laptop, dark</source>
-        <translation type="unfinished"></translation>
+        <translation>ノート PC（ダーク）</translation>
     </message>
     <message id="backdrop.frame.phoneDark">
         <source>Phone, dark</source>
-        <translation type="unfinished"></translation>
+        <translation>スマートフォン（ダーク）</translation>
     </message>
     <message id="backdrop.title">
         <source>Backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>背景</translation>
     </message>
     <message id="backdrop.reset">
         <source>Back to the default backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>既定の背景に戻す</translation>
     </message>
     <message id="backdrop.enabled">
         <source>Show the backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>背景を表示</translation>
     </message>
     <message id="backdrop.layout">
         <source>Layout</source>
-        <translation type="unfinished"></translation>
+        <translation>レイアウト</translation>
     </message>
     <message id="backdrop.layout.margin">
         <source>Margin</source>
-        <translation type="unfinished"></translation>
+        <translation>余白</translation>
     </message>
     <message id="backdrop.layout.radius">
         <source>Corner radius</source>
-        <translation type="unfinished"></translation>
+        <translation>角の丸み</translation>
     </message>
     <message id="backdrop.layout.shadow">
         <source>Shadow</source>
-        <translation type="unfinished"></translation>
+        <translation>影</translation>
     </message>
     <message id="backdrop.aspect">
         <source>Aspect ratio</source>
-        <translation type="unfinished"></translation>
+        <translation>縦横比</translation>
     </message>
     <message id="backdrop.aspect.auto">
         <source>Auto</source>
-        <translation type="unfinished"></translation>
+        <translation>自動</translation>
     </message>
     <message id="backdrop.frame">
         <source>Frame</source>
-        <translation type="unfinished"></translation>
+        <translation>フレーム</translation>
     </message>
     <message id="backdrop.frame.none">
         <source>No frame</source>
-        <translation type="unfinished"></translation>
+        <translation>フレームなし</translation>
     </message>
     <message id="backdrop.placement">
         <source>Placement</source>
-        <translation type="unfinished"></translation>
+        <translation>配置</translation>
     </message>
     <message id="backdrop.tiltX">
         <source>Tilt sideways</source>
-        <translation type="unfinished"></translation>
+        <translation>左右の傾き</translation>
     </message>
     <message id="backdrop.tiltY">
         <source>Tilt up and down</source>
-        <translation type="unfinished"></translation>
+        <translation>上下の傾き</translation>
     </message>
     <message id="backdrop.rotation">
         <source>Rotation</source>
-        <translation type="unfinished"></translation>
+        <translation>回転</translation>
     </message>
     <message id="backdrop.contentScale">
         <source>Size</source>
-        <translation type="unfinished"></translation>
+        <translation>サイズ</translation>
     </message>
     <message id="backdrop.contentOffset">
         <source>Position</source>
-        <translation type="unfinished"></translation>
+        <translation>位置</translation>
     </message>
     <message id="backdrop.effects">
         <source>Effects</source>
-        <translation type="unfinished"></translation>
+        <translation>効果</translation>
     </message>
     <message id="backdrop.glow">
         <source>Glow</source>
-        <translation type="unfinished"></translation>
+        <translation>グロー</translation>
     </message>
     <message id="backdrop.glowCenter">
         <source></source>
-        <translation type="unfinished"></translation>
+        <translation>グローの中心</translation>
     </message>
     <message id="backdrop.grain">
         <source>Grain</source>
-        <translation type="unfinished"></translation>
+        <translation>粒状感</translation>
     </message>
     <message id="backdrop.edgeBlur">
         <source>Edge blur</source>
-        <translation type="unfinished"></translation>
+        <translation>端のぼかし</translation>
     </message>
     <message id="backdrop.edgeBlur.none">
         <source>No edge blur</source>
-        <translation type="unfinished"></translation>
+        <translation>端をぼかさない</translation>
     </message>
     <message id="backdrop.edgeBlur.bottom">
         <source>Blur the bottom</source>
-        <translation type="unfinished"></translation>
+        <translation>下端をぼかす</translation>
     </message>
     <message id="backdrop.edgeBlur.left">
         <source>Blur the left</source>
-        <translation type="unfinished"></translation>
+        <translation>左端をぼかす</translation>
     </message>
     <message id="backdrop.edgeBlur.right">
         <source>Blur the right</source>
-        <translation type="unfinished"></translation>
+        <translation>右端をぼかす</translation>
     </message>
     <message id="backdrop.edgeBlur.all">
         <source>Blur all edges</source>
-        <translation type="unfinished"></translation>
+        <translation>すべての端をぼかす</translation>
     </message>
     <message id="backdrop.curated.arc">
         <source>Arc</source>
-        <translation type="unfinished"></translation>
+        <translation>アーク</translation>
     </message>
     <message id="backdrop.curated.haze">
         <source>Haze</source>
-        <translation type="unfinished"></translation>
+        <translation>かすみ</translation>
     </message>
     <message id="backdrop.curated.lavender">
         <source>Lavender</source>
-        <translation type="unfinished"></translation>
+        <translation>ラベンダー</translation>
     </message>
     <message id="backdrop.curated.ember">
         <source>Ember</source>
-        <translation type="unfinished"></translation>
+        <translation>残り火</translation>
     </message>
     <message id="backdrop.curated.moss">
         <source>Moss</source>
-        <translation type="unfinished"></translation>
+        <translation>苔</translation>
     </message>
     <message id="backdrop.curated.lagoon">
         <source>Lagoon</source>
-        <translation type="unfinished"></translation>
+        <translation>ラグーン</translation>
     </message>
     <message id="backdrop.curated.sky">
         <source>Sky</source>
-        <translation type="unfinished"></translation>
+        <translation>空</translation>
     </message>
     <message id="backdrop.gradient.dawn">
         <source>Dawn</source>
-        <translation type="unfinished"></translation>
+        <translation>夜明け</translation>
     </message>
     <message id="backdrop.gradient.peach">
         <source>Peach</source>
-        <translation type="unfinished"></translation>
+        <translation>ピーチ</translation>
     </message>
     <message id="backdrop.gradient.coral">
         <source>Coral</source>
-        <translation type="unfinished"></translation>
+        <translation>コーラル</translation>
     </message>
     <message id="backdrop.gradient.dusk">
         <source>Dusk</source>
-        <translation type="unfinished"></translation>
+        <translation>夕暮れ</translation>
     </message>
     <message id="backdrop.gradient.iris">
         <source>Iris</source>
-        <translation type="unfinished"></translation>
+        <translation>アイリス</translation>
     </message>
     <message id="backdrop.gradient.indigo">
         <source>Indigo</source>
-        <translation type="unfinished"></translation>
+        <translation>インディゴ</translation>
     </message>
     <message id="backdrop.gradient.ocean">
         <source>Ocean</source>
-        <translation type="unfinished"></translation>
+        <translation>海</translation>
     </message>
     <message id="backdrop.gradient.mist">
         <source>Mist</source>
-        <translation type="unfinished"></translation>
+        <translation>霧</translation>
     </message>
     <message id="backdrop.gradient.mint">
         <source>Mint</source>
-        <translation type="unfinished"></translation>
+        <translation>ミント</translation>
     </message>
     <message id="backdrop.gradient.forest">
         <source>Forest</source>
-        <translation type="unfinished"></translation>
+        <translation>森</translation>
     </message>
     <message id="backdrop.gradient.slate">
         <source>Slate</source>
-        <translation type="unfinished"></translation>
+        <translation>スレート</translation>
     </message>
     <message id="backdrop.gradient.night">
         <source>Night</source>
-        <translation type="unfinished"></translation>
+        <translation>夜</translation>
     </message>
     <message id="backdrop.color.white">
         <source>White</source>
-        <translation type="unfinished"></translation>
+        <translation>白</translation>
     </message>
     <message id="backdrop.color.gray">
         <source>Gray</source>
-        <translation type="unfinished"></translation>
+        <translation>グレー</translation>
     </message>
     <message id="backdrop.color.black">
         <source>Black</source>
-        <translation type="unfinished"></translation>
+        <translation>黒</translation>
     </message>
     <message id="backdrop.color.blue">
         <source>Blue</source>
-        <translation type="unfinished"></translation>
+        <translation>青</translation>
     </message>
     <message id="backdrop.color.purple">
         <source>Purple</source>
-        <translation type="unfinished"></translation>
+        <translation>紫</translation>
     </message>
     <message id="backdrop.color.pink">
         <source>Pink</source>
-        <translation type="unfinished"></translation>
+        <translation>ピンク</translation>
     </message>
     <message id="backdrop.color.red">
         <source>Red</source>
-        <translation type="unfinished"></translation>
+        <translation>赤</translation>
     </message>
     <message id="backdrop.color.orange">
         <source>Orange</source>
-        <translation type="unfinished"></translation>
+        <translation>オレンジ</translation>
     </message>
     <message id="backdrop.color.green">
         <source>Green</source>
-        <translation type="unfinished"></translation>
+        <translation>緑</translation>
     </message>
     <message id="backdrop.color.teal">
         <source>Teal</source>
-        <translation type="unfinished"></translation>
+        <translation>青緑</translation>
     </message>
     <message id="backdrop.background">
         <source>Background</source>
-        <translation type="unfinished"></translation>
+        <translation>背景の塗り</translation>
     </message>
     <message id="backdrop.ownPicture">
         <source>A picture of your own…</source>
-        <translation type="unfinished"></translation>
+        <translation>画像を選択…</translation>
     </message>
     <message id="backdrop.ownColor">
         <source>Another colour…</source>
-        <translation type="unfinished"></translation>
+        <translation>その他の色…</translation>
     </message>
     <message id="backdrop.ownPicture.title">
         <source>Choose a background picture</source>
-        <translation type="unfinished"></translation>
+        <translation>背景画像を選択</translation>
     </message>
     <message id="backdrop.ownPicture.filter">
         <source>Pictures</source>
-        <translation type="unfinished"></translation>
+        <translation>画像</translation>
     </message>
     <message id="backdrop.gradient.stops">
         <source>Colours of the gradient</source>
-        <translation type="unfinished"></translation>
+        <translation>グラデーションの色</translation>
     </message>
     <message id="backdrop.gradient.stopsHelp">
         <source>Drag a colour to move it, away to remove it; click to add one</source>
-        <translation type="unfinished"></translation>
+        <translation>ドラッグで色を移動、外へドラッグで削除、クリックで追加</translation>
     </message>
     <message id="backdrop.gradient.color">
         <source>Colour of the stop</source>
-        <translation type="unfinished"></translation>
+        <translation>分岐点の色</translation>
     </message>
     <message id="backdrop.gradient.add">
         <source>Add a colour</source>
-        <translation type="unfinished"></translation>
+        <translation>色を追加</translation>
     </message>
     <message id="backdrop.gradient.remove">
         <source>Remove the colour</source>
-        <translation type="unfinished"></translation>
+        <translation>色を削除</translation>
     </message>
     <message id="backdrop.gradient.reverse">
         <source>Turn the gradient round</source>
-        <translation type="unfinished"></translation>
+        <translation>グラデーションを反転</translation>
     </message>
     <message id="backdrop.gradient.angle">
         <source>Angle</source>
-        <translation type="unfinished"></translation>
+        <translation>角度</translation>
     </message>
     <message id="backdrop.styles">
         <source>Saved styles</source>
-        <translation type="unfinished"></translation>
+        <translation>保存済みのスタイル</translation>
     </message>
     <message id="backdrop.styles.save">
         <source>Save this style…</source>
-        <translation type="unfinished"></translation>
+        <translation>このスタイルを保存…</translation>
     </message>
     <message id="backdrop.styles.suggestion">
         <source>Style %1</source>
-        <translation type="unfinished"></translation>
+        <translation>スタイル %1</translation>
     </message>
     <message id="backdrop.styles.help">
         <source>Click applies the style; a right click renames, renews or deletes it</source>
-        <translation type="unfinished"></translation>
+        <translation>クリックで適用、右クリックで名前の変更・更新・削除</translation>
     </message>
     <message id="backdrop.styles.rename">
         <source>Rename…</source>
-        <translation type="unfinished"></translation>
+        <translation>名前を変更…</translation>
     </message>
     <message id="backdrop.styles.renameAction">
         <source>Rename</source>
-        <translation type="unfinished"></translation>
+        <translation>名前を変更</translation>
     </message>
     <message id="backdrop.styles.update">
         <source>Replace with the current backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>現在の背景で置き換え</translation>
     </message>
     <message id="backdrop.styles.delete">
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>削除</translation>
     </message>
     <message id="backdrop.styles.name">
         <source>Name of the style</source>
-        <translation type="unfinished"></translation>
+        <translation>スタイルの名前</translation>
     </message>
     <message id="backdrop.styles.accept">
         <source>Save</source>
-        <translation type="unfinished">保存</translation>
+        <translation>保存</translation>
     </message>
     <message id="canvas.hint.drawLine">
         <source>Drag to draw  ·  Shift keeps to steps of 45°</source>
-        <translation type="unfinished"></translation>
+        <translation>ドラッグで描画  ·  Shift：45° 刻み</translation>
     </message>
     <message id="canvas.hint.drawShape">
         <source>Drag to draw  ·  Shift makes it even, Alt starts from the centre</source>
-        <translation type="unfinished"></translation>
+        <translation>ドラッグで描画  ·  Shift：縦横を同じ長さに  ·  Alt：中心から</translation>
     </message>
     <message id="canvas.hint.blur">
         <source>Drag over what should not be read</source>
-        <translation type="unfinished"></translation>
+        <translation>読まれたくない部分をドラッグで囲む</translation>
     </message>
     <message id="canvas.hint.magnifier">
         <source>Drag a lens over what should be larger</source>
-        <translation type="unfinished"></translation>
+        <translation>拡大する部分をドラッグで囲む</translation>
     </message>
     <message id="canvas.hint.pen">
         <source>Drag to draw freehand</source>
-        <translation type="unfinished"></translation>
+        <translation>ドラッグで自由に描画</translation>
     </message>
     <message id="canvas.hint.counter">
         <source>Click to place the next number, drag to point it</source>
-        <translation type="unfinished"></translation>
+        <translation>クリックで次の番号を配置、ドラッグで向きを指定</translation>
     </message>
     <message id="canvas.hint.text">
         <source>Click to type, drag for a width</source>
-        <translation type="unfinished"></translation>
+        <translation>クリックで入力、ドラッグで幅を指定</translation>
     </message>
     <message id="canvas.hint.cropping">
         <source>Drag the edges to crop  ·  Return takes it  ·  Esc leaves</source>
-        <translation type="unfinished"></translation>
+        <translation>端をドラッグして切り抜き  ·  Enter：確定  ·  Esc：終了</translation>
     </message>
     <message id="canvas.hint.select">
         <source>Click to select, drag to select several</source>
-        <translation type="unfinished"></translation>
+        <translation>クリックで選択、ドラッグで複数選択</translation>
     </message>
     <message id="canvas.hint.move">
         <source>Drag to move  ·  the arrow keys nudge</source>
-        <translation type="unfinished"></translation>
+        <translation>ドラッグで移動  ·  矢印キー：微調整</translation>
     </message>
     <message id="canvas.hint.crop">
         <source>Drag to crop</source>
-        <translation type="unfinished"></translation>
+        <translation>ドラッグで切り抜き</translation>
     </message>
     <message id="canvas.hint.resize">
         <source>Drag to resize  ·  Shift keeps it even, Alt keeps the centre</source>
-        <translation type="unfinished"></translation>
+        <translation>ドラッグでサイズ変更  ·  Shift：縦横比を固定  ·  Alt：中心を固定</translation>
     </message>
     <message id="canvas.hint.movePoint">
         <source>Drag to move this point</source>
-        <translation type="unfinished"></translation>
+        <translation>ドラッグでこの点を移動</translation>
     </message>
     <message id="canvas.hint.turn">
         <source>Drag to turn</source>
-        <translation type="unfinished"></translation>
+        <translation>ドラッグで回転</translation>
     </message>
     <message id="canvas.hint.editText">
         <source>Click to place the cursor, drag to select text</source>
-        <translation type="unfinished"></translation>
+        <translation>クリックでカーソルを配置、ドラッグでテキストを選択</translation>
     </message>
     <message id="canvas.description" numerus="yes">
         <source>Picture of %1 pixels with %n annotations</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 ピクセルの画像、注釈 %n 個</numerusform>
         </translation>
     </message>
     <message id="canvas.description.selected" numerus="yes">
         <source>%n selected</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n 個選択中</numerusform>
         </translation>
     </message>
     <message id="canvas.name">
         <source>Canvas</source>
-        <translation type="unfinished"></translation>
+        <translation>キャンバス</translation>
     </message>
     <message id="canvas.hint.eyedropper">
         <source>Click to take the colour  ·  Esc leaves</source>
-        <translation type="unfinished"></translation>
+        <translation>クリックで色を取得  ·  Esc：終了</translation>
     </message>
     <message id="canvas.hint.pan">
         <source>Drag to move the view</source>
-        <translation type="unfinished"></translation>
+        <translation>ドラッグで表示位置を移動</translation>
     </message>
     <message id="color.red">
         <source>Red</source>
-        <translation type="unfinished"></translation>
+        <translation>赤</translation>
     </message>
     <message id="color.orange">
         <source>Orange</source>
-        <translation type="unfinished"></translation>
+        <translation>オレンジ</translation>
     </message>
     <message id="color.yellow">
         <source>Yellow</source>
-        <translation type="unfinished"></translation>
+        <translation>黄</translation>
     </message>
     <message id="color.green">
         <source>Green</source>
-        <translation type="unfinished"></translation>
+        <translation>緑</translation>
     </message>
     <message id="color.blue">
         <source>Blue</source>
-        <translation type="unfinished"></translation>
+        <translation>青</translation>
     </message>
     <message id="color.violet">
         <source>Violet</source>
-        <translation type="unfinished"></translation>
+        <translation>紫</translation>
     </message>
     <message id="color.pink">
         <source>Pink</source>
-        <translation type="unfinished"></translation>
+        <translation>ピンク</translation>
     </message>
     <message id="color.slate">
         <source>Slate</source>
-        <translation type="unfinished"></translation>
+        <translation>スレート</translation>
     </message>
     <message id="editor.color">
         <source>Color</source>
-        <translation type="unfinished"></translation>
+        <translation>色</translation>
     </message>
     <message id="editor.swatch.delete">
         <source>Delete Color</source>
-        <translation type="unfinished"></translation>
+        <translation>色を削除</translation>
     </message>
     <message id="editor.swatch.add">
         <source>Add a color of your own</source>
-        <translation type="unfinished"></translation>
+        <translation>カスタムカラーを追加</translation>
     </message>
     <message id="editor.swatch.tooltip">
         <source>Your color %1 (double click to edit)</source>
-        <translation type="unfinished"></translation>
+        <translation>カスタムカラー %1（ダブルクリックで編集）</translation>
     </message>
     <message id="editor.swatch.edit">
         <source>Edit Color…</source>
-        <translation type="unfinished"></translation>
+        <translation>色を編集…</translation>
     </message>
     <message id="editor.failed.render">
         <source>The picture is too large to be made.</source>
-        <translation type="unfinished"></translation>
+        <translation>画像が大きすぎるため、作成できません。</translation>
     </message>
     <message id="editor.failed.encode">
         <source>The picture does not fit this format. PNG holds it.</source>
-        <translation type="unfinished"></translation>
+        <translation>画像がこの形式の上限を超えています。PNG なら保存できます。</translation>
     </message>
     <message id="editor.failed.write">
         <source>The file could not be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>ファイルに書き込めませんでした。</translation>
     </message>
     <message id="editor.progress.copy">
         <source>Copying…</source>
-        <translation type="unfinished"></translation>
+        <translation>コピー中…</translation>
     </message>
     <message id="editor.progress.save">
         <source>Saving…</source>
-        <translation type="unfinished"></translation>
+        <translation>保存中…</translation>
     </message>
     <message id="editor.saveAs.title">
         <source>Save the picture as</source>
-        <translation type="unfinished"></translation>
+        <translation>画像に名前を付けて保存</translation>
     </message>
     <message id="editor.saved">
         <source>Saved %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 を保存しました</translation>
     </message>
     <message id="editor.progress.print">
         <source>Printing…</source>
-        <translation type="unfinished"></translation>
+        <translation>印刷中…</translation>
     </message>
     <message id="editor.bar">
         <source>Tools and style</source>
-        <translation type="unfinished"></translation>
+        <translation>ツールとスタイル</translation>
     </message>
     <message id="editor.moreTools">
         <source>More tools</source>
-        <translation type="unfinished"></translation>
+        <translation>その他のツール</translation>
     </message>
     <message id="editor.dragOut">
         <source>Drag the picture into another program</source>
-        <translation type="unfinished"></translation>
+        <translation>画像をほかのアプリケーションにドラッグ</translation>
     </message>
     <message id="editor.copy.outdated">
         <source>%1: the clipboard holds an older state</source>
-        <translation type="unfinished"></translation>
+        <translation>%1：クリップボードの内容は変更前のものです</translation>
     </message>
     <message id="tool.select">
         <source>Select</source>
-        <translation type="unfinished"></translation>
+        <translation>選択</translation>
     </message>
     <message id="tool.arrow">
         <source>Arrow</source>
-        <translation type="unfinished"></translation>
+        <translation>矢印</translation>
     </message>
     <message id="tool.rectangle">
         <source>Rectangle</source>
-        <translation type="unfinished"></translation>
+        <translation>長方形</translation>
     </message>
     <message id="tool.ellipse">
         <source>Ellipse</source>
-        <translation type="unfinished"></translation>
+        <translation>楕円</translation>
     </message>
     <message id="tool.line">
         <source>Line</source>
-        <translation type="unfinished"></translation>
+        <translation>直線</translation>
     </message>
     <message id="tool.pen">
         <source>Pen</source>
-        <translation type="unfinished"></translation>
+        <translation>ペン</translation>
     </message>
     <message id="tool.text">
         <source>Text</source>
-        <translation type="unfinished"></translation>
+        <translation>テキスト</translation>
     </message>
     <message id="tool.counter">
         <source>Counter</source>
-        <translation type="unfinished"></translation>
+        <translation>番号</translation>
     </message>
     <message id="tool.pixelate">
         <source>Pixelate</source>
-        <translation type="unfinished"></translation>
+        <translation>モザイク</translation>
     </message>
     <message id="tool.magnifier">
         <source>Magnifier</source>
-        <translation type="unfinished"></translation>
+        <translation>拡大鏡</translation>
     </message>
     <message id="editor.crop">
         <source>Crop</source>
-        <translation type="unfinished"></translation>
+        <translation>切り抜き</translation>
     </message>
     <message id="editor.thinner">
         <source>Thinner</source>
-        <translation type="unfinished"></translation>
+        <translation>細く</translation>
     </message>
     <message id="editor.thicker">
         <source>Thicker</source>
-        <translation type="unfinished"></translation>
+        <translation>太く</translation>
     </message>
     <message id="editor.sketch">
         <source>Hand-Drawn</source>
-        <translation type="unfinished"></translation>
+        <translation>手描き風</translation>
     </message>
     <message id="editor.fill">
         <source>Fill</source>
-        <translation type="unfinished"></translation>
+        <translation>塗りつぶし</translation>
     </message>
     <message id="editor.nextBlurStyle">
         <source>Next Way to Pixelate</source>
-        <translation type="unfinished"></translation>
+        <translation>隠し方を切り替え</translation>
     </message>
     <message id="editor.pickColor">
         <source>Pick Color from Screen</source>
-        <translation type="unfinished"></translation>
+        <translation>画面から色を取得</translation>
     </message>
     <message id="editor.undo">
         <source>Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>元に戻す</translation>
     </message>
     <message id="editor.redo">
         <source>Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>やり直す</translation>
     </message>
     <message id="editor.cut">
         <source>Cut</source>
-        <translation type="unfinished"></translation>
+        <translation>切り取り</translation>
     </message>
     <message id="editor.copy">
         <source>Copy</source>
-        <translation type="unfinished">コピー</translation>
+        <translation>コピー</translation>
     </message>
     <message id="editor.paste">
         <source>Paste</source>
-        <translation type="unfinished"></translation>
+        <translation>貼り付け</translation>
     </message>
     <message id="editor.duplicate">
         <source>Duplicate</source>
-        <translation type="unfinished"></translation>
+        <translation>複製</translation>
     </message>
     <message id="editor.delete">
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>削除</translation>
     </message>
     <message id="editor.selectAll">
         <source>Select All</source>
-        <translation type="unfinished"></translation>
+        <translation>すべて選択</translation>
     </message>
     <message id="editor.bringForward">
         <source>Bring Forward</source>
-        <translation type="unfinished"></translation>
+        <translation>前面へ移動</translation>
     </message>
     <message id="editor.sendBackward">
         <source>Send Backward</source>
-        <translation type="unfinished"></translation>
+        <translation>背面へ移動</translation>
     </message>
     <message id="editor.bringToFront">
         <source>Bring to Front</source>
-        <translation type="unfinished"></translation>
+        <translation>最前面へ移動</translation>
     </message>
     <message id="editor.sendToBack">
         <source>Send to Back</source>
-        <translation type="unfinished"></translation>
+        <translation>最背面へ移動</translation>
     </message>
     <message id="editor.alignLeft">
         <source>Align Left Edges</source>
-        <translation type="unfinished"></translation>
+        <translation>左揃え</translation>
     </message>
     <message id="editor.alignCenter">
         <source>Align Centers Horizontally</source>
-        <translation type="unfinished"></translation>
+        <translation>左右中央揃え</translation>
     </message>
     <message id="editor.alignRight">
         <source>Align Right Edges</source>
-        <translation type="unfinished"></translation>
+        <translation>右揃え</translation>
     </message>
     <message id="editor.alignTop">
         <source>Align Top Edges</source>
-        <translation type="unfinished"></translation>
+        <translation>上揃え</translation>
     </message>
     <message id="editor.alignMiddle">
         <source>Align Centers Vertically</source>
-        <translation type="unfinished"></translation>
+        <translation>上下中央揃え</translation>
     </message>
     <message id="editor.alignBottom">
         <source>Align Bottom Edges</source>
-        <translation type="unfinished"></translation>
+        <translation>下揃え</translation>
     </message>
     <message id="editor.resetCrop">
         <source>Reset Crop</source>
-        <translation type="unfinished"></translation>
+        <translation>切り抜きをリセット</translation>
     </message>
     <message id="editor.addCapture">
         <source>Add Capture</source>
-        <translation type="unfinished"></translation>
+        <translation>キャプチャを追加</translation>
     </message>
     <message id="editor.addPicture">
         <source>Add Picture…</source>
-        <translation type="unfinished"></translation>
+        <translation>画像を追加…</translation>
     </message>
     <message id="editor.backdrop">
         <source>Backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>背景</translation>
     </message>
     <message id="editor.copyPicture">
         <source>Copy Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>画像をコピー</translation>
     </message>
     <message id="editor.save">
         <source>Save</source>
-        <translation type="unfinished">保存</translation>
+        <translation>保存</translation>
     </message>
     <message id="editor.saveAs">
         <source>Save As…</source>
-        <translation type="unfinished"></translation>
+        <translation>名前を付けて保存…</translation>
     </message>
     <message id="editor.print">
         <source>Print…</source>
-        <translation type="unfinished"></translation>
+        <translation>印刷…</translation>
     </message>
     <message id="editor.pin">
         <source>Pin to Screen</source>
-        <translation type="unfinished"></translation>
+        <translation>画面にピン留め</translation>
     </message>
     <message id="editor.close">
         <source>Close</source>
-        <translation type="unfinished">閉じる</translation>
+        <translation>閉じる</translation>
     </message>
     <message id="editor.zoomIn">
         <source>Zoom In</source>
-        <translation type="unfinished"></translation>
+        <translation>拡大</translation>
     </message>
     <message id="editor.zoomOut">
         <source>Zoom Out</source>
-        <translation type="unfinished"></translation>
+        <translation>縮小</translation>
     </message>
     <message id="editor.zoomToFit">
         <source>Fit to Window</source>
-        <translation type="unfinished"></translation>
+        <translation>ウィンドウに合わせる</translation>
     </message>
     <message id="editor.actualSize">
         <source>Actual Size</source>
-        <translation type="unfinished"></translation>
+        <translation>実際のサイズ</translation>
     </message>
     <message id="editor.nextPart">
         <source>Next Part of the Window</source>
-        <translation type="unfinished"></translation>
+        <translation>ウィンドウの次の領域</translation>
     </message>
     <message id="editor.more">
         <source>More</source>
-        <translation type="unfinished"></translation>
+        <translation>その他</translation>
     </message>
     <message id="editor.shortcuts">
         <source>Keyboard Shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>キーボードショートカット</translation>
     </message>
     <message id="editor.group.tools">
         <source>Tools</source>
-        <translation type="unfinished"></translation>
+        <translation>ツール</translation>
     </message>
     <message id="editor.group.style">
         <source>Style</source>
-        <translation type="unfinished"></translation>
+        <translation>スタイル</translation>
     </message>
     <message id="editor.group.edit">
         <source>Edit</source>
-        <translation type="unfinished"></translation>
+        <translation>編集</translation>
     </message>
     <message id="editor.group.arrange">
         <source>Arrange</source>
-        <translation type="unfinished"></translation>
+        <translation>配置</translation>
     </message>
     <message id="editor.group.picture">
         <source>Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>画像</translation>
     </message>
     <message id="editor.group.view">
         <source>View</source>
-        <translation type="unfinished"></translation>
+        <translation>表示</translation>
     </message>
     <message id="editor.menu.order">
         <source>Order</source>
-        <translation type="unfinished"></translation>
+        <translation>重ね順</translation>
     </message>
     <message id="editor.menu.align">
         <source>Align</source>
-        <translation type="unfinished"></translation>
+        <translation>整列</translation>
     </message>
     <message id="editor.zoomPercent">
         <source>%1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1%</translation>
     </message>
     <message id="editor.size">
         <source>%1 × %2 px</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2 px</translation>
     </message>
     <message id="editor.selectionSize">
         <source>%1 × %2 at %3, %4</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2（位置 %3, %4）</translation>
     </message>
     <message id="editor.sketchTooltip">
         <source>Hand-drawn</source>
-        <translation type="unfinished"></translation>
+        <translation>手描き風</translation>
     </message>
     <message id="editor.fillTooltip">
         <source>Filled</source>
-        <translation type="unfinished"></translation>
+        <translation>塗りつぶし</translation>
     </message>
     <message id="editor.textStyleTooltip">
         <source>Text on a filled box</source>
-        <translation type="unfinished"></translation>
+        <translation>塗りつぶした枠にテキストを表示</translation>
     </message>
     <message id="editor.textFontTooltip">
         <source>Handwriting</source>
-        <translation type="unfinished"></translation>
+        <translation>手書き文字</translation>
     </message>
     <message id="editor.blurStyle.hides">
         <source>Hides what is below it for good.</source>
-        <translation type="unfinished"></translation>
+        <translation>下にある内容を復元できないように隠します。</translation>
     </message>
     <message id="editor.blurStyle.mosaic">
         <source>Mosaic</source>
-        <translation type="unfinished"></translation>
+        <translation>ピクセル化</translation>
     </message>
     <message id="editor.blurStyle.erase">
         <source>Paint Over</source>
-        <translation type="unfinished"></translation>
+        <translation>べた塗り</translation>
     </message>
     <message id="editor.blurStyle.gaussian">
         <source>Blur</source>
-        <translation type="unfinished"></translation>
+        <translation>ぼかし</translation>
     </message>
     <message id="editor.blurStyle.gaussian.warning">
         <source>Decorates only: what is below can often be made readable again. Hide secrets with the other two.</source>
-        <translation type="unfinished"></translation>
+        <translation>装飾専用です。下にある内容は多くの場合、読み取れる状態に復元できます。機密情報を隠すには、ほかの 2 つを使用してください。</translation>
     </message>
     <message id="editor.blurStyleTooltip">
         <source>How it is hidden</source>
-        <translation type="unfinished"></translation>
+        <translation>隠し方</translation>
     </message>
     <message id="editor.blurFillColor">
         <source>Color it is painted over with</source>
-        <translation type="unfinished"></translation>
+        <translation>べた塗りの色</translation>
     </message>
     <message id="editor.blurFillColor.automatic">
         <source>Take the color from around it</source>
-        <translation type="unfinished"></translation>
+        <translation>周囲の色を使用</translation>
     </message>
     <message id="editor.blurStrength.gaussian">
         <source>Softness</source>
-        <translation type="unfinished"></translation>
+        <translation>ぼかしの強さ</translation>
     </message>
     <message id="editor.blurStrength.pixel">
         <source>Cell size</source>
-        <translation type="unfinished"></translation>
+        <translation>マス目の大きさ</translation>
     </message>
     <message id="editor.magnifierShape.circle">
         <source>Round</source>
-        <translation type="unfinished"></translation>
+        <translation>円形</translation>
     </message>
     <message id="editor.magnifierShape.roundedRect">
         <source>Rounded rectangle</source>
-        <translation type="unfinished"></translation>
+        <translation>角丸長方形</translation>
     </message>
     <message id="editor.magnifierShapeTooltip">
         <source>Shape of the lens</source>
-        <translation type="unfinished"></translation>
+        <translation>拡大鏡の形</translation>
     </message>
     <message id="editor.magnificationTooltip">
         <source>Magnification</source>
-        <translation type="unfinished"></translation>
+        <translation>倍率</translation>
     </message>
     <message id="editor.format.png">
         <source>PNG picture (*.png)</source>
-        <translation type="unfinished"></translation>
+        <translation>PNG 画像 (*.png)</translation>
     </message>
     <message id="editor.format.jpeg">
         <source>JPEG picture (*.jpg *.jpeg)</source>
-        <translation type="unfinished"></translation>
+        <translation>JPEG 画像 (*.jpg *.jpeg)</translation>
     </message>
     <message id="editor.format.webp">
         <source>WebP picture (*.webp)</source>
-        <translation type="unfinished"></translation>
+        <translation>WebP 画像 (*.webp)</translation>
     </message>
     <message id="editor.format.tiff">
         <source>TIFF picture (*.tiff *.tif)</source>
-        <translation type="unfinished"></translation>
+        <translation>TIFF 画像 (*.tiff *.tif)</translation>
     </message>
     <message id="editor.format.pdf">
         <source>PDF document (*.pdf)</source>
-        <translation type="unfinished"></translation>
+        <translation>PDF 文書 (*.pdf)</translation>
     </message>
     <message id="pin.zoom">
         <source>Zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>ズーム</translation>
     </message>
     <message id="pin.zoom.hint">
         <source>0 for the picture&apos;s own size</source>
-        <translation type="unfinished"></translation>
+        <translation>0 キーで元のサイズ</translation>
     </message>
     <message id="pin.copy">
         <source>Copy</source>
-        <translation type="unfinished">コピー</translation>
+        <translation>コピー</translation>
     </message>
     <message id="pin.copy.hint">
         <source>Ctrl+C; drag it into another program</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+C、またはほかのアプリケーションにドラッグ</translation>
     </message>
     <message id="pin.edit">
         <source>Edit</source>
-        <translation type="unfinished"></translation>
+        <translation>編集</translation>
     </message>
     <message id="pin.more">
         <source>More</source>
-        <translation type="unfinished"></translation>
+        <translation>その他</translation>
     </message>
     <message id="pin.close">
         <source>Close</source>
-        <translation type="unfinished">閉じる</translation>
+        <translation>閉じる</translation>
     </message>
     <message id="pin.percent">
         <source>%1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1%</translation>
     </message>
     <message id="pin.save">
         <source>Save</source>
-        <translation type="unfinished">保存</translation>
+        <translation>保存</translation>
     </message>
     <message id="pin.opacity">
         <source>Opacity</source>
-        <translation type="unfinished"></translation>
+        <translation>不透明度</translation>
     </message>
     <message id="pin.shadow">
         <source>Shadow</source>
-        <translation type="unfinished"></translation>
+        <translation>影</translation>
     </message>
     <message id="pin.roundedCorners">
         <source>Rounded corners</source>
-        <translation type="unfinished"></translation>
+        <translation>角を丸くする</translation>
     </message>
     <message id="pin.clickThrough">
         <source>Let clicks through</source>
-        <translation type="unfinished"></translation>
+        <translation>クリックを透過</translation>
     </message>
     <message id="pin.closeAll">
         <source>Close all pins</source>
-        <translation type="unfinished"></translation>
+        <translation>すべてのピン留めを閉じる</translation>
     </message>
     <message id="pin.window">
         <source>Pinned picture</source>
-        <translation type="unfinished"></translation>
+        <translation>ピン留めした画像</translation>
     </message>
     <message id="pin.opacity.badge">
         <source>Opacity %1</source>
-        <translation type="unfinished"></translation>
+        <translation>不透明度 %1</translation>
     </message>
     <message id="pin.clickThrough.began">
         <source>Clicks now go through the pin. The Vellora menu ends this.</source>
-        <translation type="unfinished"></translation>
+        <translation>クリックがピン留めを透過するようになりました。Vellora のメニューから解除できます。</translation>
     </message>
     <message id="editor.shortcuts.lock">
         <source>Keep the Tool</source>
-        <translation type="unfinished"></translation>
+        <translation>ツールを固定</translation>
     </message>
     <message id="editor.shortcuts.doubleClick">
         <source>double click</source>
-        <translation type="unfinished"></translation>
+        <translation>ダブルクリック</translation>
     </message>
     <message id="editor.shortcuts.colors">
         <source>Colors</source>
-        <translation type="unfinished"></translation>
+        <translation>色</translation>
     </message>
     <message id="editor.shortcuts.pan">
         <source>Move the Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>画像を移動</translation>
     </message>
     <message id="editor.shortcuts.space">
         <source>Space</source>
-        <translation type="unfinished"></translation>
+        <translation>スペース</translation>
     </message>
     <message id="editor.shortcuts.drag">
         <source>drag</source>
-        <translation type="unfinished"></translation>
+        <translation>ドラッグ</translation>
     </message>
     <message id="editor.cancel">
         <source>Cancel</source>
-        <translation type="unfinished">キャンセル</translation>
+        <translation>キャンセル</translation>
     </message>
     <message id="editor.zoom">
         <source>Zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>ズーム</translation>
     </message>
     <message id="editor.moreStyle">
         <source>More of the style</source>
-        <translation type="unfinished"></translation>
+        <translation>その他のスタイル</translation>
     </message>
     <message id="editor.width">
         <source>Width</source>
-        <translation type="unfinished"></translation>
+        <translation>太さ</translation>
     </message>
     <message id="editor.width.preset">
         <source>Width %1</source>
-        <translation type="unfinished"></translation>
+        <translation>太さ %1</translation>
     </message>
     <message id="color.plane">
         <source>Saturation and brightness</source>
-        <translation type="unfinished"></translation>
+        <translation>彩度と明るさ</translation>
     </message>
     <message id="color.hue">
         <source>Hue</source>
-        <translation type="unfinished"></translation>
+        <translation>色相</translation>
     </message>
     <message id="color.opacity">
         <source>Opacity</source>
-        <translation type="unfinished"></translation>
+        <translation>不透明度</translation>
     </message>
     <message id="color.hex">
         <source>Color as a hexadecimal number</source>
-        <translation type="unfinished"></translation>
+        <translation>16 進数の色コード</translation>
     </message>
     <message id="color.eyedropper">
         <source>Pick a color from the screen</source>
-        <translation type="unfinished"></translation>
+        <translation>画面から色を取得</translation>
     </message>
     <message id="editor.copiedSelection">
         <source>Copied the selection</source>
-        <translation type="unfinished"></translation>
+        <translation>選択項目をコピーしました</translation>
     </message>
 </context>
 </TS>
