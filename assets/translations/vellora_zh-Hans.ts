@@ -517,1017 +517,1017 @@
     </message>
     <message id="toast.recovered" numerus="yes">
         <source>%n capture(s) that were open when Vellora ended are in the history</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Vellora 退出时仍打开的 %n 张截图已保留在历史记录中</numerusform>
         </translation>
     </message>
     <message id="toast.pinFailed">
         <source>This picture cannot be pinned</source>
-        <translation type="unfinished"></translation>
+        <translation>无法固定此图片</translation>
     </message>
     <message id="menu.endClickThrough">
         <source>Let Clicks Reach the Pins Again</source>
-        <translation type="unfinished"></translation>
+        <translation>取消固定图片的点击穿透</translation>
     </message>
     <message id="backdrop.frame.browserLight">
         <source>Browser window, light</source>
-        <translation type="unfinished"></translation>
+        <translation>浏览器窗口（浅色）</translation>
     </message>
     <message id="backdrop.frame.laptopLight">
         <source>Laptop, light</source>
-        <translation type="unfinished"></translation>
+        <translation>笔记本电脑（浅色）</translation>
     </message>
     <message id="backdrop.frame.phoneLight">
         <source>Phone, light</source>
-        <translation type="unfinished"></translation>
+        <translation>手机（浅色）</translation>
     </message>
     <message id="backdrop.frame.browserDark">
         <source>Browser window, dark</source>
-        <translation type="unfinished"></translation>
+        <translation>浏览器窗口（深色）</translation>
     </message>
     <message id="backdrop.frame.laptopDark">
         <source>Laptop, dark</source>
-        <translation type="unfinished"></translation>
+        <translation>笔记本电脑（深色）</translation>
     </message>
     <message id="backdrop.frame.phoneDark">
         <source>Phone, dark</source>
-        <translation type="unfinished"></translation>
+        <translation>手机（深色）</translation>
     </message>
     <message id="backdrop.title">
         <source>Backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>背景</translation>
     </message>
     <message id="backdrop.reset">
         <source>Back to the default backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>恢复默认背景</translation>
     </message>
     <message id="backdrop.enabled">
         <source>Show the backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>显示背景</translation>
     </message>
     <message id="backdrop.layout">
         <source>Layout</source>
-        <translation type="unfinished"></translation>
+        <translation>布局</translation>
     </message>
     <message id="backdrop.layout.margin">
         <source>Margin</source>
-        <translation type="unfinished"></translation>
+        <translation>边距</translation>
     </message>
     <message id="backdrop.layout.radius">
         <source>Corner radius</source>
-        <translation type="unfinished"></translation>
+        <translation>圆角</translation>
     </message>
     <message id="backdrop.layout.shadow">
         <source>Shadow</source>
-        <translation type="unfinished"></translation>
+        <translation>阴影</translation>
     </message>
     <message id="backdrop.aspect">
         <source>Aspect ratio</source>
-        <translation type="unfinished"></translation>
+        <translation>宽高比</translation>
     </message>
     <message id="backdrop.aspect.auto">
         <source>Auto</source>
-        <translation type="unfinished"></translation>
+        <translation>自动</translation>
     </message>
     <message id="backdrop.frame">
         <source>Frame</source>
-        <translation type="unfinished"></translation>
+        <translation>外框</translation>
     </message>
     <message id="backdrop.frame.none">
         <source>No frame</source>
-        <translation type="unfinished"></translation>
+        <translation>无外框</translation>
     </message>
     <message id="backdrop.placement">
         <source>Placement</source>
-        <translation type="unfinished"></translation>
+        <translation>摆放</translation>
     </message>
     <message id="backdrop.tiltX">
         <source>Tilt sideways</source>
-        <translation type="unfinished"></translation>
+        <translation>左右倾斜</translation>
     </message>
     <message id="backdrop.tiltY">
         <source>Tilt up and down</source>
-        <translation type="unfinished"></translation>
+        <translation>上下倾斜</translation>
     </message>
     <message id="backdrop.rotation">
         <source>Rotation</source>
-        <translation type="unfinished"></translation>
+        <translation>旋转</translation>
     </message>
     <message id="backdrop.contentScale">
         <source>Size</source>
-        <translation type="unfinished"></translation>
+        <translation>大小</translation>
     </message>
     <message id="backdrop.contentOffset">
         <source>Position</source>
-        <translation type="unfinished"></translation>
+        <translation>位置</translation>
     </message>
     <message id="backdrop.effects">
         <source>Effects</source>
-        <translation type="unfinished"></translation>
+        <translation>效果</translation>
     </message>
     <message id="backdrop.glow">
         <source>Glow</source>
-        <translation type="unfinished"></translation>
+        <translation>光晕</translation>
     </message>
     <message id="backdrop.glowCenter">
         <source></source>
-        <translation type="unfinished"></translation>
+        <translation>光晕中心</translation>
     </message>
     <message id="backdrop.grain">
         <source>Grain</source>
-        <translation type="unfinished"></translation>
+        <translation>颗粒</translation>
     </message>
     <message id="backdrop.edgeBlur">
         <source>Edge blur</source>
-        <translation type="unfinished"></translation>
+        <translation>边缘模糊</translation>
     </message>
     <message id="backdrop.edgeBlur.none">
         <source>No edge blur</source>
-        <translation type="unfinished"></translation>
+        <translation>不模糊边缘</translation>
     </message>
     <message id="backdrop.edgeBlur.bottom">
         <source>Blur the bottom</source>
-        <translation type="unfinished"></translation>
+        <translation>模糊底部</translation>
     </message>
     <message id="backdrop.edgeBlur.left">
         <source>Blur the left</source>
-        <translation type="unfinished"></translation>
+        <translation>模糊左侧</translation>
     </message>
     <message id="backdrop.edgeBlur.right">
         <source>Blur the right</source>
-        <translation type="unfinished"></translation>
+        <translation>模糊右侧</translation>
     </message>
     <message id="backdrop.edgeBlur.all">
         <source>Blur all edges</source>
-        <translation type="unfinished"></translation>
+        <translation>模糊所有边缘</translation>
     </message>
     <message id="backdrop.curated.arc">
         <source>Arc</source>
-        <translation type="unfinished"></translation>
+        <translation>弧线</translation>
     </message>
     <message id="backdrop.curated.haze">
         <source>Haze</source>
-        <translation type="unfinished"></translation>
+        <translation>烟霭</translation>
     </message>
     <message id="backdrop.curated.lavender">
         <source>Lavender</source>
-        <translation type="unfinished"></translation>
+        <translation>薰衣草</translation>
     </message>
     <message id="backdrop.curated.ember">
         <source>Ember</source>
-        <translation type="unfinished"></translation>
+        <translation>余烬</translation>
     </message>
     <message id="backdrop.curated.moss">
         <source>Moss</source>
-        <translation type="unfinished"></translation>
+        <translation>苔藓</translation>
     </message>
     <message id="backdrop.curated.lagoon">
         <source>Lagoon</source>
-        <translation type="unfinished"></translation>
+        <translation>潟湖</translation>
     </message>
     <message id="backdrop.curated.sky">
         <source>Sky</source>
-        <translation type="unfinished"></translation>
+        <translation>天空</translation>
     </message>
     <message id="backdrop.gradient.dawn">
         <source>Dawn</source>
-        <translation type="unfinished"></translation>
+        <translation>黎明</translation>
     </message>
     <message id="backdrop.gradient.peach">
         <source>Peach</source>
-        <translation type="unfinished"></translation>
+        <translation>蜜桃</translation>
     </message>
     <message id="backdrop.gradient.coral">
         <source>Coral</source>
-        <translation type="unfinished"></translation>
+        <translation>珊瑚</translation>
     </message>
     <message id="backdrop.gradient.dusk">
         <source>Dusk</source>
-        <translation type="unfinished"></translation>
+        <translation>暮色</translation>
     </message>
     <message id="backdrop.gradient.iris">
         <source>Iris</source>
-        <translation type="unfinished"></translation>
+        <translation>鸢尾</translation>
     </message>
     <message id="backdrop.gradient.indigo">
         <source>Indigo</source>
-        <translation type="unfinished"></translation>
+        <translation>靛蓝</translation>
     </message>
     <message id="backdrop.gradient.ocean">
         <source>Ocean</source>
-        <translation type="unfinished"></translation>
+        <translation>海洋</translation>
     </message>
     <message id="backdrop.gradient.mist">
         <source>Mist</source>
-        <translation type="unfinished"></translation>
+        <translation>薄雾</translation>
     </message>
     <message id="backdrop.gradient.mint">
         <source>Mint</source>
-        <translation type="unfinished"></translation>
+        <translation>薄荷</translation>
     </message>
     <message id="backdrop.gradient.forest">
         <source>Forest</source>
-        <translation type="unfinished"></translation>
+        <translation>森林</translation>
     </message>
     <message id="backdrop.gradient.slate">
         <source>Slate</source>
-        <translation type="unfinished"></translation>
+        <translation>石板灰</translation>
     </message>
     <message id="backdrop.gradient.night">
         <source>Night</source>
-        <translation type="unfinished"></translation>
+        <translation>夜色</translation>
     </message>
     <message id="backdrop.color.white">
         <source>White</source>
-        <translation type="unfinished"></translation>
+        <translation>白色</translation>
     </message>
     <message id="backdrop.color.gray">
         <source>Gray</source>
-        <translation type="unfinished"></translation>
+        <translation>灰色</translation>
     </message>
     <message id="backdrop.color.black">
         <source>Black</source>
-        <translation type="unfinished"></translation>
+        <translation>黑色</translation>
     </message>
     <message id="backdrop.color.blue">
         <source>Blue</source>
-        <translation type="unfinished"></translation>
+        <translation>蓝色</translation>
     </message>
     <message id="backdrop.color.purple">
         <source>Purple</source>
-        <translation type="unfinished"></translation>
+        <translation>紫色</translation>
     </message>
     <message id="backdrop.color.pink">
         <source>Pink</source>
-        <translation type="unfinished"></translation>
+        <translation>粉色</translation>
     </message>
     <message id="backdrop.color.red">
         <source>Red</source>
-        <translation type="unfinished"></translation>
+        <translation>红色</translation>
     </message>
     <message id="backdrop.color.orange">
         <source>Orange</source>
-        <translation type="unfinished"></translation>
+        <translation>橙色</translation>
     </message>
     <message id="backdrop.color.green">
         <source>Green</source>
-        <translation type="unfinished"></translation>
+        <translation>绿色</translation>
     </message>
     <message id="backdrop.color.teal">
         <source>Teal</source>
-        <translation type="unfinished"></translation>
+        <translation>蓝绿色</translation>
     </message>
     <message id="backdrop.background">
         <source>Background</source>
-        <translation type="unfinished"></translation>
+        <translation>背景填充</translation>
     </message>
     <message id="backdrop.ownPicture">
         <source>A picture of your own…</source>
-        <translation type="unfinished"></translation>
+        <translation>自选图片…</translation>
     </message>
     <message id="backdrop.ownColor">
         <source>Another colour…</source>
-        <translation type="unfinished"></translation>
+        <translation>其他颜色…</translation>
     </message>
     <message id="backdrop.ownPicture.title">
         <source>Choose a background picture</source>
-        <translation type="unfinished"></translation>
+        <translation>选择背景图片</translation>
     </message>
     <message id="backdrop.ownPicture.filter">
         <source>Pictures</source>
-        <translation type="unfinished"></translation>
+        <translation>图片</translation>
     </message>
     <message id="backdrop.gradient.stops">
         <source>Colours of the gradient</source>
-        <translation type="unfinished"></translation>
+        <translation>渐变颜色</translation>
     </message>
     <message id="backdrop.gradient.stopsHelp">
         <source>Drag a colour to move it, away to remove it; click to add one</source>
-        <translation type="unfinished"></translation>
+        <translation>拖动颜色可移动，拖离可移除；单击可添加</translation>
     </message>
     <message id="backdrop.gradient.color">
         <source>Colour of the stop</source>
-        <translation type="unfinished"></translation>
+        <translation>色标颜色</translation>
     </message>
     <message id="backdrop.gradient.add">
         <source>Add a colour</source>
-        <translation type="unfinished"></translation>
+        <translation>添加颜色</translation>
     </message>
     <message id="backdrop.gradient.remove">
         <source>Remove the colour</source>
-        <translation type="unfinished"></translation>
+        <translation>移除颜色</translation>
     </message>
     <message id="backdrop.gradient.reverse">
         <source>Turn the gradient round</source>
-        <translation type="unfinished"></translation>
+        <translation>反转渐变</translation>
     </message>
     <message id="backdrop.gradient.angle">
         <source>Angle</source>
-        <translation type="unfinished"></translation>
+        <translation>角度</translation>
     </message>
     <message id="backdrop.styles">
         <source>Saved styles</source>
-        <translation type="unfinished"></translation>
+        <translation>已保存的样式</translation>
     </message>
     <message id="backdrop.styles.save">
         <source>Save this style…</source>
-        <translation type="unfinished"></translation>
+        <translation>保存此样式…</translation>
     </message>
     <message id="backdrop.styles.suggestion">
         <source>Style %1</source>
-        <translation type="unfinished"></translation>
+        <translation>样式 %1</translation>
     </message>
     <message id="backdrop.styles.help">
         <source>Click applies the style; a right click renames, renews or deletes it</source>
-        <translation type="unfinished"></translation>
+        <translation>单击应用样式；右击可重命名、更新或删除</translation>
     </message>
     <message id="backdrop.styles.rename">
         <source>Rename…</source>
-        <translation type="unfinished"></translation>
+        <translation>重命名…</translation>
     </message>
     <message id="backdrop.styles.renameAction">
         <source>Rename</source>
-        <translation type="unfinished"></translation>
+        <translation>重命名</translation>
     </message>
     <message id="backdrop.styles.update">
         <source>Replace with the current backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>替换为当前背景</translation>
     </message>
     <message id="backdrop.styles.delete">
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>删除</translation>
     </message>
     <message id="backdrop.styles.name">
         <source>Name of the style</source>
-        <translation type="unfinished"></translation>
+        <translation>样式名称</translation>
     </message>
     <message id="backdrop.styles.accept">
         <source>Save</source>
-        <translation type="unfinished">保存</translation>
+        <translation>保存</translation>
     </message>
     <message id="canvas.hint.drawLine">
         <source>Drag to draw  ·  Shift keeps to steps of 45°</source>
-        <translation type="unfinished"></translation>
+        <translation>拖动以绘制  ·  Shift：按 45° 对齐</translation>
     </message>
     <message id="canvas.hint.drawShape">
         <source>Drag to draw  ·  Shift makes it even, Alt starts from the centre</source>
-        <translation type="unfinished"></translation>
+        <translation>拖动以绘制  ·  Shift：等宽高  ·  Alt：从中心开始</translation>
     </message>
     <message id="canvas.hint.blur">
         <source>Drag over what should not be read</source>
-        <translation type="unfinished"></translation>
+        <translation>拖选要隐藏的内容</translation>
     </message>
     <message id="canvas.hint.magnifier">
         <source>Drag a lens over what should be larger</source>
-        <translation type="unfinished"></translation>
+        <translation>拖选要放大的部分</translation>
     </message>
     <message id="canvas.hint.pen">
         <source>Drag to draw freehand</source>
-        <translation type="unfinished"></translation>
+        <translation>拖动以自由绘制</translation>
     </message>
     <message id="canvas.hint.counter">
         <source>Click to place the next number, drag to point it</source>
-        <translation type="unfinished"></translation>
+        <translation>单击放置下一个序号，拖动可指定指向</translation>
     </message>
     <message id="canvas.hint.text">
         <source>Click to type, drag for a width</source>
-        <translation type="unfinished"></translation>
+        <translation>单击输入文字，拖动可指定宽度</translation>
     </message>
     <message id="canvas.hint.cropping">
         <source>Drag the edges to crop  ·  Return takes it  ·  Esc leaves</source>
-        <translation type="unfinished"></translation>
+        <translation>拖动边缘以裁剪  ·  Enter：确认  ·  Esc：退出</translation>
     </message>
     <message id="canvas.hint.select">
         <source>Click to select, drag to select several</source>
-        <translation type="unfinished"></translation>
+        <translation>单击选择，拖动可选择多个</translation>
     </message>
     <message id="canvas.hint.move">
         <source>Drag to move  ·  the arrow keys nudge</source>
-        <translation type="unfinished"></translation>
+        <translation>拖动以移动  ·  方向键：微调</translation>
     </message>
     <message id="canvas.hint.crop">
         <source>Drag to crop</source>
-        <translation type="unfinished"></translation>
+        <translation>拖动以裁剪</translation>
     </message>
     <message id="canvas.hint.resize">
         <source>Drag to resize  ·  Shift keeps it even, Alt keeps the centre</source>
-        <translation type="unfinished"></translation>
+        <translation>拖动以调整大小  ·  Shift：保持比例  ·  Alt：保持中心</translation>
     </message>
     <message id="canvas.hint.movePoint">
         <source>Drag to move this point</source>
-        <translation type="unfinished"></translation>
+        <translation>拖动以移动此点</translation>
     </message>
     <message id="canvas.hint.turn">
         <source>Drag to turn</source>
-        <translation type="unfinished"></translation>
+        <translation>拖动以旋转</translation>
     </message>
     <message id="canvas.hint.editText">
         <source>Click to place the cursor, drag to select text</source>
-        <translation type="unfinished"></translation>
+        <translation>单击放置光标，拖动选择文字</translation>
     </message>
     <message id="canvas.description" numerus="yes">
         <source>Picture of %1 pixels with %n annotations</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 像素的图片，含 %n 个标注</numerusform>
         </translation>
     </message>
     <message id="canvas.description.selected" numerus="yes">
         <source>%n selected</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>已选择 %n 个</numerusform>
         </translation>
     </message>
     <message id="canvas.name">
         <source>Canvas</source>
-        <translation type="unfinished"></translation>
+        <translation>画布</translation>
     </message>
     <message id="canvas.hint.eyedropper">
         <source>Click to take the colour  ·  Esc leaves</source>
-        <translation type="unfinished"></translation>
+        <translation>单击拾取颜色  ·  Esc：退出</translation>
     </message>
     <message id="canvas.hint.pan">
         <source>Drag to move the view</source>
-        <translation type="unfinished"></translation>
+        <translation>拖动以移动视图</translation>
     </message>
     <message id="color.red">
         <source>Red</source>
-        <translation type="unfinished"></translation>
+        <translation>红色</translation>
     </message>
     <message id="color.orange">
         <source>Orange</source>
-        <translation type="unfinished"></translation>
+        <translation>橙色</translation>
     </message>
     <message id="color.yellow">
         <source>Yellow</source>
-        <translation type="unfinished"></translation>
+        <translation>黄色</translation>
     </message>
     <message id="color.green">
         <source>Green</source>
-        <translation type="unfinished"></translation>
+        <translation>绿色</translation>
     </message>
     <message id="color.blue">
         <source>Blue</source>
-        <translation type="unfinished"></translation>
+        <translation>蓝色</translation>
     </message>
     <message id="color.violet">
         <source>Violet</source>
-        <translation type="unfinished"></translation>
+        <translation>紫色</translation>
     </message>
     <message id="color.pink">
         <source>Pink</source>
-        <translation type="unfinished"></translation>
+        <translation>粉色</translation>
     </message>
     <message id="color.slate">
         <source>Slate</source>
-        <translation type="unfinished"></translation>
+        <translation>石板灰</translation>
     </message>
     <message id="editor.color">
         <source>Color</source>
-        <translation type="unfinished"></translation>
+        <translation>颜色</translation>
     </message>
     <message id="editor.swatch.delete">
         <source>Delete Color</source>
-        <translation type="unfinished"></translation>
+        <translation>删除颜色</translation>
     </message>
     <message id="editor.swatch.add">
         <source>Add a color of your own</source>
-        <translation type="unfinished"></translation>
+        <translation>添加自定义颜色</translation>
     </message>
     <message id="editor.swatch.tooltip">
         <source>Your color %1 (double click to edit)</source>
-        <translation type="unfinished"></translation>
+        <translation>自定义颜色 %1（双击以编辑）</translation>
     </message>
     <message id="editor.swatch.edit">
         <source>Edit Color…</source>
-        <translation type="unfinished"></translation>
+        <translation>编辑颜色…</translation>
     </message>
     <message id="editor.failed.render">
         <source>The picture is too large to be made.</source>
-        <translation type="unfinished"></translation>
+        <translation>图片过大，无法生成。</translation>
     </message>
     <message id="editor.failed.encode">
         <source>The picture does not fit this format. PNG holds it.</source>
-        <translation type="unfinished"></translation>
+        <translation>图片超出此格式的限制。PNG 可以容纳。</translation>
     </message>
     <message id="editor.failed.write">
         <source>The file could not be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法写入文件。</translation>
     </message>
     <message id="editor.progress.copy">
         <source>Copying…</source>
-        <translation type="unfinished"></translation>
+        <translation>正在复制…</translation>
     </message>
     <message id="editor.progress.save">
         <source>Saving…</source>
-        <translation type="unfinished"></translation>
+        <translation>正在保存…</translation>
     </message>
     <message id="editor.saveAs.title">
         <source>Save the picture as</source>
-        <translation type="unfinished"></translation>
+        <translation>图片另存为</translation>
     </message>
     <message id="editor.saved">
         <source>Saved %1</source>
-        <translation type="unfinished"></translation>
+        <translation>已保存 %1</translation>
     </message>
     <message id="editor.progress.print">
         <source>Printing…</source>
-        <translation type="unfinished"></translation>
+        <translation>正在打印…</translation>
     </message>
     <message id="editor.bar">
         <source>Tools and style</source>
-        <translation type="unfinished"></translation>
+        <translation>工具和样式</translation>
     </message>
     <message id="editor.moreTools">
         <source>More tools</source>
-        <translation type="unfinished"></translation>
+        <translation>更多工具</translation>
     </message>
     <message id="editor.dragOut">
         <source>Drag the picture into another program</source>
-        <translation type="unfinished"></translation>
+        <translation>将图片拖到其他程序中</translation>
     </message>
     <message id="editor.copy.outdated">
         <source>%1: the clipboard holds an older state</source>
-        <translation type="unfinished"></translation>
+        <translation>%1：剪贴板中不是最新内容</translation>
     </message>
     <message id="tool.select">
         <source>Select</source>
-        <translation type="unfinished"></translation>
+        <translation>选择</translation>
     </message>
     <message id="tool.arrow">
         <source>Arrow</source>
-        <translation type="unfinished"></translation>
+        <translation>箭头</translation>
     </message>
     <message id="tool.rectangle">
         <source>Rectangle</source>
-        <translation type="unfinished"></translation>
+        <translation>矩形</translation>
     </message>
     <message id="tool.ellipse">
         <source>Ellipse</source>
-        <translation type="unfinished"></translation>
+        <translation>椭圆</translation>
     </message>
     <message id="tool.line">
         <source>Line</source>
-        <translation type="unfinished"></translation>
+        <translation>直线</translation>
     </message>
     <message id="tool.pen">
         <source>Pen</source>
-        <translation type="unfinished"></translation>
+        <translation>画笔</translation>
     </message>
     <message id="tool.text">
         <source>Text</source>
-        <translation type="unfinished"></translation>
+        <translation>文字</translation>
     </message>
     <message id="tool.counter">
         <source>Counter</source>
-        <translation type="unfinished"></translation>
+        <translation>序号</translation>
     </message>
     <message id="tool.pixelate">
         <source>Pixelate</source>
-        <translation type="unfinished"></translation>
+        <translation>马赛克</translation>
     </message>
     <message id="tool.magnifier">
         <source>Magnifier</source>
-        <translation type="unfinished"></translation>
+        <translation>放大镜</translation>
     </message>
     <message id="editor.crop">
         <source>Crop</source>
-        <translation type="unfinished"></translation>
+        <translation>裁剪</translation>
     </message>
     <message id="editor.thinner">
         <source>Thinner</source>
-        <translation type="unfinished"></translation>
+        <translation>调细</translation>
     </message>
     <message id="editor.thicker">
         <source>Thicker</source>
-        <translation type="unfinished"></translation>
+        <translation>调粗</translation>
     </message>
     <message id="editor.sketch">
         <source>Hand-Drawn</source>
-        <translation type="unfinished"></translation>
+        <translation>手绘风格</translation>
     </message>
     <message id="editor.fill">
         <source>Fill</source>
-        <translation type="unfinished"></translation>
+        <translation>填充</translation>
     </message>
     <message id="editor.nextBlurStyle">
         <source>Next Way to Pixelate</source>
-        <translation type="unfinished"></translation>
+        <translation>切换遮盖方式</translation>
     </message>
     <message id="editor.pickColor">
         <source>Pick Color from Screen</source>
-        <translation type="unfinished"></translation>
+        <translation>从屏幕拾取颜色</translation>
     </message>
     <message id="editor.undo">
         <source>Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>撤销</translation>
     </message>
     <message id="editor.redo">
         <source>Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>重做</translation>
     </message>
     <message id="editor.cut">
         <source>Cut</source>
-        <translation type="unfinished"></translation>
+        <translation>剪切</translation>
     </message>
     <message id="editor.copy">
         <source>Copy</source>
-        <translation type="unfinished">复制</translation>
+        <translation>复制</translation>
     </message>
     <message id="editor.paste">
         <source>Paste</source>
-        <translation type="unfinished"></translation>
+        <translation>粘贴</translation>
     </message>
     <message id="editor.duplicate">
         <source>Duplicate</source>
-        <translation type="unfinished"></translation>
+        <translation>创建副本</translation>
     </message>
     <message id="editor.delete">
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>删除</translation>
     </message>
     <message id="editor.selectAll">
         <source>Select All</source>
-        <translation type="unfinished"></translation>
+        <translation>全选</translation>
     </message>
     <message id="editor.bringForward">
         <source>Bring Forward</source>
-        <translation type="unfinished"></translation>
+        <translation>上移一层</translation>
     </message>
     <message id="editor.sendBackward">
         <source>Send Backward</source>
-        <translation type="unfinished"></translation>
+        <translation>下移一层</translation>
     </message>
     <message id="editor.bringToFront">
         <source>Bring to Front</source>
-        <translation type="unfinished"></translation>
+        <translation>置于顶层</translation>
     </message>
     <message id="editor.sendToBack">
         <source>Send to Back</source>
-        <translation type="unfinished"></translation>
+        <translation>置于底层</translation>
     </message>
     <message id="editor.alignLeft">
         <source>Align Left Edges</source>
-        <translation type="unfinished"></translation>
+        <translation>左对齐</translation>
     </message>
     <message id="editor.alignCenter">
         <source>Align Centers Horizontally</source>
-        <translation type="unfinished"></translation>
+        <translation>水平居中对齐</translation>
     </message>
     <message id="editor.alignRight">
         <source>Align Right Edges</source>
-        <translation type="unfinished"></translation>
+        <translation>右对齐</translation>
     </message>
     <message id="editor.alignTop">
         <source>Align Top Edges</source>
-        <translation type="unfinished"></translation>
+        <translation>顶部对齐</translation>
     </message>
     <message id="editor.alignMiddle">
         <source>Align Centers Vertically</source>
-        <translation type="unfinished"></translation>
+        <translation>垂直居中对齐</translation>
     </message>
     <message id="editor.alignBottom">
         <source>Align Bottom Edges</source>
-        <translation type="unfinished"></translation>
+        <translation>底部对齐</translation>
     </message>
     <message id="editor.resetCrop">
         <source>Reset Crop</source>
-        <translation type="unfinished"></translation>
+        <translation>重置裁剪</translation>
     </message>
     <message id="editor.addCapture">
         <source>Add Capture</source>
-        <translation type="unfinished"></translation>
+        <translation>添加截图</translation>
     </message>
     <message id="editor.addPicture">
         <source>Add Picture…</source>
-        <translation type="unfinished"></translation>
+        <translation>添加图片…</translation>
     </message>
     <message id="editor.backdrop">
         <source>Backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>背景</translation>
     </message>
     <message id="editor.copyPicture">
         <source>Copy Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>复制图片</translation>
     </message>
     <message id="editor.save">
         <source>Save</source>
-        <translation type="unfinished">保存</translation>
+        <translation>保存</translation>
     </message>
     <message id="editor.saveAs">
         <source>Save As…</source>
-        <translation type="unfinished"></translation>
+        <translation>另存为…</translation>
     </message>
     <message id="editor.print">
         <source>Print…</source>
-        <translation type="unfinished"></translation>
+        <translation>打印…</translation>
     </message>
     <message id="editor.pin">
         <source>Pin to Screen</source>
-        <translation type="unfinished"></translation>
+        <translation>固定在屏幕上</translation>
     </message>
     <message id="editor.close">
         <source>Close</source>
-        <translation type="unfinished">关闭</translation>
+        <translation>关闭</translation>
     </message>
     <message id="editor.zoomIn">
         <source>Zoom In</source>
-        <translation type="unfinished"></translation>
+        <translation>放大</translation>
     </message>
     <message id="editor.zoomOut">
         <source>Zoom Out</source>
-        <translation type="unfinished"></translation>
+        <translation>缩小</translation>
     </message>
     <message id="editor.zoomToFit">
         <source>Fit to Window</source>
-        <translation type="unfinished"></translation>
+        <translation>适合窗口大小</translation>
     </message>
     <message id="editor.actualSize">
         <source>Actual Size</source>
-        <translation type="unfinished"></translation>
+        <translation>实际大小</translation>
     </message>
     <message id="editor.nextPart">
         <source>Next Part of the Window</source>
-        <translation type="unfinished"></translation>
+        <translation>窗口的下一个区域</translation>
     </message>
     <message id="editor.more">
         <source>More</source>
-        <translation type="unfinished"></translation>
+        <translation>更多</translation>
     </message>
     <message id="editor.shortcuts">
         <source>Keyboard Shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>键盘快捷键</translation>
     </message>
     <message id="editor.group.tools">
         <source>Tools</source>
-        <translation type="unfinished"></translation>
+        <translation>工具</translation>
     </message>
     <message id="editor.group.style">
         <source>Style</source>
-        <translation type="unfinished"></translation>
+        <translation>样式</translation>
     </message>
     <message id="editor.group.edit">
         <source>Edit</source>
-        <translation type="unfinished"></translation>
+        <translation>编辑</translation>
     </message>
     <message id="editor.group.arrange">
         <source>Arrange</source>
-        <translation type="unfinished"></translation>
+        <translation>排列</translation>
     </message>
     <message id="editor.group.picture">
         <source>Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>图片</translation>
     </message>
     <message id="editor.group.view">
         <source>View</source>
-        <translation type="unfinished"></translation>
+        <translation>视图</translation>
     </message>
     <message id="editor.menu.order">
         <source>Order</source>
-        <translation type="unfinished"></translation>
+        <translation>叠放顺序</translation>
     </message>
     <message id="editor.menu.align">
         <source>Align</source>
-        <translation type="unfinished"></translation>
+        <translation>对齐</translation>
     </message>
     <message id="editor.zoomPercent">
         <source>%1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1%</translation>
     </message>
     <message id="editor.size">
         <source>%1 × %2 px</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2 px</translation>
     </message>
     <message id="editor.selectionSize">
         <source>%1 × %2 at %3, %4</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2（位置 %3, %4）</translation>
     </message>
     <message id="editor.sketchTooltip">
         <source>Hand-drawn</source>
-        <translation type="unfinished"></translation>
+        <translation>手绘风格</translation>
     </message>
     <message id="editor.fillTooltip">
         <source>Filled</source>
-        <translation type="unfinished"></translation>
+        <translation>填充</translation>
     </message>
     <message id="editor.textStyleTooltip">
         <source>Text on a filled box</source>
-        <translation type="unfinished"></translation>
+        <translation>文字加底色框</translation>
     </message>
     <message id="editor.textFontTooltip">
         <source>Handwriting</source>
-        <translation type="unfinished"></translation>
+        <translation>手写字体</translation>
     </message>
     <message id="editor.blurStyle.hides">
         <source>Hides what is below it for good.</source>
-        <translation type="unfinished"></translation>
+        <translation>彻底隐藏下方内容，无法还原。</translation>
     </message>
     <message id="editor.blurStyle.mosaic">
         <source>Mosaic</source>
-        <translation type="unfinished"></translation>
+        <translation>像素化</translation>
     </message>
     <message id="editor.blurStyle.erase">
         <source>Paint Over</source>
-        <translation type="unfinished"></translation>
+        <translation>纯色覆盖</translation>
     </message>
     <message id="editor.blurStyle.gaussian">
         <source>Blur</source>
-        <translation type="unfinished"></translation>
+        <translation>模糊</translation>
     </message>
     <message id="editor.blurStyle.gaussian.warning">
         <source>Decorates only: what is below can often be made readable again. Hide secrets with the other two.</source>
-        <translation type="unfinished"></translation>
+        <translation>仅作装饰：下方内容往往可以还原。如需隐藏机密，请使用另外两种方式。</translation>
     </message>
     <message id="editor.blurStyleTooltip">
         <source>How it is hidden</source>
-        <translation type="unfinished"></translation>
+        <translation>遮盖方式</translation>
     </message>
     <message id="editor.blurFillColor">
         <source>Color it is painted over with</source>
-        <translation type="unfinished"></translation>
+        <translation>覆盖颜色</translation>
     </message>
     <message id="editor.blurFillColor.automatic">
         <source>Take the color from around it</source>
-        <translation type="unfinished"></translation>
+        <translation>取用周围的颜色</translation>
     </message>
     <message id="editor.blurStrength.gaussian">
         <source>Softness</source>
-        <translation type="unfinished"></translation>
+        <translation>模糊程度</translation>
     </message>
     <message id="editor.blurStrength.pixel">
         <source>Cell size</source>
-        <translation type="unfinished"></translation>
+        <translation>方格大小</translation>
     </message>
     <message id="editor.magnifierShape.circle">
         <source>Round</source>
-        <translation type="unfinished"></translation>
+        <translation>圆形</translation>
     </message>
     <message id="editor.magnifierShape.roundedRect">
         <source>Rounded rectangle</source>
-        <translation type="unfinished"></translation>
+        <translation>圆角矩形</translation>
     </message>
     <message id="editor.magnifierShapeTooltip">
         <source>Shape of the lens</source>
-        <translation type="unfinished"></translation>
+        <translation>放大镜形状</translation>
     </message>
     <message id="editor.magnificationTooltip">
         <source>Magnification</source>
-        <translation type="unfinished"></translation>
+        <translation>放大倍数</translation>
     </message>
     <message id="editor.format.png">
         <source>PNG picture (*.png)</source>
-        <translation type="unfinished"></translation>
+        <translation>PNG 图片 (*.png)</translation>
     </message>
     <message id="editor.format.jpeg">
         <source>JPEG picture (*.jpg *.jpeg)</source>
-        <translation type="unfinished"></translation>
+        <translation>JPEG 图片 (*.jpg *.jpeg)</translation>
     </message>
     <message id="editor.format.webp">
         <source>WebP picture (*.webp)</source>
-        <translation type="unfinished"></translation>
+        <translation>WebP 图片 (*.webp)</translation>
     </message>
     <message id="editor.format.tiff">
         <source>TIFF picture (*.tiff *.tif)</source>
-        <translation type="unfinished"></translation>
+        <translation>TIFF 图片 (*.tiff *.tif)</translation>
     </message>
     <message id="editor.format.pdf">
         <source>PDF document (*.pdf)</source>
-        <translation type="unfinished"></translation>
+        <translation>PDF 文档 (*.pdf)</translation>
     </message>
     <message id="pin.zoom">
         <source>Zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>缩放</translation>
     </message>
     <message id="pin.zoom.hint">
         <source>0 for the picture&apos;s own size</source>
-        <translation type="unfinished"></translation>
+        <translation>按 0 恢复原始大小</translation>
     </message>
     <message id="pin.copy">
         <source>Copy</source>
-        <translation type="unfinished">复制</translation>
+        <translation>复制</translation>
     </message>
     <message id="pin.copy.hint">
         <source>Ctrl+C; drag it into another program</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+C；也可拖到其他程序中</translation>
     </message>
     <message id="pin.edit">
         <source>Edit</source>
-        <translation type="unfinished"></translation>
+        <translation>编辑</translation>
     </message>
     <message id="pin.more">
         <source>More</source>
-        <translation type="unfinished"></translation>
+        <translation>更多</translation>
     </message>
     <message id="pin.close">
         <source>Close</source>
-        <translation type="unfinished">关闭</translation>
+        <translation>关闭</translation>
     </message>
     <message id="pin.percent">
         <source>%1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1%</translation>
     </message>
     <message id="pin.save">
         <source>Save</source>
-        <translation type="unfinished">保存</translation>
+        <translation>保存</translation>
     </message>
     <message id="pin.opacity">
         <source>Opacity</source>
-        <translation type="unfinished"></translation>
+        <translation>不透明度</translation>
     </message>
     <message id="pin.shadow">
         <source>Shadow</source>
-        <translation type="unfinished"></translation>
+        <translation>阴影</translation>
     </message>
     <message id="pin.roundedCorners">
         <source>Rounded corners</source>
-        <translation type="unfinished"></translation>
+        <translation>圆角</translation>
     </message>
     <message id="pin.clickThrough">
         <source>Let clicks through</source>
-        <translation type="unfinished"></translation>
+        <translation>点击穿透</translation>
     </message>
     <message id="pin.closeAll">
         <source>Close all pins</source>
-        <translation type="unfinished"></translation>
+        <translation>关闭所有固定的图片</translation>
     </message>
     <message id="pin.window">
         <source>Pinned picture</source>
-        <translation type="unfinished"></translation>
+        <translation>固定的图片</translation>
     </message>
     <message id="pin.opacity.badge">
         <source>Opacity %1</source>
-        <translation type="unfinished"></translation>
+        <translation>不透明度 %1</translation>
     </message>
     <message id="pin.clickThrough.began">
         <source>Clicks now go through the pin. The Vellora menu ends this.</source>
-        <translation type="unfinished"></translation>
+        <translation>点击现在会穿透固定的图片。可在 Vellora 菜单中取消。</translation>
     </message>
     <message id="editor.shortcuts.lock">
         <source>Keep the Tool</source>
-        <translation type="unfinished"></translation>
+        <translation>锁定工具</translation>
     </message>
     <message id="editor.shortcuts.doubleClick">
         <source>double click</source>
-        <translation type="unfinished"></translation>
+        <translation>双击</translation>
     </message>
     <message id="editor.shortcuts.colors">
         <source>Colors</source>
-        <translation type="unfinished"></translation>
+        <translation>颜色</translation>
     </message>
     <message id="editor.shortcuts.pan">
         <source>Move the Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>移动图片</translation>
     </message>
     <message id="editor.shortcuts.space">
         <source>Space</source>
-        <translation type="unfinished"></translation>
+        <translation>空格</translation>
     </message>
     <message id="editor.shortcuts.drag">
         <source>drag</source>
-        <translation type="unfinished"></translation>
+        <translation>拖动</translation>
     </message>
     <message id="editor.cancel">
         <source>Cancel</source>
-        <translation type="unfinished">取消</translation>
+        <translation>取消</translation>
     </message>
     <message id="editor.zoom">
         <source>Zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>缩放</translation>
     </message>
     <message id="editor.moreStyle">
         <source>More of the style</source>
-        <translation type="unfinished"></translation>
+        <translation>更多样式选项</translation>
     </message>
     <message id="editor.width">
         <source>Width</source>
-        <translation type="unfinished"></translation>
+        <translation>粗细</translation>
     </message>
     <message id="editor.width.preset">
         <source>Width %1</source>
-        <translation type="unfinished"></translation>
+        <translation>粗细 %1</translation>
     </message>
     <message id="color.plane">
         <source>Saturation and brightness</source>
-        <translation type="unfinished"></translation>
+        <translation>饱和度和亮度</translation>
     </message>
     <message id="color.hue">
         <source>Hue</source>
-        <translation type="unfinished"></translation>
+        <translation>色相</translation>
     </message>
     <message id="color.opacity">
         <source>Opacity</source>
-        <translation type="unfinished"></translation>
+        <translation>不透明度</translation>
     </message>
     <message id="color.hex">
         <source>Color as a hexadecimal number</source>
-        <translation type="unfinished"></translation>
+        <translation>十六进制颜色值</translation>
     </message>
     <message id="color.eyedropper">
         <source>Pick a color from the screen</source>
-        <translation type="unfinished"></translation>
+        <translation>从屏幕拾取颜色</translation>
     </message>
     <message id="editor.copiedSelection">
         <source>Copied the selection</source>
-        <translation type="unfinished"></translation>
+        <translation>已复制所选内容</translation>
     </message>
 </context>
 </TS>
