@@ -1,14 +1,20 @@
 // The picture kernels, beside what widely used libraries need for the same pixels: libpng and spng at zlib's fastest
-// level and at their own defaults, and Qt's writer. Read the bytes as well as the time: each row reports both.
+// level and at their own defaults, and Qt's writer and reader. Read the bytes as well as the time: each row reports
+// both.
 #include <benchmark/benchmark.h>
 #include <png.h>
 #include <spng.h>
 
 #include <QBuffer>
 #include <QImageWriter>
+#include <map>
+#include <memory>
+#include <span>
+#include <utility>
 #include <vector>
 
 #include "Scenes.h"
+#include "media/PngDecoder.h"
 #include "media/PngEncoder.h"
 #include "media/Thumbnail.h"
 #include "media/codecs/ImageConversion.h"
@@ -116,6 +122,76 @@ void qtPng(benchmark::State& state) {
   state.counters["bytes"] = static_cast<double>(file.size());
 }
 BENCHMARK(qtPng)->Apply(scenes);
+
+/// What the readers read: the scene as our own encoder writes it, or with libpng's usual settings.
+enum class Writer { Own, Usual };
+
+const QByteArray& fileOf(Scene kind, Writer writer) {
+  static std::map<std::pair<Scene, Writer>, QByteArray> files;
+  QByteArray& file = files[{kind, writer}];
+  if (!file.isEmpty()) return file;
+  if (writer == Writer::Own) {
+    const auto own = encodePng(scene(kind), {});
+    file = QByteArray(reinterpret_cast<const char*>(own->data()), static_cast<qsizetype>(own->size()));
+  } else {
+    QBuffer buffer(&file);
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter(&buffer, "png").write(toImage(scene(kind)));
+  }
+  return file;
+}
+
+std::span<const std::byte> bytesOf(const QByteArray& file) {
+  return std::as_bytes(std::span(file.constData(), static_cast<std::size_t>(file.size())));
+}
+
+void readVellora(benchmark::State& state, Writer writer) {
+  const QByteArray& file = fileOf(sceneOf(state), writer);
+  for (auto _ : state) benchmark::DoNotOptimize(decodePng(bytesOf(file)));
+}
+BENCHMARK_CAPTURE(readVellora, own_file, Writer::Own)->Apply(scenes);
+BENCHMARK_CAPTURE(readVellora, usual_file, Writer::Usual)->Apply(scenes);
+
+void readLibpng(benchmark::State& state, Writer writer) {
+  const QByteArray& file = fileOf(sceneOf(state), writer);
+  for (auto _ : state) {
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    png_image_begin_read_from_memory(&image, file.constData(), static_cast<std::size_t>(file.size()));
+    image.format = PNG_FORMAT_BGRA;
+    const auto pixels = std::make_unique_for_overwrite<std::uint8_t[]>(PNG_IMAGE_SIZE(image));
+    if (png_image_finish_read(&image, nullptr, pixels.get(), 0, nullptr) == 0) state.SkipWithError(image.message);
+  }
+}
+BENCHMARK_CAPTURE(readLibpng, own_file, Writer::Own)->Apply(scenes);
+BENCHMARK_CAPTURE(readLibpng, usual_file, Writer::Usual)->Apply(scenes);
+
+void readSpng(benchmark::State& state, Writer writer) {
+  const QByteArray& file = fileOf(sceneOf(state), writer);
+  for (auto _ : state) {
+    spng_ctx* context = spng_ctx_new(0);
+    spng_set_png_buffer(context, file.constData(), static_cast<std::size_t>(file.size()));
+    std::size_t bytes = 0;
+    spng_decoded_image_size(context, SPNG_FMT_RGBA8, &bytes);
+    const auto pixels = std::make_unique_for_overwrite<std::uint8_t[]>(bytes);
+    const int error = spng_decode_image(context, pixels.get(), bytes, SPNG_FMT_RGBA8, 0);
+    spng_ctx_free(context);
+    if (error != 0) state.SkipWithError(spng_strerror(error));
+  }
+}
+BENCHMARK_CAPTURE(readSpng, own_file, Writer::Own)->Apply(scenes);
+BENCHMARK_CAPTURE(readSpng, usual_file, Writer::Usual)->Apply(scenes);
+
+void readQt(benchmark::State& state, Writer writer) {
+  const QByteArray& file = fileOf(sceneOf(state), writer);
+  for (auto _ : state) {
+    QImage image = QImage::fromData(file, "png");
+    if (image.format() != QImage::Format_RGB32) image.convertTo(QImage::Format_RGB32);
+    benchmark::DoNotOptimize(image);
+  }
+}
+BENCHMARK_CAPTURE(readQt, own_file, Writer::Own)->Apply(scenes);
+BENCHMARK_CAPTURE(readQt, usual_file, Writer::Usual)->Apply(scenes);
 
 void thumbnail(benchmark::State& state) {
   const ThumbnailPiece piece{scene(sceneOf(state)), {{0, 0}, {3840, 2160}}};

@@ -22,6 +22,10 @@ bool samePixels(const std::byte* a, const std::byte* b, std::size_t width, std::
 /// Whether every pixel of a row has the full alpha of 255.
 bool isSolidRow(const std::byte* source, std::size_t width);
 
+/// Multiplies the colours of a row by their alpha, to the nearest value. Here the lowest byte of a pixel is blue, as in
+/// the bitmap at `target`.
+void premultiplyRow(std::span<const std::uint32_t> row, std::byte* target);
+
 /// The filters of PNG (third edition, 9.2), by the numbers that stand in the file.
 enum class RowFilter : std::uint8_t { None = 0, Sub = 1, Up = 2, Paeth = 4 };
 
