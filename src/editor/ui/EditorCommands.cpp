@@ -91,6 +91,12 @@ constexpr Entry entries[] = {
     {Command::AlignMiddle, Group::Arrange, QT_TRID_NOOP("editor.alignMiddle"), "arrange.center.vertical", "Ctrl+Alt+V"},
     //% "Align Bottom Edges"
     {Command::AlignBottom, Group::Arrange, QT_TRID_NOOP("editor.alignBottom"), "arrange.bottom", "Ctrl+Alt+Down"},
+    //% "Distribute Horizontally"
+    {Command::DistributeHorizontally, Group::Arrange, QT_TRID_NOOP("editor.distributeHorizontally"),
+     "arrange.distribute.horizontal", "Ctrl+Alt+Shift+H"},
+    //% "Distribute Vertically"
+    {Command::DistributeVertically, Group::Arrange, QT_TRID_NOOP("editor.distributeVertically"),
+     "arrange.distribute.vertical", "Ctrl+Alt+Shift+V"},
     //% "Reset Crop"
     {Command::ResetCrop, Group::Arrange, QT_TRID_NOOP("editor.resetCrop"), "reset", "Shift+C"},
     //% "Add Capture"

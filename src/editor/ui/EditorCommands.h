@@ -50,6 +50,8 @@ enum class EditorCommand {
   AlignTop,
   AlignMiddle,
   AlignBottom,
+  DistributeHorizontally,
+  DistributeVertically,
   ResetCrop,
   AddCapture,
   AddPicture,

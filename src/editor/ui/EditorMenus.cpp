@@ -40,6 +40,8 @@ void addArrange(QMenu& menu, EditorCommands& commands) {
   add(*align, commands, {Command::AlignLeft, Command::AlignCenter, Command::AlignRight});
   align->addSeparator();
   add(*align, commands, {Command::AlignTop, Command::AlignMiddle, Command::AlignBottom});
+  align->addSeparator();
+  add(*align, commands, {Command::DistributeHorizontally, Command::DistributeVertically});
   align->setEnabled(commands[Command::AlignLeft].isEnabled());
 }
 

@@ -273,6 +273,8 @@ void EditorWindow::Private::connectArrangeCommands() {
   align(Command::AlignTop, Alignment::Top);
   align(Command::AlignMiddle, Alignment::CenterY);
   align(Command::AlignBottom, Alignment::Bottom);
+  commands.on(Command::DistributeHorizontally, [this] { model.distribute(Distribution::Horizontal); });
+  commands.on(Command::DistributeVertically, [this] { model.distribute(Distribution::Vertical); });
 }
 
 void EditorWindow::Private::changed(CanvasChange change) {
@@ -303,11 +305,11 @@ void EditorWindow::Private::refreshCommands() {
   enable({Command::Undo}, model.canUndo());
   enable({Command::Redo}, model.canRedo());
   enable({Command::Cut, Command::Duplicate, Command::BringForward, Command::SendBackward, Command::BringToFront,
-          Command::SendToBack},
+          Command::SendToBack, Command::AlignLeft, Command::AlignCenter, Command::AlignRight, Command::AlignTop,
+          Command::AlignMiddle, Command::AlignBottom},
          selected > 0);
-  enable({Command::AlignLeft, Command::AlignCenter, Command::AlignRight, Command::AlignTop, Command::AlignMiddle,
-          Command::AlignBottom},
-         selected > 1);
+  // The outermost two stay where they are.
+  enable({Command::DistributeHorizontally, Command::DistributeVertically}, selected > 2);
   enable({Command::Delete}, model.canDelete());
   const auto& pieces = model.document().pieces;
   enable({Command::ResetCrop}, std::ranges::any_of(pieces, &CapturePiece::isCropped));

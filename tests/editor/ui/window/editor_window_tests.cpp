@@ -98,6 +98,31 @@ TEST(EditorWindow, ShowsTheControlsOfWhatIsSelectedOnly) {
   EXPECT_TRUE(visible<SegmentedControl>(*bench.window).isEmpty());
 }
 
+TEST(EditorWindow, OffersToArrangeWhatThereIsEnoughOf) {
+  EditorBench bench;
+  bench.open();
+  bench.model().setSketch(false);
+  for (const double left : {40.0, 120.0, 420.0}) {
+    bench.model().setTool(Tool::Box);
+    bench.draw({left, 60}, {left + 50, 120});
+  }
+  const auto offered = [&](EditorCommand id) { return bench.command(id).isEnabled(); };
+  EXPECT_TRUE(offered(EditorCommand::AlignLeft)) << "one lines up with the picture";
+  EXPECT_FALSE(offered(EditorCommand::DistributeHorizontally));
+  bench.run(EditorCommand::AlignRight);
+  EXPECT_NEAR(std::max(bench.last().p1.x, bench.last().p2.x), 600, 0.5);
+  bench.model().select({});
+  QApplication::processEvents();
+  EXPECT_FALSE(offered(EditorCommand::AlignLeft));
+
+  bench.run(EditorCommand::SelectAll);
+  ASSERT_TRUE(offered(EditorCommand::DistributeHorizontally));
+  bench.run(EditorCommand::DistributeHorizontally);
+  const auto left = [&](std::size_t i) { return spannedRect(*bench.model().document().annotations[i]).minX(); };
+  EXPECT_NEAR(left(1) - left(0), left(2) - left(1), 0.5);
+  EXPECT_NEAR(left(0), 40, 0.5);
+}
+
 TEST(EditorWindow, KeepsUpToFourColoursOfOnesOwn) {
   EditorBench bench;
   bench.open();
