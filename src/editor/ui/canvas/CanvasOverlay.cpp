@@ -54,6 +54,10 @@ void addPolygon(QRegion& region, const QPolygonF& polygon, double reach) {
   }
 }
 
+void addPolyline(QRegion& region, const QPolygonF& line, double reach) {
+  for (qsizetype i = 1; i < line.size(); ++i) addLine(region, {line[i - 1], line[i]}, reach);
+}
+
 QRegion dimmed(const OverlayContent& content) {
   return content.crop ? QRegion(content.crop->sheet).subtracted(content.crop->frame) : QRegion();
 }
@@ -86,6 +90,15 @@ void paintOutline(QPainter& painter, const QPolygonF& polygon, double width, con
   painter.setPen(QPen(color, line, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
   painter.drawPolygon(sharp);
   painter.setRenderHint(QPainter::Antialiasing);
+}
+
+/// The same along an arrow or line.
+void paintShaft(QPainter& painter, const QPolygonF& shaft, const QColor& color, double ratio) {
+  painter.setBrush(Qt::NoBrush);
+  for (const auto& [width, ink] : {std::pair{3.0, QColor(255, 255, 255, 130)}, std::pair{1.5, color}}) {
+    painter.setPen(QPen(ink, width * ratio, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
+    painter.drawPolyline(shaft);
+  }
 }
 
 void paintDot(QPainter& painter, const OverlayContent::Mark& mark, double ratio) {
@@ -210,6 +223,7 @@ QRegion overlayRegion(const OverlayContent& content, double ratio) {
   const double line = lineReach * ratio;
   for (const QPolygonF& outline : content.outlines) addPolygon(region, outline, line);
   if (content.hovered) addPolygon(region, *content.hovered, line);
+  addPolyline(region, content.hoveredShaft, line);
   if (content.marquee) region += content.marquee->boundingRect().adjusted(-line, -line, line, line).toAlignedRect();
   for (const QLineF& guide : content.guides) addLine(region, guide, line);
   for (const QPainterPath& path : content.lensSources) {
@@ -250,6 +264,7 @@ QRegion overlayDifference(const OverlayContent& before, const OverlayContent& af
 void paintOverlay(QPainter& painter, const OverlayContent& content, double ratio) {
   painter.setRenderHint(QPainter::Antialiasing);
   if (content.hovered) paintOutline(painter, *content.hovered, 1.5, withAlpha(accent(), 0.7F), ratio);
+  if (!content.hoveredShaft.isEmpty()) paintShaft(painter, content.hoveredShaft, accent(), ratio);
   for (const QPolygonF& outline : content.outlines) paintOutline(painter, outline, 1, accent(), ratio);
   for (const QLineF& guide : content.guides) {
     painter.setRenderHint(QPainter::Antialiasing, false);

@@ -34,6 +34,7 @@ struct OverlayContent {
 
   std::vector<QPolygonF> outlines;   ///< of what is selected
   std::optional<QPolygonF> hovered;  ///< of what a click would select
+  QPolygonF hoveredShaft;            ///< along the arrow or line a click would select, from end to end
   std::optional<QPolygonF> marquee;
   std::vector<QLineF> guides;
   std::vector<QPainterPath> lensSources;  ///< what a selected lens shows

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "editor/canvas/AnnotationGeometry.h"
 #include "editor/canvas/Cropping.h"
 #include "editor/ui/canvas/CanvasOverlay.h"
 
@@ -39,6 +40,17 @@ void addLens(OverlayContent& content, const Annotation& lens, const QTransform& 
 /// Of what has a handle at each end the box around it says nothing more.
 bool isToldByItsEnds(const Annotation& annotation) {
   return annotation.kind == Annotation::Kind::Arrow || annotation.kind == Annotation::Kind::Line;
+}
+
+void addHovered(OverlayContent& content, const CanvasModel& model, AnnotationId id, const QTransform& toView) {
+  const AnnotationPtr annotation = model.document().annotation(id);
+  const auto outline = model.outlineOf(id);
+  if (annotation == nullptr || !outline) return;
+  if (!isToldByItsEnds(*annotation)) {
+    content.hovered = placed(*outline, toView);
+    return;
+  }
+  for (const Point& point : shaftOf(*annotation)) content.hoveredShaft << toView.map(QPointF(point.x, point.y));
 }
 
 Rect grown(const Rect& rect, double by) {
@@ -94,7 +106,7 @@ OverlayContent overlayOf(const CanvasModel& model, const QTransform& toView, boo
   }
   const auto hovered = model.hovered();
   if (hovered && showsHovered && !model.selection().contains(*hovered)) {
-    if (const auto outline = model.outlineOf(*hovered)) content.hovered = placed(*outline, toView);
+    addHovered(content, model, *hovered, toView);
   }
   if (const auto marquee = model.marquee()) content.marquee = placed(*marquee, toView);
   for (const Guide& guide : model.guides()) content.guides.push_back(placedLine(guide.from, guide.to, toView));

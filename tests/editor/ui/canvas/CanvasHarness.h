@@ -83,8 +83,11 @@ struct CanvasHarness {
     QApplication::sendEvent(&view, &release);
   }
 
+  /// The pointer comes over the view.
+  void enter() { view.setAttribute(Qt::WA_UnderMouse); }
   /// The pointer goes away, and with it the outline of what is below it.
   void leave() {
+    view.setAttribute(Qt::WA_UnderMouse, false);
     QEvent event(QEvent::Leave);
     QApplication::sendEvent(&view, &event);
   }

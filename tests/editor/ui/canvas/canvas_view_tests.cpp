@@ -71,6 +71,33 @@ TEST(CanvasView, LeavesThePixelsOfAnArrowDrawnByMouse) {
   EXPECT_EQ(harness.colorAt({200, 150}), QColor(Qt::white));
 }
 
+TEST(CanvasView, TellsAHoveredLineByItselfAndAShapeByItsBox) {
+  CanvasHarness harness(whiteDocument());
+  harness.model.setSketch(false);
+  harness.model.setLineWidth(8);
+  harness.model.setTool(Tool::Arrow);
+  harness.drag({50, 50}, {350, 150});
+  harness.model.setTool(Tool::Box);
+  harness.drag({100, 200}, {200, 280});
+  harness.model.select({});
+  harness.leave();
+  const QImage plain = harness.shown();
+  const auto changedAt = [&](const QImage& now, Point place) {
+    const QPoint at = (harness.view.viewPoint(place) * now.devicePixelRatio()).toPoint();
+    return now.pixel(at) != plain.pixel(at);
+  };
+  harness.enter();
+  harness.mouse(QEvent::MouseMove, harness.view.viewPoint({125, 75}), Qt::NoButton);
+  const QImage overArrow = harness.shown();
+  EXPECT_TRUE(changedAt(overArrow, {200, 100}));
+  EXPECT_FALSE(changedAt(overArrow, {350, 50})) << "no box around it";
+  EXPECT_FALSE(changedAt(overArrow, {100, 200}));
+  harness.mouse(QEvent::MouseMove, harness.view.viewPoint({100, 240}), Qt::NoButton);
+  const QImage overBox = harness.shown();
+  EXPECT_FALSE(changedAt(overBox, {200, 100}));
+  EXPECT_TRUE(changedAt(overBox, {100, 220}));
+}
+
 TEST(CanvasView, WheelZoomsAtThePointer) {
   CanvasHarness harness(documentOf(motleyBitmap({1600, 1200})));
   const QPointF at(500, 220);
