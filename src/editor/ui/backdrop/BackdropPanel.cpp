@@ -270,7 +270,7 @@ QWidget* BackdropPanel::makeEffectsSection() {
   //% "Glow"
   strength(qtTrId("backdrop.glow"), QStringLiteral("backdrop.glow"),
            [](BackdropSettings& s) -> double& { return s.glowIntensity; });
-  //% "Centre of the glow"
+  //% "Center of the glow"
   auto* pad = new PointPad({0, 0}, {1, 1}, BackdropSettings().glowCenter, qtTrId("backdrop.glowCenter"), section);
   section->add(pad);
   connect(pad, &PointPad::placeChanged, state_, [this](Point place) {

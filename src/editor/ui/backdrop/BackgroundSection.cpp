@@ -148,7 +148,7 @@ void BackgroundSection::addColors() {
   for (std::size_t i = 0; i < backdropPresets.size(); ++i) {
     offer(*grid, qtTrId(colorKeys[i]), {BackdropBackground::Solid{backdropPresets[i].color}});
   }
-  //% "Another colour…"
+  //% "Another color…"
   ownColor_ = grid->addTile(qtTrId("backdrop.ownColor"));
   connect(ownColor_, &QAbstractButton::clicked, this, &BackgroundSection::chooseColor);
   add(grid, true);

@@ -27,9 +27,9 @@ GradientBar::GradientBar(QWidget* parent) : QWidget(parent) {
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_Hover);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-  //% "Colours of the gradient"
+  //% "Colors of the gradient"
   setAccessibleName(qtTrId("backdrop.gradient.stops"));
-  //% "Drag a colour to move it, away to remove it; click to add one"
+  //% "Drag a color to move it, away to remove it; click to add one"
   setToolTip(qtTrId("backdrop.gradient.stopsHelp"));
   repaintOnThemeChange(*this);
 }

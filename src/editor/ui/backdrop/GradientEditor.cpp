@@ -42,11 +42,11 @@ GradientEditor::GradientEditor(BackdropState& state, const ColorSampler& sampler
       state_(state),
       sampler_(sampler),
       bar_(new GradientBar(this)),
-      //% "Colour of the stop"
+      //% "Color of the stop"
       color_(new ColorSwatch(Qt::black, qtTrId("backdrop.gradient.color"), this)),
-      //% "Add a colour"
+      //% "Add a color"
       add_(new IconButton(QStringLiteral("add"), qtTrId("backdrop.gradient.add"), QStringLiteral("Ins"), this)),
-      //% "Remove the colour"
+      //% "Remove the color"
       remove_(new IconButton(QStringLiteral("trash"), qtTrId("backdrop.gradient.remove"), QStringLiteral("Del"), this)),
       angle_(new Slider(this)),
       angleValue_(new TextLabel(TextLabel::Role::Secondary, {}, this)) {

@@ -16,7 +16,7 @@ QString drawingText(Tool tool) {
       return qtTrId("canvas.hint.drawLine");
     case Tool::Box:
     case Tool::Ellipse:
-      //% "Drag to draw  ·  Shift makes it even, Alt starts from the centre"
+      //% "Drag to draw  ·  Shift makes it even, Alt starts from the center"
       return qtTrId("canvas.hint.drawShape");
     case Tool::Blur:
       //% "Drag over what should not be read"
@@ -92,7 +92,7 @@ QString hintText(PointerHint hint, Tool tool, bool cropping) {
         //% "Drag to crop"
         return qtTrId("canvas.hint.crop");
       }
-      //% "Drag to resize  ·  Shift keeps it even, Alt keeps the centre"
+      //% "Drag to resize  ·  Shift keeps it even, Alt keeps the center"
       return qtTrId("canvas.hint.resize");
     case PointerHint::MovePoint:
       //% "Drag to move this point"

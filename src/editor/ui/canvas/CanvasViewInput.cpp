@@ -116,7 +116,7 @@ void CanvasView::Private::scrollWhileDragging() {
 
 void CanvasView::Private::refreshPointer() {
   if (eyedropper) {
-    //% "Click to take the colour  ·  Esc leaves"
+    //% "Click to take the color  ·  Esc leaves"
     setHint(qtTrId("canvas.hint.eyedropper"));
     return;
   }
