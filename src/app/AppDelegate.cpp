@@ -117,12 +117,16 @@ bool AppDelegate::applicationDidFinishLaunching() {
     //% "Vellora is running. This desktop has no tray: start Vellora again to see its commands."
     showToast("vellora", qtTrId("toast.noTray"), false);
   }
+  recoverAbandoned();
+  writeSnapshotsIfAsked();
+  return true;
+}
+
+void AppDelegate::recoverAbandoned() {
   services_.sessionStore.recoverAbandoned([this](int count) {
     //% "%n capture(s) that were open when Vellora ended are in the history"
     showToast("history.reopen", qtTrId("toast.recovered", count), false);
   });
-  writeSnapshotsIfAsked();
-  return true;
 }
 
 void AppDelegate::applicationWillTerminate() {
@@ -287,6 +291,8 @@ bool AppDelegate::reopenEntry(int index) {
 void AppDelegate::editFile(const QString& path, std::function<void(const QString&)> done) {
   pictureLoading_.loadFromFile(path, [this, done = std::move(done)](const PictureLoading::Outcome& outcome) {
     if (outcome) openLoaded(outcome);
+    // A resident program has looked when it started.
+    if (mode_ == Mode::OneShot) recoverAbandoned();
     done(outcome ? QString() : localized(outcome.error().toLatin1().constData()));
   });
 }

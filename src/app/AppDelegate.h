@@ -56,6 +56,8 @@ class AppDelegate {
  private:
   void followDesktopAppearance();
   void performFromMenu(Command command, int index);
+  /// Brings what a killed program had open into the history and tells of it.
+  void recoverAbandoned();
   void rebuildMenu();
   void reloadHotKeys();
   void suspendHotKeys(bool suspended);

@@ -10,6 +10,7 @@
 
 #include "app/AppServices.h"
 #include "capture/RepaintWait.h"
+#include "editor/backdrop/BackdropPictures.h"
 #include "editor/ui/canvas/CanvasView.h"
 #include "editor/ui/pins/PinWindow.h"
 #include "editor/ui/pins/PinWindowController.h"
@@ -97,7 +98,9 @@ void DocumentWindows::openPin(const CaptureDocument& capture) {
 
 bool DocumentWindows::reopen(std::size_t index) {
   if (index >= services_.sessionStore.items().size()) return false;
+  ++awaited_;
   services_.sessionStore.take(index, lifetime_.guard([this](std::optional<SessionStore::Entry> entry) {
+    --awaited_;
     if (!entry) {
       //% "This capture can no longer be read"
       actions_.tell("exclamationmark.triangle.fill", qtTrId("toast.reopenFailed"), true);
@@ -110,6 +113,22 @@ bool DocumentWindows::reopen(std::size_t index) {
 }
 
 void DocumentWindows::open(Opening opening) {
+  const auto* picture = std::get_if<BackdropBackground::Image>(&opening.document.backdrop.background.value);
+  if (!picture) return show(std::move(opening));
+  // From here on the painters find it without waiting.
+  ++awaited_;
+  const auto waiting = std::make_shared<Opening>(std::move(opening));
+  const auto ready = lifetime_.guard([this, waiting] {
+    --awaited_;
+    show(std::move(*waiting));
+  });
+  documentOutput_->async([&runLoop = services_.runLoop, path = picture->path, ready] {
+    backdropPicture(path);
+    runLoop.post(ready);
+  });
+}
+
+void DocumentWindows::show(Opening opening) {
   const EditorServices services{toolStyles_,     customColors_,    editorSettings_,
                                 backdropStyles_, *documentOutput_, services_.runLoop};
   const QString title = captureFileStem(opening.capturedAt, NamePrecision::Seconds);
@@ -295,7 +314,7 @@ void DocumentWindows::closeAll() {
 }
 
 bool DocumentWindows::hasOpenWindows() const {
-  return !editors_.empty() || !kept_.empty();
+  return awaited_ > 0 || !editors_.empty() || !kept_.empty();
 }
 
 void DocumentWindows::endClickThrough() {

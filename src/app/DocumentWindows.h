@@ -49,6 +49,7 @@ class DocumentWindows {
 
   /// Closes everything, which takes it into the history.
   void closeAll();
+  /// Whether any is open or about to.
   bool hasOpenWindows() const;
 
   /// Whether clicks go through some pin to what lies below it, and the way back.
@@ -68,7 +69,9 @@ class DocumentWindows {
     std::optional<QPoint> center;
   };
 
+  /// Shows the document in an editor once all it needs is read.
   void open(Opening opening);
+  void show(Opening opening);
   EditorActions actionsOf(const std::shared_ptr<QPointer<EditorWindow>>& editor);
   void editorClosed(EditorWindow& editor);
   void pin(Opening opening, std::shared_ptr<SharedPng> picture);
@@ -93,6 +96,7 @@ class DocumentWindows {
   std::unique_ptr<DocumentOutput> documentOutput_;
   std::unique_ptr<PinBoard> pins_;
   TimerHandle hiding_;
+  int awaited_ = 0;  ///< documents on their way into a window that wait for files
   Lifetime lifetime_;
 };
 
