@@ -16,7 +16,13 @@ class SerialQueue {
  public:
   using Task = std::function<void()>;
 
-  explicit SerialQueue(std::string label);
+  /// How urgent a queue's work is.
+  enum class Quality {
+    Normal,
+    Utility,  ///< nobody waits for it: it, and the threads it starts, make room for everything else
+  };
+
+  explicit SerialQueue(std::string label, Quality quality = Quality::Normal);
   /// Runs what is queued to the end, then ends the thread.
   ~SerialQueue();
   SerialQueue(const SerialQueue&) = delete;
@@ -34,6 +40,7 @@ class SerialQueue {
   void run();
 
   const std::string label_;
+  const Quality quality_;
   std::mutex mutex_;
   // Guarded by mutex_:
   std::condition_variable changed_;

@@ -100,7 +100,7 @@ class SessionStore {
   std::vector<Item> items_;
   std::vector<QString> pendingWrites_;  ///< ids of sessions whose folders are not there yet
   Lifetime lifetime_;
-  SerialQueue ioQueue_{"dev.orlo.vellora.session-store"};
+  SerialQueue ioQueue_{"dev.orlo.vellora.session-store", SerialQueue::Quality::Utility};
 };
 
 }  // namespace vellora
