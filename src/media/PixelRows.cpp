@@ -91,7 +91,7 @@ bool isSolidRow(const std::byte* source, std::size_t width) {
 
 void premultiplyRow(std::span<const std::uint32_t> row, std::byte* target) {
   std::size_t x = 0;
-  // x / 255 to the nearest is (x + x / 256 + 128) / 256 for every product of two bytes.
+  // x / 255 to the nearest is (y + y / 256) / 256 with y = x + 128, for every product x of two bytes.
 #ifdef __SSE2__
   const __m128i zero = _mm_setzero_si128();
   const __m128i alphaPlace = _mm_set1_epi64x(static_cast<long long>(0xFFFF000000000000ULL));
@@ -99,8 +99,8 @@ void premultiplyRow(std::span<const std::uint32_t> row, std::byte* target) {
   const auto multiplied = [&](__m128i pixels) {
     __m128i factor = _mm_shufflehi_epi16(_mm_shufflelo_epi16(pixels, 0xFF), 0xFF);
     factor = _mm_or_si128(_mm_andnot_si128(alphaPlace, factor), _mm_and_si128(alphaPlace, full));
-    const __m128i product = _mm_mullo_epi16(pixels, factor);
-    return _mm_srli_epi16(_mm_add_epi16(_mm_add_epi16(product, _mm_srli_epi16(product, 8)), half), 8);
+    const __m128i product = _mm_add_epi16(_mm_mullo_epi16(pixels, factor), half);
+    return _mm_srli_epi16(_mm_add_epi16(product, _mm_srli_epi16(product, 8)), 8);
   };
   for (; x + 4 <= row.size(); x += 4) {
     const __m128i pixels = _mm_loadu_si128(reinterpret_cast<const __m128i*>(&row[x]));
@@ -112,8 +112,8 @@ void premultiplyRow(std::span<const std::uint32_t> row, std::byte* target) {
     const std::uint32_t alpha = row[x] >> 24;
     std::uint32_t word = alpha << 24;
     for (int shift = 0; shift < 24; shift += 8) {
-      const std::uint32_t product = (row[x] >> shift & 0xFF) * alpha;
-      word |= ((product + (product >> 8) + 128) >> 8) << shift;
+      const std::uint32_t product = (row[x] >> shift & 0xFF) * alpha + 128;
+      word |= ((product + (product >> 8)) >> 8) << shift;
     }
     std::memcpy(target + x * 4, &word, sizeof(word));
   }

@@ -4,8 +4,10 @@
 #include <QColorSpace>
 #include <QImageReader>
 #include <mutex>
+#include <span>
 
 #include "base/AtomicFile.h"
+#include "media/PngDecoder.h"
 #include "media/codecs/HeifReader.h"
 #include "media/codecs/ImageConversion.h"
 #include "media/codecs/ImageFormat.h"
@@ -49,6 +51,26 @@ ImageLoadError errorOf(FileError::Kind kind) {
       break;
   }
   return ImageLoadError::NotAFile;
+}
+
+ImageLoadError errorOf(PngDecodeError error) {
+  switch (error) {
+    case PngDecodeError::Unsupported:
+      return ImageLoadError::Unsupported;
+    case PngDecodeError::TooLarge:
+      return ImageLoadError::TooLarge;
+    case PngDecodeError::OutOfMemory:
+      return ImageLoadError::OutOfMemory;
+    case PngDecodeError::Damaged:
+      break;
+  }
+  return ImageLoadError::Damaged;
+}
+
+/// The kinds of PNG that screens give, several times faster than Qt reads them.
+Result<Bitmap, PngDecodeError> readUsualPng(const QByteArray& data) {
+  constexpr PngLimits limits{.edge = imageLimits::edge, .bytes = std::size_t{imageLimits::decodedBytes}};
+  return decodePng(std::as_bytes(std::span(data.constData(), static_cast<std::size_t>(data.size()))), limits);
 }
 
 bool isTooLarge(QSize size) {
@@ -135,6 +157,11 @@ Result<LoadedImage, ImageLoadError> ImageLoader::fromData(const QByteArray& data
   if (format == ImageFormat::Unknown) return failure(ImageLoadError::NotAnImage);
   if (format == ImageFormat::Jpeg && !isCompleteJpeg(data)) return failure(ImageLoadError::Damaged);
   if (format == ImageFormat::Bmp && !isCompleteBmp(data)) return failure(ImageLoadError::Damaged);
+  if (format == ImageFormat::Png) {
+    const auto bitmap = readUsualPng(data);
+    if (bitmap) return LoadedImage{.bitmap = *bitmap, .scale = pngScale(data)};
+    if (bitmap.error() != PngDecodeError::Unsupported) return failure(errorOf(bitmap.error()));
+  }
   auto image = format == ImageFormat::Heif ? readHeif(data) : read(data, format);
   if (!image) return failure(image.error());
   LoadedImage loaded;

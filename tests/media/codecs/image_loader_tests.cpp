@@ -14,6 +14,7 @@
 #include "media/PngEncoder.h"
 #include "media/codecs/ImageConversion.h"
 #include "media/codecs/ImageLoader.h"
+#include "support/PngBuilder.h"
 
 namespace vellora {
 namespace {
@@ -127,6 +128,63 @@ TEST(ImageLoader, ConvertsColorProfiles) {
     EXPECT_LT(color.blue(), 45);
     EXPECT_EQ(colorAt(ImageLoader::fromData(encoded(plain, "png"))->bitmap, 1, 1), QColor(200, 100, 50));
   }
+}
+
+/// The same file through Qt.
+QImage readByQt(const QByteArray& file) {
+  QImage image = QImage::fromData(file, "png");
+  image.convertTo(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+  return image;
+}
+
+void expectAsQtReads(const QByteArray& file, int tolerance, const std::string& what) {
+  const auto loaded = ImageLoader::fromData(file);
+  ASSERT_TRUE(loaded) << what;
+  const QImage reference = readByQt(file);
+  const Bitmap& bitmap = loaded->bitmap;
+  ASSERT_EQ(QSize(bitmap.width(), bitmap.height()), reference.size()) << what;
+  for (int y = 0; y < bitmap.height(); ++y) {
+    for (int x = 0; x < bitmap.width() * 4; ++x) {
+      ASSERT_NEAR(std::to_integer<int>(bitmap.row(y)[x]), reference.constScanLine(y)[x], tolerance)
+          << what << " at " << x / 4 << ", " << y;
+    }
+  }
+}
+
+TEST(ImageLoader, ReadsPngAsQtDoes) {
+  std::mt19937 random(3);
+  for (int width = 1; width <= 17; ++width) {
+    QImage opaque(width, 19, QImage::Format_RGB32), clear(width, 19, QImage::Format_ARGB32);
+    for (int y = 0; y < 19; ++y) {
+      for (int x = 0; x < width; ++x) {
+        opaque.setPixel(x, y, static_cast<QRgb>(random() % 4 == 0 ? random() : 0xFF204060U * static_cast<QRgb>(y)));
+        clear.setPixel(x, y, static_cast<QRgb>(random()));
+      }
+    }
+    for (const auto format : {QImage::Format_RGB32, QImage::Format_Grayscale8, QImage::Format_Indexed8,
+                              QImage::Format_Mono, QImage::Format_RGBX64}) {
+      const QByteArray file = encoded(opaque.convertToFormat(format), "png");
+      expectAsQtReads(file, 0, "opaque format " + std::to_string(format) + " width " + std::to_string(width));
+    }
+    for (const auto format : {QImage::Format_ARGB32, QImage::Format_Indexed8, QImage::Format_RGBA64}) {
+      const QByteArray file = encoded(clear.convertToFormat(format), "png");
+      expectAsQtReads(file, 1, "format " + std::to_string(format) + " width " + std::to_string(width));
+    }
+  }
+}
+
+TEST(ImageLoader, LeavesUnusualPngToQt) {
+  using test::PngBuilder;
+  const auto bytes = [](const PngBuilder::Data& file) {
+    return QByteArray(reinterpret_cast<const char*>(file.data()), static_cast<qsizetype>(file.size()));
+  };
+  const PngBuilder::Data row{0, 10, 200, 90};
+  // A single pixel is the whole first of Adam7's passes.
+  expectAsQtReads(bytes(PngBuilder().header(1, 1, 8, 2, 1).pixels(row).finish()), 0, "interlaced");
+  const auto dark = ImageLoader::fromData(
+      bytes(PngBuilder().header(1, 1, 8, 2).chunk("gAMA", {0, 1, 0x86, 0xA0}).pixels(row).finish()));
+  ASSERT_TRUE(dark);
+  EXPECT_GT(colorAt(dark->bitmap, 0, 0).blue(), 140) << "linear light is brighter in sRGB";
 }
 
 TEST(ImageLoader, ReadsTheScaleBack) {
