@@ -10,7 +10,7 @@ namespace vellora {
 /// one makes these functions return false.
 
 /// Takes a row of 3 bytes a pixel to blue, green, red, 255. `above` is the row over it in that form, for the first row
-/// all black. `row` may begin up to as many bytes before `filtered` as keep every pixel behind those still to be read.
+/// all black. Works from left to right; `row` may lie over `filtered` where no pixel covers one still to be read.
 bool unfilterRgb(const std::byte* filtered, const std::uint32_t* above, std::uint32_t* row, std::size_t width);
 
 /// Takes a row of 4 bytes a pixel to blue, green, red, alpha. `above` is the row over it, for the first all 0.
