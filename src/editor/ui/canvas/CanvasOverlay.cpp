@@ -93,10 +93,10 @@ void paintOutline(QPainter& painter, const QPolygonF& polygon, double width, con
 }
 
 /// The same along an arrow or line.
-void paintShaft(QPainter& painter, const QPolygonF& shaft, const QColor& color, double ratio) {
+void paintShaft(QPainter& painter, const QPolygonF& shaft, double width, double ratio) {
   painter.setBrush(Qt::NoBrush);
-  for (const auto& [width, ink] : {std::pair{3.0, QColor(255, 255, 255, 130)}, std::pair{1.5, color}}) {
-    painter.setPen(QPen(ink, width * ratio, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
+  for (const auto& [across, ink] : {std::pair{width + 1.5, QColor(255, 255, 255, 130)}, std::pair{width, accent()}}) {
+    painter.setPen(QPen(ink, across * ratio, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
     painter.drawPolyline(shaft);
   }
 }
@@ -224,6 +224,7 @@ QRegion overlayRegion(const OverlayContent& content, double ratio) {
   for (const QPolygonF& outline : content.outlines) addPolygon(region, outline, line);
   if (content.hovered) addPolygon(region, *content.hovered, line);
   addPolyline(region, content.hoveredShaft, line);
+  for (const QPolygonF& shaft : content.shafts) addPolyline(region, shaft, line);
   if (content.marquee) region += content.marquee->boundingRect().adjusted(-line, -line, line, line).toAlignedRect();
   for (const QLineF& guide : content.guides) addLine(region, guide, line);
   for (const QPainterPath& path : content.lensSources) {
@@ -264,7 +265,8 @@ QRegion overlayDifference(const OverlayContent& before, const OverlayContent& af
 void paintOverlay(QPainter& painter, const OverlayContent& content, double ratio) {
   painter.setRenderHint(QPainter::Antialiasing);
   if (content.hovered) paintOutline(painter, *content.hovered, 1.5, withAlpha(accent(), 0.7F), ratio);
-  if (!content.hoveredShaft.isEmpty()) paintShaft(painter, content.hoveredShaft, accent(), ratio);
+  if (!content.hoveredShaft.isEmpty()) paintShaft(painter, content.hoveredShaft, 1.5, ratio);
+  for (const QPolygonF& shaft : content.shafts) paintShaft(painter, shaft, 1, ratio);
   for (const QPolygonF& outline : content.outlines) paintOutline(painter, outline, 1, accent(), ratio);
   for (const QLineF& guide : content.guides) {
     painter.setRenderHint(QPainter::Antialiasing, false);

@@ -33,8 +33,9 @@ struct OverlayContent {
   };
 
   std::vector<QPolygonF> outlines;   ///< of what is selected
+  std::vector<QPolygonF> shafts;     ///< along arrows and lines that are selected together, from end to end
   std::optional<QPolygonF> hovered;  ///< of what a click would select
-  QPolygonF hoveredShaft;            ///< along the arrow or line a click would select, from end to end
+  QPolygonF hoveredShaft;            ///< along the arrow or line a click would select
   std::optional<QPolygonF> marquee;
   std::vector<QLineF> guides;
   std::vector<QPainterPath> lensSources;  ///< what a selected lens shows

@@ -20,6 +20,12 @@ QLineF placedLine(Point from, Point to, const QTransform& toView) {
   return {toView.map(QPointF(from.x, from.y)), toView.map(QPointF(to.x, to.y))};
 }
 
+QPolygonF placedShaft(const Annotation& annotation, const QTransform& toView) {
+  QPolygonF placed;
+  for (const Point& point : shaftOf(annotation)) placed << toView.map(QPointF(point.x, point.y));
+  return placed;
+}
+
 /// What a lens shows, in the lens's own shape.
 void addLens(OverlayContent& content, const Annotation& lens, const QTransform& toView) {
   const Rect frame = spannedRect(lens);
@@ -50,7 +56,7 @@ void addHovered(OverlayContent& content, const CanvasModel& model, AnnotationId 
     content.hovered = placed(*outline, toView);
     return;
   }
-  for (const Point& point : shaftOf(*annotation)) content.hoveredShaft << toView.map(QPointF(point.x, point.y));
+  content.hoveredShaft = placedShaft(*annotation, toView);
 }
 
 Rect grown(const Rect& rect, double by) {
@@ -94,9 +100,11 @@ OverlayContent overlayOf(const CanvasModel& model, const QTransform& toView, boo
   for (const AnnotationId id : model.selection()) {
     const AnnotationPtr annotation = model.document().annotation(id);
     if (annotation == nullptr || (edit && edit->id == id)) continue;
-    const bool outlined = model.selection().size() > 1 || !isToldByItsEnds(*annotation);
-    const auto outline = outlined ? model.outlineOf(id) : std::nullopt;
-    if (outline) content.outlines.push_back(placed(*outline, toView));
+    if (isToldByItsEnds(*annotation)) {
+      if (model.selection().size() > 1) content.shafts.push_back(placedShaft(*annotation, toView));
+    } else if (const auto outline = model.outlineOf(id)) {
+      content.outlines.push_back(placed(*outline, toView));
+    }
     if (annotation->kind == Annotation::Kind::Magnifier) addLens(content, *annotation, toView);
   }
   if (const auto piece = model.selectedPiece()) {

@@ -48,6 +48,16 @@ QRegion CanvasScene::setDocument(const ImageDocument& document, double scale) {
 }
 
 void CanvasScene::paint(QImage& target, const QRect& clip, QPoint planeToTarget, double scale, double ratio) {
+  paintPlain(target, clip, planeToTarget, scale, ratio);
+  if (!showsPixelGrid(scale, ratio)) return;
+  const QRect part = clip & onPlane(layout_.document, scale).translated(planeToTarget);
+  if (part.isEmpty()) return;
+  QPainter painter(&target);
+  painter.setClipRect(part);
+  paintPixelGrid(painter, part, planeToTarget, scale);
+}
+
+void CanvasScene::paintPlain(QImage& target, const QRect& clip, QPoint planeToTarget, double scale, double ratio) {
   const QRect sheet = onPlane(layout_.document, scale).translated(planeToTarget);
   {
     QPainter painter(&target);
@@ -57,10 +67,6 @@ void CanvasScene::paint(QImage& target, const QRect& clip, QPoint planeToTarget,
   const QRect part = clip & sheet.adjusted(-1, -1, 1, 1);
   if (part.isEmpty()) return;
   renderer_.paint(target, part, document_, QTransform(scale, 0, 0, scale, planeToTarget.x(), planeToTarget.y()));
-  if (scale < pixelGridFrom * ratio || !layout_.isFlat) return;
-  QPainter painter(&target);
-  painter.setClipRect(part);
-  paintPixelGrid(painter, part, planeToTarget, scale);
 }
 
 void CanvasScene::paintGround(QPainter& painter, const QRect& clip, QPoint planeToTarget, double scale,

@@ -31,6 +31,9 @@ class CanvasScene {
   /// Paints `clip` of `target`; `planeToTarget` tells where the plane's origin lies in it, `ratio` the device pixels of
   /// a point of the view.
   void paint(QImage& target, const QRect& clip, QPoint planeToTarget, double scale, double ratio);
+  /// The same without the borders of the pixels.
+  void paintPlain(QImage& target, const QRect& clip, QPoint planeToTarget, double scale, double ratio);
+  bool showsPixelGrid(double scale, double ratio) const { return scale >= pixelGridFrom * ratio && layout_.isFlat; }
 
  private:
   void paintGround(QPainter& painter, const QRect& clip, QPoint planeToTarget, double scale, double ratio) const;

@@ -498,10 +498,15 @@ void CanvasView::Private::eyedropperKey(const QKeyEvent& event) {
   eyedropper->moveTo(place);
 }
 
-QImage CanvasView::Private::sample(QPointF inView, int count) const {
+/// The pixels around a place as the picture has them, without what lies over it.
+QImage CanvasView::Private::sample(QPointF inView, int count) {
   const QPointF pixel = pixelAt(inView);
   const QPoint middle(static_cast<int>(std::floor(pixel.x())), static_cast<int>(std::floor(pixel.y())));
-  return backing.copy({middle - viewport.origin() - QPoint(count / 2, count / 2), QSize(count, count)});
+  const QRect part(middle - viewport.origin() - QPoint(count / 2, count / 2), QSize(count, count));
+  if (!scene.showsPixelGrid(viewport.scale(), viewport.ratio())) return backing.copy(part);
+  QImage pixels(part.size(), QImage::Format_RGB32);
+  scene.paintPlain(pixels, pixels.rect(), -part.topLeft(), viewport.scale(), viewport.ratio());
+  return pixels;
 }
 
 void CanvasView::Private::takeColor(QPoint global) {

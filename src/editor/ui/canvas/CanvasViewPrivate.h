@@ -54,7 +54,7 @@ struct CanvasView::Private {
   bool clipboardKey(const QKeyEvent& event);
   void eyedropperKey(const QKeyEvent& event);
   void takeColor(QPoint global);
-  QImage sample(QPointF inView, int count) const;
+  QImage sample(QPointF inView, int count);
 
   CanvasView& view;
   CanvasModel& model;

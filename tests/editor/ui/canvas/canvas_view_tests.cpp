@@ -264,6 +264,17 @@ TEST(CanvasView, EyedropperTakesTheColorOfThePictureNotOfTheHandles) {
   EXPECT_NEAR(picked[0].green, 0x66 / 255.0, 0.001);
   EXPECT_NEAR(picked[0].blue, 0x99 / 255.0, 0.001);
   EXPECT_EQ(harness.model.document().annotations.size(), 1U) << "picking draws nothing";
+
+  harness.view.setZoom(8, {200, 200});
+  harness.settle();
+  for (int i = 0; i < 8; ++i) {
+    harness.view.startEyedropper(pick);
+    const QPointF place(200 + i, 200 + i);  // somewhere the border of two pixels
+    harness.mouse(QEvent::MouseMove, place, Qt::NoButton);
+    harness.mouse(QEvent::MouseButtonPress, place);
+    harness.mouse(QEvent::MouseButtonRelease, place);
+    EXPECT_EQ(picked.back(), picked.front());
+  }
 }
 
 TEST(CanvasView, TakesThePressureOfAPen) {
