@@ -73,15 +73,15 @@ std::unique_ptr<QMenu> makePinMenu(PinWindowController& pin) {
       ->setEnabled(blended);
   //% "Shadow"
   addToggle(*menu, pin, qtTrId("pin.shadow"), model.style().shadow, true, &PinWindowController::toggleShadow);
-  //% "Rounded corners"
+  //% "Rounded Corners"
   addToggle(*menu, pin, qtTrId("pin.roundedCorners"), model.style().roundedCorners, blended,
             &PinWindowController::toggleRoundedCorners);
-  //% "Let clicks through"
+  //% "Let Clicks Through"
   addToggle(*menu, pin, qtTrId("pin.clickThrough"), model.isClickThrough(), true,
             &PinWindowController::toggleClickThrough);
   menu->addSeparator();
   add(*menu, pin, QStringLiteral("close"), qtTrId("pin.close"), QStringLiteral("Esc"), &PinWindowController::close);
-  //% "Close all pins"
+  //% "Close All Pins"
   const QString closeAll = qtTrId("pin.closeAll");
   add(*menu, pin, {}, closeAll, {}, &PinWindowController::closeAll);
   styleMenu(*menu);
