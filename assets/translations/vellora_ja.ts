@@ -186,8 +186,8 @@
         <translation>画面にピン留め</translation>
     </message>
     <message id="settings.general.showEditorHelp">
-        <source>In a window, ready to be copied or saved.</source>
-        <translation>ウィンドウに表示し、すぐにコピーや保存ができます。</translation>
+        <source>In the editor, ready to be annotated.</source>
+        <translation>エディターに表示し、すぐに注釈を付けられます。</translation>
     </message>
     <message id="settings.general.copyHelp">
         <source>Ready to be pasted into another program.</source>
@@ -630,7 +630,7 @@
         <translation>グロー</translation>
     </message>
     <message id="backdrop.glowCenter">
-        <source></source>
+        <source>Center of the glow</source>
         <translation>グローの中心</translation>
     </message>
     <message id="backdrop.grain">
@@ -786,7 +786,7 @@
         <translation>画像を選択…</translation>
     </message>
     <message id="backdrop.ownColor">
-        <source>Another colour…</source>
+        <source>Another color…</source>
         <translation>その他の色…</translation>
     </message>
     <message id="backdrop.ownPicture.title">
@@ -798,23 +798,23 @@
         <translation>画像</translation>
     </message>
     <message id="backdrop.gradient.stops">
-        <source>Colours of the gradient</source>
+        <source>Colors of the gradient</source>
         <translation>グラデーションの色</translation>
     </message>
     <message id="backdrop.gradient.stopsHelp">
-        <source>Drag a colour to move it, away to remove it; click to add one</source>
+        <source>Drag a color to move it, away to remove it; click to add one</source>
         <translation>ドラッグで色を移動、外へドラッグで削除、クリックで追加</translation>
     </message>
     <message id="backdrop.gradient.color">
-        <source>Colour of the stop</source>
+        <source>Color of the stop</source>
         <translation>分岐点の色</translation>
     </message>
     <message id="backdrop.gradient.add">
-        <source>Add a colour</source>
+        <source>Add a color</source>
         <translation>色を追加</translation>
     </message>
     <message id="backdrop.gradient.remove">
-        <source>Remove the colour</source>
+        <source>Remove the color</source>
         <translation>色を削除</translation>
     </message>
     <message id="backdrop.gradient.reverse">
@@ -870,7 +870,7 @@
         <translation>ドラッグで描画  ·  Shift：45° 刻み</translation>
     </message>
     <message id="canvas.hint.drawShape">
-        <source>Drag to draw  ·  Shift makes it even, Alt starts from the centre</source>
+        <source>Drag to draw  ·  Shift makes it even, Alt starts from the center</source>
         <translation>ドラッグで描画  ·  Shift：縦横を同じ長さに  ·  Alt：中心から</translation>
     </message>
     <message id="canvas.hint.blur">
@@ -910,7 +910,7 @@
         <translation>ドラッグで切り抜き</translation>
     </message>
     <message id="canvas.hint.resize">
-        <source>Drag to resize  ·  Shift keeps it even, Alt keeps the centre</source>
+        <source>Drag to resize  ·  Shift keeps it even, Alt keeps the center</source>
         <translation>ドラッグでサイズ変更  ·  Shift：縦横比を固定  ·  Alt：中心を固定</translation>
     </message>
     <message id="canvas.hint.movePoint">
@@ -942,7 +942,7 @@
         <translation>キャンバス</translation>
     </message>
     <message id="canvas.hint.eyedropper">
-        <source>Click to take the colour  ·  Esc leaves</source>
+        <source>Click to take the color  ·  Esc leaves</source>
         <translation>クリックで色を取得  ·  Esc：終了</translation>
     </message>
     <message id="canvas.hint.pan">
@@ -1188,6 +1188,14 @@
     <message id="editor.alignBottom">
         <source>Align Bottom Edges</source>
         <translation>下揃え</translation>
+    </message>
+    <message id="editor.distributeHorizontally">
+        <source>Distribute Horizontally</source>
+        <translation>左右に等間隔で配置</translation>
+    </message>
+    <message id="editor.distributeVertically">
+        <source>Distribute Vertically</source>
+        <translation>上下に等間隔で配置</translation>
     </message>
     <message id="editor.resetCrop">
         <source>Reset Crop</source>
@@ -1438,15 +1446,15 @@
         <translation>影</translation>
     </message>
     <message id="pin.roundedCorners">
-        <source>Rounded corners</source>
+        <source>Rounded Corners</source>
         <translation>角を丸くする</translation>
     </message>
     <message id="pin.clickThrough">
-        <source>Let clicks through</source>
+        <source>Let Clicks Through</source>
         <translation>クリックを透過</translation>
     </message>
     <message id="pin.closeAll">
-        <source>Close all pins</source>
+        <source>Close All Pins</source>
         <translation>すべてのピン留めを閉じる</translation>
     </message>
     <message id="pin.window">
