@@ -186,8 +186,8 @@
         <translation>固定在屏幕上</translation>
     </message>
     <message id="settings.general.showEditorHelp">
-        <source>In a window, ready to be copied or saved.</source>
-        <translation>在窗口中打开，可随时复制或保存。</translation>
+        <source>In the editor, ready to be annotated.</source>
+        <translation>在编辑器中打开，可立即添加标注。</translation>
     </message>
     <message id="settings.general.copyHelp">
         <source>Ready to be pasted into another program.</source>
@@ -630,7 +630,7 @@
         <translation>光晕</translation>
     </message>
     <message id="backdrop.glowCenter">
-        <source></source>
+        <source>Center of the glow</source>
         <translation>光晕中心</translation>
     </message>
     <message id="backdrop.grain">
@@ -786,7 +786,7 @@
         <translation>自选图片…</translation>
     </message>
     <message id="backdrop.ownColor">
-        <source>Another colour…</source>
+        <source>Another color…</source>
         <translation>其他颜色…</translation>
     </message>
     <message id="backdrop.ownPicture.title">
@@ -798,23 +798,23 @@
         <translation>图片</translation>
     </message>
     <message id="backdrop.gradient.stops">
-        <source>Colours of the gradient</source>
+        <source>Colors of the gradient</source>
         <translation>渐变颜色</translation>
     </message>
     <message id="backdrop.gradient.stopsHelp">
-        <source>Drag a colour to move it, away to remove it; click to add one</source>
+        <source>Drag a color to move it, away to remove it; click to add one</source>
         <translation>拖动颜色可移动，拖离可移除；单击可添加</translation>
     </message>
     <message id="backdrop.gradient.color">
-        <source>Colour of the stop</source>
+        <source>Color of the stop</source>
         <translation>色标颜色</translation>
     </message>
     <message id="backdrop.gradient.add">
-        <source>Add a colour</source>
+        <source>Add a color</source>
         <translation>添加颜色</translation>
     </message>
     <message id="backdrop.gradient.remove">
-        <source>Remove the colour</source>
+        <source>Remove the color</source>
         <translation>移除颜色</translation>
     </message>
     <message id="backdrop.gradient.reverse">
@@ -870,7 +870,7 @@
         <translation>拖动以绘制  ·  Shift：按 45° 对齐</translation>
     </message>
     <message id="canvas.hint.drawShape">
-        <source>Drag to draw  ·  Shift makes it even, Alt starts from the centre</source>
+        <source>Drag to draw  ·  Shift makes it even, Alt starts from the center</source>
         <translation>拖动以绘制  ·  Shift：等宽高  ·  Alt：从中心开始</translation>
     </message>
     <message id="canvas.hint.blur">
@@ -910,7 +910,7 @@
         <translation>拖动以裁剪</translation>
     </message>
     <message id="canvas.hint.resize">
-        <source>Drag to resize  ·  Shift keeps it even, Alt keeps the centre</source>
+        <source>Drag to resize  ·  Shift keeps it even, Alt keeps the center</source>
         <translation>拖动以调整大小  ·  Shift：保持比例  ·  Alt：保持中心</translation>
     </message>
     <message id="canvas.hint.movePoint">
@@ -942,7 +942,7 @@
         <translation>画布</translation>
     </message>
     <message id="canvas.hint.eyedropper">
-        <source>Click to take the colour  ·  Esc leaves</source>
+        <source>Click to take the color  ·  Esc leaves</source>
         <translation>单击拾取颜色  ·  Esc：退出</translation>
     </message>
     <message id="canvas.hint.pan">
@@ -1188,6 +1188,14 @@
     <message id="editor.alignBottom">
         <source>Align Bottom Edges</source>
         <translation>底部对齐</translation>
+    </message>
+    <message id="editor.distributeHorizontally">
+        <source>Distribute Horizontally</source>
+        <translation>水平均匀分布</translation>
+    </message>
+    <message id="editor.distributeVertically">
+        <source>Distribute Vertically</source>
+        <translation>垂直均匀分布</translation>
     </message>
     <message id="editor.resetCrop">
         <source>Reset Crop</source>
@@ -1438,15 +1446,15 @@
         <translation>阴影</translation>
     </message>
     <message id="pin.roundedCorners">
-        <source>Rounded corners</source>
+        <source>Rounded Corners</source>
         <translation>圆角</translation>
     </message>
     <message id="pin.clickThrough">
-        <source>Let clicks through</source>
+        <source>Let Clicks Through</source>
         <translation>点击穿透</translation>
     </message>
     <message id="pin.closeAll">
-        <source>Close all pins</source>
+        <source>Close All Pins</source>
         <translation>关闭所有固定的图片</translation>
     </message>
     <message id="pin.window">
