@@ -186,8 +186,8 @@
         <translation>釘選在螢幕上</translation>
     </message>
     <message id="settings.general.showEditorHelp">
-        <source>In a window, ready to be copied or saved.</source>
-        <translation>在視窗中開啟，可隨時複製或儲存。</translation>
+        <source>In the editor, ready to be annotated.</source>
+        <translation>在編輯器中開啟，可立即加上註解。</translation>
     </message>
     <message id="settings.general.copyHelp">
         <source>Ready to be pasted into another program.</source>
@@ -630,7 +630,7 @@
         <translation>光暈</translation>
     </message>
     <message id="backdrop.glowCenter">
-        <source></source>
+        <source>Center of the glow</source>
         <translation>光暈中心</translation>
     </message>
     <message id="backdrop.grain">
@@ -786,7 +786,7 @@
         <translation>自選圖片…</translation>
     </message>
     <message id="backdrop.ownColor">
-        <source>Another colour…</source>
+        <source>Another color…</source>
         <translation>其他顏色…</translation>
     </message>
     <message id="backdrop.ownPicture.title">
@@ -798,23 +798,23 @@
         <translation>圖片</translation>
     </message>
     <message id="backdrop.gradient.stops">
-        <source>Colours of the gradient</source>
+        <source>Colors of the gradient</source>
         <translation>漸層顏色</translation>
     </message>
     <message id="backdrop.gradient.stopsHelp">
-        <source>Drag a colour to move it, away to remove it; click to add one</source>
+        <source>Drag a color to move it, away to remove it; click to add one</source>
         <translation>拖曳顏色可移動，拖離可移除；按一下可加入</translation>
     </message>
     <message id="backdrop.gradient.color">
-        <source>Colour of the stop</source>
+        <source>Color of the stop</source>
         <translation>色標顏色</translation>
     </message>
     <message id="backdrop.gradient.add">
-        <source>Add a colour</source>
+        <source>Add a color</source>
         <translation>加入顏色</translation>
     </message>
     <message id="backdrop.gradient.remove">
-        <source>Remove the colour</source>
+        <source>Remove the color</source>
         <translation>移除顏色</translation>
     </message>
     <message id="backdrop.gradient.reverse">
@@ -870,7 +870,7 @@
         <translation>拖曳以繪製  ·  Shift：以 45° 為單位</translation>
     </message>
     <message id="canvas.hint.drawShape">
-        <source>Drag to draw  ·  Shift makes it even, Alt starts from the centre</source>
+        <source>Drag to draw  ·  Shift makes it even, Alt starts from the center</source>
         <translation>拖曳以繪製  ·  Shift：等寬高  ·  Alt：從中心開始</translation>
     </message>
     <message id="canvas.hint.blur">
@@ -910,7 +910,7 @@
         <translation>拖曳以裁切</translation>
     </message>
     <message id="canvas.hint.resize">
-        <source>Drag to resize  ·  Shift keeps it even, Alt keeps the centre</source>
+        <source>Drag to resize  ·  Shift keeps it even, Alt keeps the center</source>
         <translation>拖曳以調整大小  ·  Shift：維持比例  ·  Alt：維持中心</translation>
     </message>
     <message id="canvas.hint.movePoint">
@@ -942,7 +942,7 @@
         <translation>畫布</translation>
     </message>
     <message id="canvas.hint.eyedropper">
-        <source>Click to take the colour  ·  Esc leaves</source>
+        <source>Click to take the color  ·  Esc leaves</source>
         <translation>按一下擷取顏色  ·  Esc：結束</translation>
     </message>
     <message id="canvas.hint.pan">
@@ -1188,6 +1188,14 @@
     <message id="editor.alignBottom">
         <source>Align Bottom Edges</source>
         <translation>靠下對齊</translation>
+    </message>
+    <message id="editor.distributeHorizontally">
+        <source>Distribute Horizontally</source>
+        <translation>水平均分</translation>
+    </message>
+    <message id="editor.distributeVertically">
+        <source>Distribute Vertically</source>
+        <translation>垂直均分</translation>
     </message>
     <message id="editor.resetCrop">
         <source>Reset Crop</source>
@@ -1438,15 +1446,15 @@
         <translation>陰影</translation>
     </message>
     <message id="pin.roundedCorners">
-        <source>Rounded corners</source>
+        <source>Rounded Corners</source>
         <translation>圓角</translation>
     </message>
     <message id="pin.clickThrough">
-        <source>Let clicks through</source>
+        <source>Let Clicks Through</source>
         <translation>點擊穿透</translation>
     </message>
     <message id="pin.closeAll">
-        <source>Close all pins</source>
+        <source>Close All Pins</source>
         <translation>關閉所有釘選的圖片</translation>
     </message>
     <message id="pin.window">
