@@ -187,8 +187,8 @@
             <translation>Pin to the screen</translation>
         </message>
         <message id="settings.general.showEditorHelp">
-            <source>In a window, ready to be copied or saved.</source>
-            <translation>In a window, ready to be copied or saved.</translation>
+            <source>In the editor, ready to be annotated.</source>
+            <translation>In the editor, ready to be annotated.</translation>
         </message>
         <message id="settings.general.copyHelp">
             <source>Ready to be pasted into another program.</source>
@@ -437,26 +437,6 @@
         <message id="overlay.hint.window">
             <source>Click a window  ·  Tab goes through them  ·  Esc cancels</source>
             <translation>Click a window  ·  Tab goes through them  ·  Esc cancels</translation>
-        </message>
-        <message id="picture.view">
-            <source>Captured picture</source>
-            <translation>Captured picture</translation>
-        </message>
-        <message id="picture.copy">
-            <source>Copy</source>
-            <translation>Copy</translation>
-        </message>
-        <message id="picture.save">
-            <source>Save</source>
-            <translation>Save</translation>
-        </message>
-        <message id="picture.close">
-            <source>Close</source>
-            <translation>Close</translation>
-        </message>
-        <message id="picture.status">
-            <source>%1 × %2 px  ·  %3 %</source>
-            <translation>%1 × %2 px  ·  %3 %</translation>
         </message>
         <message id="history.yesterday">
             <source>Yesterday</source>
@@ -786,8 +766,8 @@
             <translation>A picture of your own…</translation>
         </message>
         <message id="backdrop.ownColor">
-            <source>Another colour…</source>
-            <translation>Another colour…</translation>
+            <source>Another color…</source>
+            <translation>Another color…</translation>
         </message>
         <message id="backdrop.ownPicture.title">
             <source>Choose a background picture</source>
@@ -798,24 +778,24 @@
             <translation>Pictures</translation>
         </message>
         <message id="backdrop.gradient.stops">
-            <source>Colours of the gradient</source>
-            <translation>Colours of the gradient</translation>
+            <source>Colors of the gradient</source>
+            <translation>Colors of the gradient</translation>
         </message>
         <message id="backdrop.gradient.stopsHelp">
-            <source>Drag a colour to move it, away to remove it; click to add one</source>
-            <translation>Drag a colour to move it, away to remove it; click to add one</translation>
+            <source>Drag a color to move it, away to remove it; click to add one</source>
+            <translation>Drag a color to move it, away to remove it; click to add one</translation>
         </message>
         <message id="backdrop.gradient.color">
-            <source>Colour of the stop</source>
-            <translation>Colour of the stop</translation>
+            <source>Color of the stop</source>
+            <translation>Color of the stop</translation>
         </message>
         <message id="backdrop.gradient.add">
-            <source>Add a colour</source>
-            <translation>Add a colour</translation>
+            <source>Add a color</source>
+            <translation>Add a color</translation>
         </message>
         <message id="backdrop.gradient.remove">
-            <source>Remove the colour</source>
-            <translation>Remove the colour</translation>
+            <source>Remove the color</source>
+            <translation>Remove the color</translation>
         </message>
         <message id="backdrop.gradient.reverse">
             <source>Turn the gradient round</source>
@@ -870,8 +850,8 @@
             <translation>Drag to draw  ·  Shift keeps to steps of 45°</translation>
         </message>
         <message id="canvas.hint.drawShape">
-            <source>Drag to draw  ·  Shift makes it even, Alt starts from the centre</source>
-            <translation>Drag to draw  ·  Shift makes it even, Alt starts from the centre</translation>
+            <source>Drag to draw  ·  Shift makes it even, Alt starts from the center</source>
+            <translation>Drag to draw  ·  Shift makes it even, Alt starts from the center</translation>
         </message>
         <message id="canvas.hint.blur">
             <source>Drag over what should not be read</source>
@@ -910,8 +890,8 @@
             <translation>Drag to crop</translation>
         </message>
         <message id="canvas.hint.resize">
-            <source>Drag to resize  ·  Shift keeps it even, Alt keeps the centre</source>
-            <translation>Drag to resize  ·  Shift keeps it even, Alt keeps the centre</translation>
+            <source>Drag to resize  ·  Shift keeps it even, Alt keeps the center</source>
+            <translation>Drag to resize  ·  Shift keeps it even, Alt keeps the center</translation>
         </message>
         <message id="canvas.hint.movePoint">
             <source>Drag to move this point</source>
@@ -944,8 +924,8 @@
             <translation>Canvas</translation>
         </message>
         <message id="canvas.hint.eyedropper">
-            <source>Click to take the colour  ·  Esc leaves</source>
-            <translation>Click to take the colour  ·  Esc leaves</translation>
+            <source>Click to take the color  ·  Esc leaves</source>
+            <translation>Click to take the color  ·  Esc leaves</translation>
         </message>
         <message id="canvas.hint.pan">
             <source>Drag to move the view</source>
@@ -1440,16 +1420,16 @@
             <translation>Shadow</translation>
         </message>
         <message id="pin.roundedCorners">
-            <source>Rounded corners</source>
-            <translation>Rounded corners</translation>
+            <source>Rounded Corners</source>
+            <translation>Rounded Corners</translation>
         </message>
         <message id="pin.clickThrough">
-            <source>Let clicks through</source>
-            <translation>Let clicks through</translation>
+            <source>Let Clicks Through</source>
+            <translation>Let Clicks Through</translation>
         </message>
         <message id="pin.closeAll">
-            <source>Close all pins</source>
-            <translation>Close all pins</translation>
+            <source>Close All Pins</source>
+            <translation>Close All Pins</translation>
         </message>
         <message id="pin.window">
             <source>Pinned picture</source>
@@ -1530,6 +1510,14 @@
         <message id="editor.copiedSelection">
             <source>Copied the selection</source>
             <translation>Copied the selection</translation>
+        </message>
+        <message id="editor.distributeHorizontally">
+            <source>Distribute Horizontally</source>
+            <translation>Distribute Horizontally</translation>
+        </message>
+        <message id="editor.distributeVertically">
+            <source>Distribute Vertically</source>
+            <translation>Distribute Vertically</translation>
         </message>
     </context>
 </TS>

@@ -187,8 +187,9 @@
         <translation>Épingler à l’écran</translation>
     </message>
     <message id="settings.general.showEditorHelp">
-        <source>In a window, ready to be copied or saved.</source>
-        <translation>Dans une fenêtre, prête à être copiée ou enregistrée.</translation>
+        <source>In the editor, ready to be annotated.</source>
+        <oldsource>In a window, ready to be copied or saved.</oldsource>
+        <translation type="unfinished">Dans une fenêtre, prête à être copiée ou enregistrée.</translation>
     </message>
     <message id="settings.general.copyHelp">
         <source>Ready to be pasted into another program.</source>
@@ -439,26 +440,6 @@
     <message id="overlay.hint.window">
         <source>Click a window  ·  Tab goes through them  ·  Esc cancels</source>
         <translation>Cliquer sur une fenêtre  ·  Tab&#xa0;: fenêtre suivante  ·  Échap&#xa0;: annuler</translation>
-    </message>
-    <message id="picture.view">
-        <source>Captured picture</source>
-        <translation>Image capturée</translation>
-    </message>
-    <message id="picture.copy">
-        <source>Copy</source>
-        <translation>Copier</translation>
-    </message>
-    <message id="picture.save">
-        <source>Save</source>
-        <translation>Enregistrer</translation>
-    </message>
-    <message id="picture.close">
-        <source>Close</source>
-        <translation>Fermer</translation>
-    </message>
-    <message id="picture.status">
-        <source>%1 × %2 px  ·  %3 %</source>
-        <translation>%1 × %2&#xa0;px  ·  %3&#xa0;%</translation>
     </message>
     <message id="history.yesterday">
         <source>Yesterday</source>
@@ -788,7 +769,8 @@
         <translation type="unfinished"></translation>
     </message>
     <message id="backdrop.ownColor">
-        <source>Another colour…</source>
+        <source>Another color…</source>
+        <oldsource>Another colour…</oldsource>
         <translation type="unfinished"></translation>
     </message>
     <message id="backdrop.ownPicture.title">
@@ -800,23 +782,28 @@
         <translation type="unfinished"></translation>
     </message>
     <message id="backdrop.gradient.stops">
-        <source>Colours of the gradient</source>
+        <source>Colors of the gradient</source>
+        <oldsource>Colours of the gradient</oldsource>
         <translation type="unfinished"></translation>
     </message>
     <message id="backdrop.gradient.stopsHelp">
-        <source>Drag a colour to move it, away to remove it; click to add one</source>
+        <source>Drag a color to move it, away to remove it; click to add one</source>
+        <oldsource>Drag a colour to move it, away to remove it; click to add one</oldsource>
         <translation type="unfinished"></translation>
     </message>
     <message id="backdrop.gradient.color">
-        <source>Colour of the stop</source>
+        <source>Color of the stop</source>
+        <oldsource>Colour of the stop</oldsource>
         <translation type="unfinished"></translation>
     </message>
     <message id="backdrop.gradient.add">
-        <source>Add a colour</source>
+        <source>Add a color</source>
+        <oldsource>Add a colour</oldsource>
         <translation type="unfinished"></translation>
     </message>
     <message id="backdrop.gradient.remove">
-        <source>Remove the colour</source>
+        <source>Remove the color</source>
+        <oldsource>Remove the colour</oldsource>
         <translation type="unfinished"></translation>
     </message>
     <message id="backdrop.gradient.reverse">
@@ -872,7 +859,8 @@
         <translation type="unfinished"></translation>
     </message>
     <message id="canvas.hint.drawShape">
-        <source>Drag to draw  ·  Shift makes it even, Alt starts from the centre</source>
+        <source>Drag to draw  ·  Shift makes it even, Alt starts from the center</source>
+        <oldsource>Drag to draw  ·  Shift makes it even, Alt starts from the centre</oldsource>
         <translation type="unfinished"></translation>
     </message>
     <message id="canvas.hint.blur">
@@ -912,7 +900,8 @@
         <translation type="unfinished"></translation>
     </message>
     <message id="canvas.hint.resize">
-        <source>Drag to resize  ·  Shift keeps it even, Alt keeps the centre</source>
+        <source>Drag to resize  ·  Shift keeps it even, Alt keeps the center</source>
+        <oldsource>Drag to resize  ·  Shift keeps it even, Alt keeps the centre</oldsource>
         <translation type="unfinished"></translation>
     </message>
     <message id="canvas.hint.movePoint">
@@ -946,7 +935,8 @@
         <translation type="unfinished"></translation>
     </message>
     <message id="canvas.hint.eyedropper">
-        <source>Click to take the colour  ·  Esc leaves</source>
+        <source>Click to take the color  ·  Esc leaves</source>
+        <oldsource>Click to take the colour  ·  Esc leaves</oldsource>
         <translation type="unfinished"></translation>
     </message>
     <message id="canvas.hint.pan">
@@ -1442,15 +1432,18 @@
         <translation type="unfinished"></translation>
     </message>
     <message id="pin.roundedCorners">
-        <source>Rounded corners</source>
+        <source>Rounded Corners</source>
+        <oldsource>Rounded corners</oldsource>
         <translation type="unfinished"></translation>
     </message>
     <message id="pin.clickThrough">
-        <source>Let clicks through</source>
+        <source>Let Clicks Through</source>
+        <oldsource>Let clicks through</oldsource>
         <translation type="unfinished"></translation>
     </message>
     <message id="pin.closeAll">
-        <source>Close all pins</source>
+        <source>Close All Pins</source>
+        <oldsource>Close all pins</oldsource>
         <translation type="unfinished"></translation>
     </message>
     <message id="pin.window">
@@ -1531,6 +1524,14 @@
     </message>
     <message id="editor.copiedSelection">
         <source>Copied the selection</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor.distributeHorizontally">
+        <source>Distribute Horizontally</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor.distributeVertically">
+        <source>Distribute Vertically</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -439,26 +439,6 @@
         <source>Click a window  ·  Tab goes through them  ·  Esc cancels</source>
         <translation>ウィンドウをクリック  ·  Tab：次のウィンドウ  ·  Esc：キャンセル</translation>
     </message>
-    <message id="picture.view">
-        <source>Captured picture</source>
-        <translation>キャプチャした画像</translation>
-    </message>
-    <message id="picture.copy">
-        <source>Copy</source>
-        <translation>コピー</translation>
-    </message>
-    <message id="picture.save">
-        <source>Save</source>
-        <translation>保存</translation>
-    </message>
-    <message id="picture.close">
-        <source>Close</source>
-        <translation>閉じる</translation>
-    </message>
-    <message id="picture.status">
-        <source>%1 × %2 px  ·  %3 %</source>
-        <translation>%1 × %2 px  ·  %3%</translation>
-    </message>
     <message id="history.yesterday">
         <source>Yesterday</source>
         <translation>昨日</translation>
@@ -630,8 +610,9 @@
         <translation>グロー</translation>
     </message>
     <message id="backdrop.glowCenter">
-        <source>Center of the glow</source>
-        <translation>グローの中心</translation>
+        <source></source>
+        <oldsource>Center of the glow</oldsource>
+        <translation type="unfinished">グローの中心</translation>
     </message>
     <message id="backdrop.grain">
         <source>Grain</source>

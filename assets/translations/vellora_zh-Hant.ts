@@ -439,26 +439,6 @@
         <source>Click a window  ·  Tab goes through them  ·  Esc cancels</source>
         <translation>按一下視窗  ·  Tab：下一個視窗  ·  Esc：取消</translation>
     </message>
-    <message id="picture.view">
-        <source>Captured picture</source>
-        <translation>擷取的圖片</translation>
-    </message>
-    <message id="picture.copy">
-        <source>Copy</source>
-        <translation>複製</translation>
-    </message>
-    <message id="picture.save">
-        <source>Save</source>
-        <translation>儲存</translation>
-    </message>
-    <message id="picture.close">
-        <source>Close</source>
-        <translation>關閉</translation>
-    </message>
-    <message id="picture.status">
-        <source>%1 × %2 px  ·  %3 %</source>
-        <translation>%1 × %2 px  ·  %3%</translation>
-    </message>
     <message id="history.yesterday">
         <source>Yesterday</source>
         <translation>昨天</translation>
@@ -630,8 +610,9 @@
         <translation>光暈</translation>
     </message>
     <message id="backdrop.glowCenter">
-        <source>Center of the glow</source>
-        <translation>光暈中心</translation>
+        <source></source>
+        <oldsource>Center of the glow</oldsource>
+        <translation type="unfinished">光暈中心</translation>
     </message>
     <message id="backdrop.grain">
         <source>Grain</source>
