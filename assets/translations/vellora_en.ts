@@ -610,8 +610,8 @@
             <translation>Glow</translation>
         </message>
         <message id="backdrop.glowCenter">
-            <source />
-            <translation />
+            <source>Center of the glow</source>
+            <translation>Center of the glow</translation>
         </message>
         <message id="backdrop.grain">
             <source>Grain</source>

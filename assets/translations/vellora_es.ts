@@ -613,7 +613,7 @@
         <translation type="unfinished"></translation>
     </message>
     <message id="backdrop.glowCenter">
-        <source></source>
+        <source>Center of the glow</source>
         <translation type="unfinished"></translation>
     </message>
     <message id="backdrop.grain">

@@ -610,9 +610,8 @@
         <translation>グロー</translation>
     </message>
     <message id="backdrop.glowCenter">
-        <source></source>
-        <oldsource>Center of the glow</oldsource>
-        <translation type="unfinished">グローの中心</translation>
+        <source>Center of the glow</source>
+        <translation>グローの中心</translation>
     </message>
     <message id="backdrop.grain">
         <source>Grain</source>

@@ -610,9 +610,8 @@
         <translation>光晕</translation>
     </message>
     <message id="backdrop.glowCenter">
-        <source></source>
-        <oldsource>Center of the glow</oldsource>
-        <translation type="unfinished">光晕中心</translation>
+        <source>Center of the glow</source>
+        <translation>光晕中心</translation>
     </message>
     <message id="backdrop.grain">
         <source>Grain</source>

@@ -610,9 +610,8 @@
         <translation>光暈</translation>
     </message>
     <message id="backdrop.glowCenter">
-        <source></source>
-        <oldsource>Center of the glow</oldsource>
-        <translation type="unfinished">光暈中心</translation>
+        <source>Center of the glow</source>
+        <translation>光暈中心</translation>
     </message>
     <message id="backdrop.grain">
         <source>Grain</source>

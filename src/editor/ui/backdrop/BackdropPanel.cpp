@@ -271,7 +271,8 @@ QWidget* BackdropPanel::makeEffectsSection() {
   strength(qtTrId("backdrop.glow"), QStringLiteral("backdrop.glow"),
            [](BackdropSettings& s) -> double& { return s.glowIntensity; });
   //% "Center of the glow"
-  auto* pad = new PointPad({0, 0}, {1, 1}, BackdropSettings().glowCenter, qtTrId("backdrop.glowCenter"), section);
+  const QString title = qtTrId("backdrop.glowCenter");
+  auto* pad = new PointPad({0, 0}, {1, 1}, BackdropSettings().glowCenter, title, section);
   section->add(pad);
   connect(pad, &PointPad::placeChanged, state_, [this](Point place) {
     state_->change(QStringLiteral("backdrop.glowCenter"), [place](BackdropSettings& s) { s.glowCenter = place; });
