@@ -188,8 +188,7 @@
     </message>
     <message id="settings.general.showEditorHelp">
         <source>In the editor, ready to be annotated.</source>
-        <oldsource>In a window, ready to be copied or saved.</oldsource>
-        <translation type="unfinished">In einem Fenster, bereit zum Kopieren oder Speichern.</translation>
+        <translation>Im Editor, bereit für Anmerkungen.</translation>
     </message>
     <message id="settings.general.copyHelp">
         <source>Ready to be pasted into another program.</source>
@@ -499,1040 +498,1028 @@
     </message>
     <message id="toast.recovered" numerus="yes">
         <source>%n capture(s) that were open when Vellora ended are in the history</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Aufnahme, die beim Ende von Vellora noch offen war, ist im Verlauf</numerusform>
+            <numerusform>%n Aufnahmen, die beim Ende von Vellora noch offen waren, sind im Verlauf</numerusform>
         </translation>
     </message>
     <message id="toast.pinFailed">
         <source>This picture cannot be pinned</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Bild kann nicht angeheftet werden</translation>
     </message>
     <message id="menu.endClickThrough">
         <source>Let Clicks Reach the Pins Again</source>
-        <translation type="unfinished"></translation>
+        <translation>Angeheftete Bilder wieder anklickbar machen</translation>
     </message>
     <message id="backdrop.frame.browserLight">
         <source>Browser window, light</source>
-        <translation type="unfinished"></translation>
+        <translation>Browserfenster, hell</translation>
     </message>
     <message id="backdrop.frame.laptopLight">
         <source>Laptop, light</source>
-        <translation type="unfinished"></translation>
+        <translation>Laptop, hell</translation>
     </message>
     <message id="backdrop.frame.phoneLight">
         <source>Phone, light</source>
-        <translation type="unfinished"></translation>
+        <translation>Smartphone, hell</translation>
     </message>
     <message id="backdrop.frame.browserDark">
         <source>Browser window, dark</source>
-        <translation type="unfinished"></translation>
+        <translation>Browserfenster, dunkel</translation>
     </message>
     <message id="backdrop.frame.laptopDark">
         <source>Laptop, dark</source>
-        <translation type="unfinished"></translation>
+        <translation>Laptop, dunkel</translation>
     </message>
     <message id="backdrop.frame.phoneDark">
         <source>Phone, dark</source>
-        <translation type="unfinished"></translation>
+        <translation>Smartphone, dunkel</translation>
     </message>
     <message id="backdrop.title">
         <source>Backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>Hintergrund</translation>
     </message>
     <message id="backdrop.reset">
         <source>Back to the default backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>Standardhintergrund wiederherstellen</translation>
     </message>
     <message id="backdrop.enabled">
         <source>Show the backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>Hintergrund anzeigen</translation>
     </message>
     <message id="backdrop.layout">
         <source>Layout</source>
-        <translation type="unfinished"></translation>
+        <translation>Layout</translation>
     </message>
     <message id="backdrop.layout.margin">
         <source>Margin</source>
-        <translation type="unfinished"></translation>
+        <translation>Rand</translation>
     </message>
     <message id="backdrop.layout.radius">
         <source>Corner radius</source>
-        <translation type="unfinished"></translation>
+        <translation>Eckenradius</translation>
     </message>
     <message id="backdrop.layout.shadow">
         <source>Shadow</source>
-        <translation type="unfinished"></translation>
+        <translation>Schatten</translation>
     </message>
     <message id="backdrop.aspect">
         <source>Aspect ratio</source>
-        <translation type="unfinished"></translation>
+        <translation>Seitenverhältnis</translation>
     </message>
     <message id="backdrop.aspect.auto">
         <source>Auto</source>
-        <translation type="unfinished"></translation>
+        <translation>Auto</translation>
     </message>
     <message id="backdrop.frame">
         <source>Frame</source>
-        <translation type="unfinished"></translation>
+        <translation>Rahmen</translation>
     </message>
     <message id="backdrop.frame.none">
         <source>No frame</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Rahmen</translation>
     </message>
     <message id="backdrop.placement">
         <source>Placement</source>
-        <translation type="unfinished"></translation>
+        <translation>Platzierung</translation>
     </message>
     <message id="backdrop.tiltX">
         <source>Tilt sideways</source>
-        <translation type="unfinished"></translation>
+        <translation>Neigung horizontal</translation>
     </message>
     <message id="backdrop.tiltY">
         <source>Tilt up and down</source>
-        <translation type="unfinished"></translation>
+        <translation>Neigung vertikal</translation>
     </message>
     <message id="backdrop.rotation">
         <source>Rotation</source>
-        <translation type="unfinished"></translation>
+        <translation>Drehung</translation>
     </message>
     <message id="backdrop.contentScale">
         <source>Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Größe</translation>
     </message>
     <message id="backdrop.contentOffset">
         <source>Position</source>
-        <translation type="unfinished"></translation>
+        <translation>Position</translation>
     </message>
     <message id="backdrop.effects">
         <source>Effects</source>
-        <translation type="unfinished"></translation>
+        <translation>Effekte</translation>
     </message>
     <message id="backdrop.glow">
         <source>Glow</source>
-        <translation type="unfinished"></translation>
+        <translation>Leuchten</translation>
     </message>
     <message id="backdrop.glowCenter">
         <source>Center of the glow</source>
-        <translation type="unfinished"></translation>
+        <translation>Zentrum des Leuchtens</translation>
     </message>
     <message id="backdrop.grain">
         <source>Grain</source>
-        <translation type="unfinished"></translation>
+        <translation>Körnung</translation>
     </message>
     <message id="backdrop.edgeBlur">
         <source>Edge blur</source>
-        <translation type="unfinished"></translation>
+        <translation>Randunschärfe</translation>
     </message>
     <message id="backdrop.edgeBlur.none">
         <source>No edge blur</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Randunschärfe</translation>
     </message>
     <message id="backdrop.edgeBlur.bottom">
         <source>Blur the bottom</source>
-        <translation type="unfinished"></translation>
+        <translation>Unten weichzeichnen</translation>
     </message>
     <message id="backdrop.edgeBlur.left">
         <source>Blur the left</source>
-        <translation type="unfinished"></translation>
+        <translation>Links weichzeichnen</translation>
     </message>
     <message id="backdrop.edgeBlur.right">
         <source>Blur the right</source>
-        <translation type="unfinished"></translation>
+        <translation>Rechts weichzeichnen</translation>
     </message>
     <message id="backdrop.edgeBlur.all">
         <source>Blur all edges</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Ränder weichzeichnen</translation>
     </message>
     <message id="backdrop.curated.arc">
         <source>Arc</source>
-        <translation type="unfinished"></translation>
+        <translation>Bogen</translation>
     </message>
     <message id="backdrop.curated.haze">
         <source>Haze</source>
-        <translation type="unfinished"></translation>
+        <translation>Dunst</translation>
     </message>
     <message id="backdrop.curated.lavender">
         <source>Lavender</source>
-        <translation type="unfinished"></translation>
+        <translation>Lavendel</translation>
     </message>
     <message id="backdrop.curated.ember">
         <source>Ember</source>
-        <translation type="unfinished"></translation>
+        <translation>Glut</translation>
     </message>
     <message id="backdrop.curated.moss">
         <source>Moss</source>
-        <translation type="unfinished"></translation>
+        <translation>Moos</translation>
     </message>
     <message id="backdrop.curated.lagoon">
         <source>Lagoon</source>
-        <translation type="unfinished"></translation>
+        <translation>Lagune</translation>
     </message>
     <message id="backdrop.curated.sky">
         <source>Sky</source>
-        <translation type="unfinished"></translation>
+        <translation>Himmel</translation>
     </message>
     <message id="backdrop.gradient.dawn">
         <source>Dawn</source>
-        <translation type="unfinished"></translation>
+        <translation>Morgenrot</translation>
     </message>
     <message id="backdrop.gradient.peach">
         <source>Peach</source>
-        <translation type="unfinished"></translation>
+        <translation>Pfirsich</translation>
     </message>
     <message id="backdrop.gradient.coral">
         <source>Coral</source>
-        <translation type="unfinished"></translation>
+        <translation>Koralle</translation>
     </message>
     <message id="backdrop.gradient.dusk">
         <source>Dusk</source>
-        <translation type="unfinished"></translation>
+        <translation>Abendrot</translation>
     </message>
     <message id="backdrop.gradient.iris">
         <source>Iris</source>
-        <translation type="unfinished"></translation>
+        <translation>Iris</translation>
     </message>
     <message id="backdrop.gradient.indigo">
         <source>Indigo</source>
-        <translation type="unfinished"></translation>
+        <translation>Indigo</translation>
     </message>
     <message id="backdrop.gradient.ocean">
         <source>Ocean</source>
-        <translation type="unfinished"></translation>
+        <translation>Ozean</translation>
     </message>
     <message id="backdrop.gradient.mist">
         <source>Mist</source>
-        <translation type="unfinished"></translation>
+        <translation>Nebel</translation>
     </message>
     <message id="backdrop.gradient.mint">
         <source>Mint</source>
-        <translation type="unfinished"></translation>
+        <translation>Minze</translation>
     </message>
     <message id="backdrop.gradient.forest">
         <source>Forest</source>
-        <translation type="unfinished"></translation>
+        <translation>Wald</translation>
     </message>
     <message id="backdrop.gradient.slate">
         <source>Slate</source>
-        <translation type="unfinished"></translation>
+        <translation>Schiefer</translation>
     </message>
     <message id="backdrop.gradient.night">
         <source>Night</source>
-        <translation type="unfinished"></translation>
+        <translation>Nacht</translation>
     </message>
     <message id="backdrop.color.white">
         <source>White</source>
-        <translation type="unfinished"></translation>
+        <translation>Weiß</translation>
     </message>
     <message id="backdrop.color.gray">
         <source>Gray</source>
-        <translation type="unfinished"></translation>
+        <translation>Grau</translation>
     </message>
     <message id="backdrop.color.black">
         <source>Black</source>
-        <translation type="unfinished"></translation>
+        <translation>Schwarz</translation>
     </message>
     <message id="backdrop.color.blue">
         <source>Blue</source>
-        <translation type="unfinished"></translation>
+        <translation>Blau</translation>
     </message>
     <message id="backdrop.color.purple">
         <source>Purple</source>
-        <translation type="unfinished"></translation>
+        <translation>Lila</translation>
     </message>
     <message id="backdrop.color.pink">
         <source>Pink</source>
-        <translation type="unfinished"></translation>
+        <translation>Rosa</translation>
     </message>
     <message id="backdrop.color.red">
         <source>Red</source>
-        <translation type="unfinished"></translation>
+        <translation>Rot</translation>
     </message>
     <message id="backdrop.color.orange">
         <source>Orange</source>
-        <translation type="unfinished"></translation>
+        <translation>Orange</translation>
     </message>
     <message id="backdrop.color.green">
         <source>Green</source>
-        <translation type="unfinished"></translation>
+        <translation>Grün</translation>
     </message>
     <message id="backdrop.color.teal">
         <source>Teal</source>
-        <translation type="unfinished"></translation>
+        <translation>Blaugrün</translation>
     </message>
     <message id="backdrop.background">
         <source>Background</source>
-        <translation type="unfinished"></translation>
+        <translation>Füllung</translation>
     </message>
     <message id="backdrop.ownPicture">
         <source>A picture of your own…</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigenes Bild&#xa0;…</translation>
     </message>
     <message id="backdrop.ownColor">
         <source>Another color…</source>
-        <oldsource>Another colour…</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Andere Farbe&#xa0;…</translation>
     </message>
     <message id="backdrop.ownPicture.title">
         <source>Choose a background picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Hintergrundbild auswählen</translation>
     </message>
     <message id="backdrop.ownPicture.filter">
         <source>Pictures</source>
-        <translation type="unfinished"></translation>
+        <translation>Bilder</translation>
     </message>
     <message id="backdrop.gradient.stops">
         <source>Colors of the gradient</source>
-        <oldsource>Colours of the gradient</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Farben des Farbverlaufs</translation>
     </message>
     <message id="backdrop.gradient.stopsHelp">
         <source>Drag a color to move it, away to remove it; click to add one</source>
-        <oldsource>Drag a colour to move it, away to remove it; click to add one</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Farbe ziehen, um sie zu verschieben, wegziehen, um sie zu entfernen; klicken, um eine hinzuzufügen</translation>
     </message>
     <message id="backdrop.gradient.color">
         <source>Color of the stop</source>
-        <oldsource>Colour of the stop</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Farbe an dieser Stelle</translation>
     </message>
     <message id="backdrop.gradient.add">
         <source>Add a color</source>
-        <oldsource>Add a colour</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Farbe hinzufügen</translation>
     </message>
     <message id="backdrop.gradient.remove">
         <source>Remove the color</source>
-        <oldsource>Remove the colour</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Farbe entfernen</translation>
     </message>
     <message id="backdrop.gradient.reverse">
         <source>Turn the gradient round</source>
-        <translation type="unfinished"></translation>
+        <translation>Farbverlauf umkehren</translation>
     </message>
     <message id="backdrop.gradient.angle">
         <source>Angle</source>
-        <translation type="unfinished"></translation>
+        <translation>Winkel</translation>
     </message>
     <message id="backdrop.styles">
         <source>Saved styles</source>
-        <translation type="unfinished"></translation>
+        <translation>Gespeicherte Stile</translation>
     </message>
     <message id="backdrop.styles.save">
         <source>Save this style…</source>
-        <translation type="unfinished"></translation>
+        <translation>Diesen Stil speichern&#xa0;…</translation>
     </message>
     <message id="backdrop.styles.suggestion">
         <source>Style %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Stil %1</translation>
     </message>
     <message id="backdrop.styles.help">
         <source>Click applies the style; a right click renames, renews or deletes it</source>
-        <translation type="unfinished"></translation>
+        <translation>Klick: Stil anwenden; Rechtsklick: umbenennen, ersetzen oder löschen</translation>
     </message>
     <message id="backdrop.styles.rename">
         <source>Rename…</source>
-        <translation type="unfinished"></translation>
+        <translation>Umbenennen&#xa0;…</translation>
     </message>
     <message id="backdrop.styles.renameAction">
         <source>Rename</source>
-        <translation type="unfinished"></translation>
+        <translation>Umbenennen</translation>
     </message>
     <message id="backdrop.styles.update">
         <source>Replace with the current backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>Durch aktuellen Hintergrund ersetzen</translation>
     </message>
     <message id="backdrop.styles.delete">
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen</translation>
     </message>
     <message id="backdrop.styles.name">
         <source>Name of the style</source>
-        <translation type="unfinished"></translation>
+        <translation>Name des Stils</translation>
     </message>
     <message id="backdrop.styles.accept">
         <source>Save</source>
-        <translation type="unfinished">Speichern</translation>
+        <translation>Speichern</translation>
     </message>
     <message id="canvas.hint.drawLine">
         <source>Drag to draw  ·  Shift keeps to steps of 45°</source>
-        <translation type="unfinished"></translation>
+        <translation>Ziehen zum Zeichnen · Umschalt: 45°-Schritte</translation>
     </message>
     <message id="canvas.hint.drawShape">
         <source>Drag to draw  ·  Shift makes it even, Alt starts from the center</source>
-        <oldsource>Drag to draw  ·  Shift makes it even, Alt starts from the centre</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Ziehen zum Zeichnen · Umschalt: Quadrat oder Kreis · Alt: von der Mitte aus</translation>
     </message>
     <message id="canvas.hint.blur">
         <source>Drag over what should not be read</source>
-        <translation type="unfinished"></translation>
+        <translation>Über das ziehen, was nicht lesbar sein soll</translation>
     </message>
     <message id="canvas.hint.magnifier">
         <source>Drag a lens over what should be larger</source>
-        <translation type="unfinished"></translation>
+        <translation>Über das ziehen, was vergrößert werden soll</translation>
     </message>
     <message id="canvas.hint.pen">
         <source>Drag to draw freehand</source>
-        <translation type="unfinished"></translation>
+        <translation>Ziehen zum Freihandzeichnen</translation>
     </message>
     <message id="canvas.hint.counter">
         <source>Click to place the next number, drag to point it</source>
-        <translation type="unfinished"></translation>
+        <translation>Klicken, um die nächste Nummer zu setzen, ziehen, um ihre Spitze auszurichten</translation>
     </message>
     <message id="canvas.hint.text">
         <source>Click to type, drag for a width</source>
-        <translation type="unfinished"></translation>
+        <translation>Klicken zum Schreiben, ziehen für eine feste Breite</translation>
     </message>
     <message id="canvas.hint.cropping">
         <source>Drag the edges to crop  ·  Return takes it  ·  Esc leaves</source>
-        <translation type="unfinished"></translation>
+        <translation>Kanten ziehen zum Zuschneiden · Eingabe: Übernehmen · Esc: Beenden</translation>
     </message>
     <message id="canvas.hint.select">
         <source>Click to select, drag to select several</source>
-        <translation type="unfinished"></translation>
+        <translation>Klicken zum Auswählen, ziehen für mehrere</translation>
     </message>
     <message id="canvas.hint.move">
         <source>Drag to move  ·  the arrow keys nudge</source>
-        <translation type="unfinished"></translation>
+        <translation>Ziehen zum Verschieben · Pfeiltasten: kleine Schritte</translation>
     </message>
     <message id="canvas.hint.crop">
         <source>Drag to crop</source>
-        <translation type="unfinished"></translation>
+        <translation>Ziehen zum Zuschneiden</translation>
     </message>
     <message id="canvas.hint.resize">
         <source>Drag to resize  ·  Shift keeps it even, Alt keeps the center</source>
-        <oldsource>Drag to resize  ·  Shift keeps it even, Alt keeps the centre</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Ziehen zum Ändern der Größe · Umschalt: proportional · Alt: um die Mitte</translation>
     </message>
     <message id="canvas.hint.movePoint">
         <source>Drag to move this point</source>
-        <translation type="unfinished"></translation>
+        <translation>Ziehen, um diesen Punkt zu verschieben</translation>
     </message>
     <message id="canvas.hint.turn">
         <source>Drag to turn</source>
-        <translation type="unfinished"></translation>
+        <translation>Ziehen zum Drehen</translation>
     </message>
     <message id="canvas.hint.editText">
         <source>Click to place the cursor, drag to select text</source>
-        <translation type="unfinished"></translation>
+        <translation>Klicken, um den Cursor zu setzen, ziehen, um Text auszuwählen</translation>
     </message>
     <message id="canvas.description" numerus="yes">
         <source>Picture of %1 pixels with %n annotations</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Bild mit %1 Pixeln und %n Anmerkung</numerusform>
+            <numerusform>Bild mit %1 Pixeln und %n Anmerkungen</numerusform>
         </translation>
     </message>
     <message id="canvas.description.selected" numerus="yes">
         <source>%n selected</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n ausgewählt</numerusform>
+            <numerusform>%n ausgewählt</numerusform>
         </translation>
     </message>
     <message id="canvas.name">
         <source>Canvas</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeichenfläche</translation>
     </message>
     <message id="canvas.hint.eyedropper">
         <source>Click to take the color  ·  Esc leaves</source>
-        <oldsource>Click to take the colour  ·  Esc leaves</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Klicken, um die Farbe zu übernehmen · Esc: Beenden</translation>
     </message>
     <message id="canvas.hint.pan">
         <source>Drag to move the view</source>
-        <translation type="unfinished"></translation>
+        <translation>Ziehen, um die Ansicht zu verschieben</translation>
     </message>
     <message id="color.red">
         <source>Red</source>
-        <translation type="unfinished"></translation>
+        <translation>Rot</translation>
     </message>
     <message id="color.orange">
         <source>Orange</source>
-        <translation type="unfinished"></translation>
+        <translation>Orange</translation>
     </message>
     <message id="color.yellow">
         <source>Yellow</source>
-        <translation type="unfinished"></translation>
+        <translation>Gelb</translation>
     </message>
     <message id="color.green">
         <source>Green</source>
-        <translation type="unfinished"></translation>
+        <translation>Grün</translation>
     </message>
     <message id="color.blue">
         <source>Blue</source>
-        <translation type="unfinished"></translation>
+        <translation>Blau</translation>
     </message>
     <message id="color.violet">
         <source>Violet</source>
-        <translation type="unfinished"></translation>
+        <translation>Violett</translation>
     </message>
     <message id="color.pink">
         <source>Pink</source>
-        <translation type="unfinished"></translation>
+        <translation>Rosa</translation>
     </message>
     <message id="color.slate">
         <source>Slate</source>
-        <translation type="unfinished"></translation>
+        <translation>Schiefer</translation>
     </message>
     <message id="editor.color">
         <source>Color</source>
-        <translation type="unfinished"></translation>
+        <translation>Farbe</translation>
     </message>
     <message id="editor.swatch.delete">
         <source>Delete Color</source>
-        <translation type="unfinished"></translation>
+        <translation>Farbe löschen</translation>
     </message>
     <message id="editor.swatch.add">
         <source>Add a color of your own</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigene Farbe hinzufügen</translation>
     </message>
     <message id="editor.swatch.tooltip">
         <source>Your color %1 (double click to edit)</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigene Farbe %1 (zum Bearbeiten doppelklicken)</translation>
     </message>
     <message id="editor.swatch.edit">
         <source>Edit Color…</source>
-        <translation type="unfinished"></translation>
+        <translation>Farbe bearbeiten&#xa0;…</translation>
     </message>
     <message id="editor.failed.render">
         <source>The picture is too large to be made.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Bild ist zu groß, um erstellt zu werden.</translation>
     </message>
     <message id="editor.failed.encode">
         <source>The picture does not fit this format. PNG holds it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Bild passt nicht in dieses Format, wohl aber in PNG.</translation>
     </message>
     <message id="editor.failed.write">
         <source>The file could not be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei konnte nicht geschrieben werden.</translation>
     </message>
     <message id="editor.progress.copy">
         <source>Copying…</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird kopiert&#xa0;…</translation>
     </message>
     <message id="editor.progress.save">
         <source>Saving…</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird gespeichert&#xa0;…</translation>
     </message>
     <message id="editor.saveAs.title">
         <source>Save the picture as</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild speichern unter</translation>
     </message>
     <message id="editor.saved">
         <source>Saved %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 gespeichert</translation>
     </message>
     <message id="editor.progress.print">
         <source>Printing…</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird gedruckt&#xa0;…</translation>
     </message>
     <message id="editor.bar">
         <source>Tools and style</source>
-        <translation type="unfinished"></translation>
+        <translation>Werkzeuge und Stil</translation>
     </message>
     <message id="editor.moreTools">
         <source>More tools</source>
-        <translation type="unfinished"></translation>
+        <translation>Weitere Werkzeuge</translation>
     </message>
     <message id="editor.dragOut">
         <source>Drag the picture into another program</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild in ein anderes Programm ziehen</translation>
     </message>
     <message id="editor.copy.outdated">
         <source>%1: the clipboard holds an older state</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: Die Zwischenablage enthält einen älteren Stand</translation>
     </message>
     <message id="tool.select">
         <source>Select</source>
-        <translation type="unfinished"></translation>
+        <translation>Auswählen</translation>
     </message>
     <message id="tool.arrow">
         <source>Arrow</source>
-        <translation type="unfinished"></translation>
+        <translation>Pfeil</translation>
     </message>
     <message id="tool.rectangle">
         <source>Rectangle</source>
-        <translation type="unfinished"></translation>
+        <translation>Rechteck</translation>
     </message>
     <message id="tool.ellipse">
         <source>Ellipse</source>
-        <translation type="unfinished"></translation>
+        <translation>Ellipse</translation>
     </message>
     <message id="tool.line">
         <source>Line</source>
-        <translation type="unfinished"></translation>
+        <translation>Linie</translation>
     </message>
     <message id="tool.pen">
         <source>Pen</source>
-        <translation type="unfinished"></translation>
+        <translation>Stift</translation>
     </message>
     <message id="tool.text">
         <source>Text</source>
-        <translation type="unfinished"></translation>
+        <translation>Text</translation>
     </message>
     <message id="tool.counter">
         <source>Counter</source>
-        <translation type="unfinished"></translation>
+        <translation>Nummerierung</translation>
     </message>
     <message id="tool.pixelate">
         <source>Pixelate</source>
-        <translation type="unfinished"></translation>
+        <translation>Verpixeln</translation>
     </message>
     <message id="tool.magnifier">
         <source>Magnifier</source>
-        <translation type="unfinished"></translation>
+        <translation>Lupe</translation>
     </message>
     <message id="editor.crop">
         <source>Crop</source>
-        <translation type="unfinished"></translation>
+        <translation>Zuschneiden</translation>
     </message>
     <message id="editor.thinner">
         <source>Thinner</source>
-        <translation type="unfinished"></translation>
+        <translation>Dünner</translation>
     </message>
     <message id="editor.thicker">
         <source>Thicker</source>
-        <translation type="unfinished"></translation>
+        <translation>Dicker</translation>
     </message>
     <message id="editor.sketch">
         <source>Hand-Drawn</source>
-        <translation type="unfinished"></translation>
+        <translation>Handgezeichnet</translation>
     </message>
     <message id="editor.fill">
         <source>Fill</source>
-        <translation type="unfinished"></translation>
+        <translation>Füllung</translation>
     </message>
     <message id="editor.nextBlurStyle">
         <source>Next Way to Pixelate</source>
-        <translation type="unfinished"></translation>
+        <translation>Nächste Verpixelungsart</translation>
     </message>
     <message id="editor.pickColor">
         <source>Pick Color from Screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Farbe vom Bildschirm wählen</translation>
     </message>
     <message id="editor.undo">
         <source>Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>Rückgängig</translation>
     </message>
     <message id="editor.redo">
         <source>Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>Wiederholen</translation>
     </message>
     <message id="editor.cut">
         <source>Cut</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausschneiden</translation>
     </message>
     <message id="editor.copy">
         <source>Copy</source>
-        <translation type="unfinished">Kopieren</translation>
+        <translation>Kopieren</translation>
     </message>
     <message id="editor.paste">
         <source>Paste</source>
-        <translation type="unfinished"></translation>
+        <translation>Einfügen</translation>
     </message>
     <message id="editor.duplicate">
         <source>Duplicate</source>
-        <translation type="unfinished"></translation>
+        <translation>Duplizieren</translation>
     </message>
     <message id="editor.delete">
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen</translation>
     </message>
     <message id="editor.selectAll">
         <source>Select All</source>
-        <translation type="unfinished"></translation>
+        <translation>Alles auswählen</translation>
     </message>
     <message id="editor.bringForward">
         <source>Bring Forward</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach vorne</translation>
     </message>
     <message id="editor.sendBackward">
         <source>Send Backward</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach hinten</translation>
     </message>
     <message id="editor.bringToFront">
         <source>Bring to Front</source>
-        <translation type="unfinished"></translation>
+        <translation>Ganz nach vorne</translation>
     </message>
     <message id="editor.sendToBack">
         <source>Send to Back</source>
-        <translation type="unfinished"></translation>
+        <translation>Ganz nach hinten</translation>
     </message>
     <message id="editor.alignLeft">
         <source>Align Left Edges</source>
-        <translation type="unfinished"></translation>
+        <translation>Linke Kanten ausrichten</translation>
     </message>
     <message id="editor.alignCenter">
         <source>Align Centers Horizontally</source>
-        <translation type="unfinished"></translation>
+        <translation>Mitten horizontal ausrichten</translation>
     </message>
     <message id="editor.alignRight">
         <source>Align Right Edges</source>
-        <translation type="unfinished"></translation>
+        <translation>Rechte Kanten ausrichten</translation>
     </message>
     <message id="editor.alignTop">
         <source>Align Top Edges</source>
-        <translation type="unfinished"></translation>
+        <translation>Obere Kanten ausrichten</translation>
     </message>
     <message id="editor.alignMiddle">
         <source>Align Centers Vertically</source>
-        <translation type="unfinished"></translation>
+        <translation>Mitten vertikal ausrichten</translation>
     </message>
     <message id="editor.alignBottom">
         <source>Align Bottom Edges</source>
-        <translation type="unfinished"></translation>
+        <translation>Untere Kanten ausrichten</translation>
     </message>
     <message id="editor.resetCrop">
         <source>Reset Crop</source>
-        <translation type="unfinished"></translation>
+        <translation>Zuschnitt zurücksetzen</translation>
     </message>
     <message id="editor.addCapture">
         <source>Add Capture</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahme hinzufügen</translation>
     </message>
     <message id="editor.addPicture">
         <source>Add Picture…</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild hinzufügen&#xa0;…</translation>
     </message>
     <message id="editor.backdrop">
         <source>Backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>Hintergrund</translation>
     </message>
     <message id="editor.copyPicture">
         <source>Copy Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild kopieren</translation>
     </message>
     <message id="editor.save">
         <source>Save</source>
-        <translation type="unfinished">Speichern</translation>
+        <translation>Speichern</translation>
     </message>
     <message id="editor.saveAs">
         <source>Save As…</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern unter&#xa0;…</translation>
     </message>
     <message id="editor.print">
         <source>Print…</source>
-        <translation type="unfinished"></translation>
+        <translation>Drucken&#xa0;…</translation>
     </message>
     <message id="editor.pin">
         <source>Pin to Screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Auf dem Bildschirm anheften</translation>
     </message>
     <message id="editor.close">
         <source>Close</source>
-        <translation type="unfinished">Schließen</translation>
+        <translation>Schließen</translation>
     </message>
     <message id="editor.zoomIn">
         <source>Zoom In</source>
-        <translation type="unfinished"></translation>
+        <translation>Vergrößern</translation>
     </message>
     <message id="editor.zoomOut">
         <source>Zoom Out</source>
-        <translation type="unfinished"></translation>
+        <translation>Verkleinern</translation>
     </message>
     <message id="editor.zoomToFit">
         <source>Fit to Window</source>
-        <translation type="unfinished"></translation>
+        <translation>An Fenster anpassen</translation>
     </message>
     <message id="editor.actualSize">
         <source>Actual Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Originalgröße</translation>
     </message>
     <message id="editor.nextPart">
         <source>Next Part of the Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Nächster Fensterbereich</translation>
     </message>
     <message id="editor.more">
         <source>More</source>
-        <translation type="unfinished"></translation>
+        <translation>Mehr</translation>
     </message>
     <message id="editor.shortcuts">
         <source>Keyboard Shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>Tastenkürzel</translation>
     </message>
     <message id="editor.group.tools">
         <source>Tools</source>
-        <translation type="unfinished"></translation>
+        <translation>Werkzeuge</translation>
     </message>
     <message id="editor.group.style">
         <source>Style</source>
-        <translation type="unfinished"></translation>
+        <translation>Stil</translation>
     </message>
     <message id="editor.group.edit">
         <source>Edit</source>
-        <translation type="unfinished"></translation>
+        <translation>Bearbeiten</translation>
     </message>
     <message id="editor.group.arrange">
         <source>Arrange</source>
-        <translation type="unfinished"></translation>
+        <translation>Anordnen</translation>
     </message>
     <message id="editor.group.picture">
         <source>Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild</translation>
     </message>
     <message id="editor.group.view">
         <source>View</source>
-        <translation type="unfinished"></translation>
+        <translation>Ansicht</translation>
     </message>
     <message id="editor.menu.order">
         <source>Order</source>
-        <translation type="unfinished"></translation>
+        <translation>Reihenfolge</translation>
     </message>
     <message id="editor.menu.align">
         <source>Align</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausrichten</translation>
     </message>
     <message id="editor.zoomPercent">
         <source>%1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message id="editor.size">
         <source>%1 × %2 px</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2&#xa0;px</translation>
     </message>
     <message id="editor.selectionSize">
         <source>%1 × %2 at %3, %4</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2 bei %3, %4</translation>
     </message>
     <message id="editor.sketchTooltip">
         <source>Hand-drawn</source>
-        <translation type="unfinished"></translation>
+        <translation>Handgezeichnet</translation>
     </message>
     <message id="editor.fillTooltip">
         <source>Filled</source>
-        <translation type="unfinished"></translation>
+        <translation>Gefüllt</translation>
     </message>
     <message id="editor.textStyleTooltip">
         <source>Text on a filled box</source>
-        <translation type="unfinished"></translation>
+        <translation>Text auf farbigem Grund</translation>
     </message>
     <message id="editor.textFontTooltip">
         <source>Handwriting</source>
-        <translation type="unfinished"></translation>
+        <translation>Handschrift</translation>
     </message>
     <message id="editor.blurStyle.hides">
         <source>Hides what is below it for good.</source>
-        <translation type="unfinished"></translation>
+        <translation>Verbirgt dauerhaft, was darunter liegt.</translation>
     </message>
     <message id="editor.blurStyle.mosaic">
         <source>Mosaic</source>
-        <translation type="unfinished"></translation>
+        <translation>Mosaik</translation>
     </message>
     <message id="editor.blurStyle.erase">
         <source>Paint Over</source>
-        <translation type="unfinished"></translation>
+        <translation>Übermalen</translation>
     </message>
     <message id="editor.blurStyle.gaussian">
         <source>Blur</source>
-        <translation type="unfinished"></translation>
+        <translation>Weichzeichnen</translation>
     </message>
     <message id="editor.blurStyle.gaussian.warning">
         <source>Decorates only: what is below can often be made readable again. Hide secrets with the other two.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur zur Gestaltung: Was darunter liegt, lässt sich oft wieder lesbar machen. Verbergen Sie Vertrauliches mit den beiden anderen Arten.</translation>
     </message>
     <message id="editor.blurStyleTooltip">
         <source>How it is hidden</source>
-        <translation type="unfinished"></translation>
+        <translation>Art der Verpixelung</translation>
     </message>
     <message id="editor.blurFillColor">
         <source>Color it is painted over with</source>
-        <translation type="unfinished"></translation>
+        <translation>Farbe zum Übermalen</translation>
     </message>
     <message id="editor.blurFillColor.automatic">
         <source>Take the color from around it</source>
-        <translation type="unfinished"></translation>
+        <translation>Farbe aus der Umgebung übernehmen</translation>
     </message>
     <message id="editor.blurStrength.gaussian">
         <source>Softness</source>
-        <translation type="unfinished"></translation>
+        <translation>Weichheit</translation>
     </message>
     <message id="editor.blurStrength.pixel">
         <source>Cell size</source>
-        <translation type="unfinished"></translation>
+        <translation>Blockgröße</translation>
     </message>
     <message id="editor.magnifierShape.circle">
         <source>Round</source>
-        <translation type="unfinished"></translation>
+        <translation>Rund</translation>
     </message>
     <message id="editor.magnifierShape.roundedRect">
         <source>Rounded rectangle</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgerundetes Rechteck</translation>
     </message>
     <message id="editor.magnifierShapeTooltip">
         <source>Shape of the lens</source>
-        <translation type="unfinished"></translation>
+        <translation>Form der Lupe</translation>
     </message>
     <message id="editor.magnificationTooltip">
         <source>Magnification</source>
-        <translation type="unfinished"></translation>
+        <translation>Vergrößerung</translation>
     </message>
     <message id="editor.format.png">
         <source>PNG picture (*.png)</source>
-        <translation type="unfinished"></translation>
+        <translation>PNG-Bild (*.png)</translation>
     </message>
     <message id="editor.format.jpeg">
         <source>JPEG picture (*.jpg *.jpeg)</source>
-        <translation type="unfinished"></translation>
+        <translation>JPEG-Bild (*.jpg *.jpeg)</translation>
     </message>
     <message id="editor.format.webp">
         <source>WebP picture (*.webp)</source>
-        <translation type="unfinished"></translation>
+        <translation>WebP-Bild (*.webp)</translation>
     </message>
     <message id="editor.format.tiff">
         <source>TIFF picture (*.tiff *.tif)</source>
-        <translation type="unfinished"></translation>
+        <translation>TIFF-Bild (*.tiff *.tif)</translation>
     </message>
     <message id="editor.format.pdf">
         <source>PDF document (*.pdf)</source>
-        <translation type="unfinished"></translation>
+        <translation>PDF-Dokument (*.pdf)</translation>
     </message>
     <message id="pin.zoom">
         <source>Zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>Zoom</translation>
     </message>
     <message id="pin.zoom.hint">
         <source>0 for the picture&apos;s own size</source>
-        <translation type="unfinished"></translation>
+        <translation>0 für Originalgröße</translation>
     </message>
     <message id="pin.copy">
         <source>Copy</source>
-        <translation type="unfinished">Kopieren</translation>
+        <translation>Kopieren</translation>
     </message>
     <message id="pin.copy.hint">
         <source>Ctrl+C; drag it into another program</source>
-        <translation type="unfinished"></translation>
+        <translation>Strg+C; in ein anderes Programm ziehbar</translation>
     </message>
     <message id="pin.edit">
         <source>Edit</source>
-        <translation type="unfinished"></translation>
+        <translation>Bearbeiten</translation>
     </message>
     <message id="pin.more">
         <source>More</source>
-        <translation type="unfinished"></translation>
+        <translation>Mehr</translation>
     </message>
     <message id="pin.close">
         <source>Close</source>
-        <translation type="unfinished">Schließen</translation>
+        <translation>Schließen</translation>
     </message>
     <message id="pin.percent">
         <source>%1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message id="pin.save">
         <source>Save</source>
-        <translation type="unfinished">Speichern</translation>
+        <translation>Speichern</translation>
     </message>
     <message id="pin.opacity">
         <source>Opacity</source>
-        <translation type="unfinished"></translation>
+        <translation>Deckkraft</translation>
     </message>
     <message id="pin.shadow">
         <source>Shadow</source>
-        <translation type="unfinished"></translation>
+        <translation>Schatten</translation>
     </message>
     <message id="pin.roundedCorners">
         <source>Rounded Corners</source>
-        <oldsource>Rounded corners</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Abgerundete Ecken</translation>
     </message>
     <message id="pin.clickThrough">
         <source>Let Clicks Through</source>
-        <oldsource>Let clicks through</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Klicks durchlassen</translation>
     </message>
     <message id="pin.closeAll">
         <source>Close All Pins</source>
-        <oldsource>Close all pins</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Alle angehefteten Bilder schließen</translation>
     </message>
     <message id="pin.window">
         <source>Pinned picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Angeheftetes Bild</translation>
     </message>
     <message id="pin.opacity.badge">
         <source>Opacity %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Deckkraft %1</translation>
     </message>
     <message id="pin.clickThrough.began">
         <source>Clicks now go through the pin. The Vellora menu ends this.</source>
-        <translation type="unfinished"></translation>
+        <translation>Klicks gehen jetzt durch das angeheftete Bild. Im Vellora-Menü lässt sich das beenden.</translation>
     </message>
     <message id="editor.shortcuts.lock">
         <source>Keep the Tool</source>
-        <translation type="unfinished"></translation>
+        <translation>Werkzeug beibehalten</translation>
     </message>
     <message id="editor.shortcuts.doubleClick">
         <source>double click</source>
-        <translation type="unfinished"></translation>
+        <translation>Doppelklick</translation>
     </message>
     <message id="editor.shortcuts.colors">
         <source>Colors</source>
-        <translation type="unfinished"></translation>
+        <translation>Farben</translation>
     </message>
     <message id="editor.shortcuts.pan">
         <source>Move the Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild verschieben</translation>
     </message>
     <message id="editor.shortcuts.space">
         <source>Space</source>
-        <translation type="unfinished"></translation>
+        <translation>Leertaste</translation>
     </message>
     <message id="editor.shortcuts.drag">
         <source>drag</source>
-        <translation type="unfinished"></translation>
+        <translation>ziehen</translation>
     </message>
     <message id="editor.cancel">
         <source>Cancel</source>
-        <translation type="unfinished">Abbrechen</translation>
+        <translation>Abbrechen</translation>
     </message>
     <message id="editor.zoom">
         <source>Zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>Zoom</translation>
     </message>
     <message id="editor.moreStyle">
         <source>More of the style</source>
-        <translation type="unfinished"></translation>
+        <translation>Weitere Stiloptionen</translation>
     </message>
     <message id="editor.width">
         <source>Width</source>
-        <translation type="unfinished"></translation>
+        <translation>Strichstärke</translation>
     </message>
     <message id="editor.width.preset">
         <source>Width %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Strichstärke %1</translation>
     </message>
     <message id="color.plane">
         <source>Saturation and brightness</source>
-        <translation type="unfinished"></translation>
+        <translation>Sättigung und Helligkeit</translation>
     </message>
     <message id="color.hue">
         <source>Hue</source>
-        <translation type="unfinished"></translation>
+        <translation>Farbton</translation>
     </message>
     <message id="color.opacity">
         <source>Opacity</source>
-        <translation type="unfinished"></translation>
+        <translation>Deckkraft</translation>
     </message>
     <message id="color.hex">
         <source>Color as a hexadecimal number</source>
-        <translation type="unfinished"></translation>
+        <translation>Farbe als Hexadezimalzahl</translation>
     </message>
     <message id="color.eyedropper">
         <source>Pick a color from the screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Farbe vom Bildschirm wählen</translation>
     </message>
     <message id="editor.copiedSelection">
         <source>Copied the selection</source>
-        <translation type="unfinished"></translation>
+        <translation>Auswahl kopiert</translation>
     </message>
     <message id="editor.distributeHorizontally">
         <source>Distribute Horizontally</source>
-        <translation type="unfinished"></translation>
+        <translation>Horizontal verteilen</translation>
     </message>
     <message id="editor.distributeVertically">
         <source>Distribute Vertically</source>
-        <translation type="unfinished"></translation>
+        <translation>Vertikal verteilen</translation>
     </message>
 </context>
 </TS>
