@@ -188,8 +188,7 @@
     </message>
     <message id="settings.general.showEditorHelp">
         <source>In the editor, ready to be annotated.</source>
-        <oldsource>In a window, ready to be copied or saved.</oldsource>
-        <translation type="unfinished">Dans une fenêtre, prête à être copiée ou enregistrée.</translation>
+        <translation>Dans l’éditeur, prête à être annotée.</translation>
     </message>
     <message id="settings.general.copyHelp">
         <source>Ready to be pasted into another program.</source>
@@ -499,1040 +498,1028 @@
     </message>
     <message id="toast.recovered" numerus="yes">
         <source>%n capture(s) that were open when Vellora ended are in the history</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n capture encore ouverte à l’arrêt de Vellora se trouve dans l’historique</numerusform>
+            <numerusform>%n captures encore ouvertes à l’arrêt de Vellora se trouvent dans l’historique</numerusform>
         </translation>
     </message>
     <message id="toast.pinFailed">
         <source>This picture cannot be pinned</source>
-        <translation type="unfinished"></translation>
+        <translation>Cette image ne peut pas être épinglée</translation>
     </message>
     <message id="menu.endClickThrough">
         <source>Let Clicks Reach the Pins Again</source>
-        <translation type="unfinished"></translation>
+        <translation>Rendre les images épinglées de nouveau cliquables</translation>
     </message>
     <message id="backdrop.frame.browserLight">
         <source>Browser window, light</source>
-        <translation type="unfinished"></translation>
+        <translation>Fenêtre de navigateur, claire</translation>
     </message>
     <message id="backdrop.frame.laptopLight">
         <source>Laptop, light</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordinateur portable, clair</translation>
     </message>
     <message id="backdrop.frame.phoneLight">
         <source>Phone, light</source>
-        <translation type="unfinished"></translation>
+        <translation>Téléphone, clair</translation>
     </message>
     <message id="backdrop.frame.browserDark">
         <source>Browser window, dark</source>
-        <translation type="unfinished"></translation>
+        <translation>Fenêtre de navigateur, sombre</translation>
     </message>
     <message id="backdrop.frame.laptopDark">
         <source>Laptop, dark</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordinateur portable, sombre</translation>
     </message>
     <message id="backdrop.frame.phoneDark">
         <source>Phone, dark</source>
-        <translation type="unfinished"></translation>
+        <translation>Téléphone, sombre</translation>
     </message>
     <message id="backdrop.title">
         <source>Backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrière-plan</translation>
     </message>
     <message id="backdrop.reset">
         <source>Back to the default backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>Rétablir l’arrière-plan par défaut</translation>
     </message>
     <message id="backdrop.enabled">
         <source>Show the backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>Afficher l’arrière-plan</translation>
     </message>
     <message id="backdrop.layout">
         <source>Layout</source>
-        <translation type="unfinished"></translation>
+        <translation>Disposition</translation>
     </message>
     <message id="backdrop.layout.margin">
         <source>Margin</source>
-        <translation type="unfinished"></translation>
+        <translation>Marge</translation>
     </message>
     <message id="backdrop.layout.radius">
         <source>Corner radius</source>
-        <translation type="unfinished"></translation>
+        <translation>Rayon des coins</translation>
     </message>
     <message id="backdrop.layout.shadow">
         <source>Shadow</source>
-        <translation type="unfinished"></translation>
+        <translation>Ombre</translation>
     </message>
     <message id="backdrop.aspect">
         <source>Aspect ratio</source>
-        <translation type="unfinished"></translation>
+        <translation>Proportions</translation>
     </message>
     <message id="backdrop.aspect.auto">
         <source>Auto</source>
-        <translation type="unfinished"></translation>
+        <translation>Auto</translation>
     </message>
     <message id="backdrop.frame">
         <source>Frame</source>
-        <translation type="unfinished"></translation>
+        <translation>Cadre</translation>
     </message>
     <message id="backdrop.frame.none">
         <source>No frame</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun cadre</translation>
     </message>
     <message id="backdrop.placement">
         <source>Placement</source>
-        <translation type="unfinished"></translation>
+        <translation>Placement</translation>
     </message>
     <message id="backdrop.tiltX">
         <source>Tilt sideways</source>
-        <translation type="unfinished"></translation>
+        <translation>Inclinaison horizontale</translation>
     </message>
     <message id="backdrop.tiltY">
         <source>Tilt up and down</source>
-        <translation type="unfinished"></translation>
+        <translation>Inclinaison verticale</translation>
     </message>
     <message id="backdrop.rotation">
         <source>Rotation</source>
-        <translation type="unfinished"></translation>
+        <translation>Rotation</translation>
     </message>
     <message id="backdrop.contentScale">
         <source>Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Taille</translation>
     </message>
     <message id="backdrop.contentOffset">
         <source>Position</source>
-        <translation type="unfinished"></translation>
+        <translation>Position</translation>
     </message>
     <message id="backdrop.effects">
         <source>Effects</source>
-        <translation type="unfinished"></translation>
+        <translation>Effets</translation>
     </message>
     <message id="backdrop.glow">
         <source>Glow</source>
-        <translation type="unfinished"></translation>
+        <translation>Lueur</translation>
     </message>
     <message id="backdrop.glowCenter">
         <source>Center of the glow</source>
-        <translation type="unfinished"></translation>
+        <translation>Centre de la lueur</translation>
     </message>
     <message id="backdrop.grain">
         <source>Grain</source>
-        <translation type="unfinished"></translation>
+        <translation>Grain</translation>
     </message>
     <message id="backdrop.edgeBlur">
         <source>Edge blur</source>
-        <translation type="unfinished"></translation>
+        <translation>Flou des bords</translation>
     </message>
     <message id="backdrop.edgeBlur.none">
         <source>No edge blur</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun flou des bords</translation>
     </message>
     <message id="backdrop.edgeBlur.bottom">
         <source>Blur the bottom</source>
-        <translation type="unfinished"></translation>
+        <translation>Flouter le bas</translation>
     </message>
     <message id="backdrop.edgeBlur.left">
         <source>Blur the left</source>
-        <translation type="unfinished"></translation>
+        <translation>Flouter la gauche</translation>
     </message>
     <message id="backdrop.edgeBlur.right">
         <source>Blur the right</source>
-        <translation type="unfinished"></translation>
+        <translation>Flouter la droite</translation>
     </message>
     <message id="backdrop.edgeBlur.all">
         <source>Blur all edges</source>
-        <translation type="unfinished"></translation>
+        <translation>Flouter tous les bords</translation>
     </message>
     <message id="backdrop.curated.arc">
         <source>Arc</source>
-        <translation type="unfinished"></translation>
+        <translation>Arc</translation>
     </message>
     <message id="backdrop.curated.haze">
         <source>Haze</source>
-        <translation type="unfinished"></translation>
+        <translation>Voile</translation>
     </message>
     <message id="backdrop.curated.lavender">
         <source>Lavender</source>
-        <translation type="unfinished"></translation>
+        <translation>Lavande</translation>
     </message>
     <message id="backdrop.curated.ember">
         <source>Ember</source>
-        <translation type="unfinished"></translation>
+        <translation>Braise</translation>
     </message>
     <message id="backdrop.curated.moss">
         <source>Moss</source>
-        <translation type="unfinished"></translation>
+        <translation>Mousse</translation>
     </message>
     <message id="backdrop.curated.lagoon">
         <source>Lagoon</source>
-        <translation type="unfinished"></translation>
+        <translation>Lagon</translation>
     </message>
     <message id="backdrop.curated.sky">
         <source>Sky</source>
-        <translation type="unfinished"></translation>
+        <translation>Ciel</translation>
     </message>
     <message id="backdrop.gradient.dawn">
         <source>Dawn</source>
-        <translation type="unfinished"></translation>
+        <translation>Aube</translation>
     </message>
     <message id="backdrop.gradient.peach">
         <source>Peach</source>
-        <translation type="unfinished"></translation>
+        <translation>Pêche</translation>
     </message>
     <message id="backdrop.gradient.coral">
         <source>Coral</source>
-        <translation type="unfinished"></translation>
+        <translation>Corail</translation>
     </message>
     <message id="backdrop.gradient.dusk">
         <source>Dusk</source>
-        <translation type="unfinished"></translation>
+        <translation>Crépuscule</translation>
     </message>
     <message id="backdrop.gradient.iris">
         <source>Iris</source>
-        <translation type="unfinished"></translation>
+        <translation>Iris</translation>
     </message>
     <message id="backdrop.gradient.indigo">
         <source>Indigo</source>
-        <translation type="unfinished"></translation>
+        <translation>Indigo</translation>
     </message>
     <message id="backdrop.gradient.ocean">
         <source>Ocean</source>
-        <translation type="unfinished"></translation>
+        <translation>Océan</translation>
     </message>
     <message id="backdrop.gradient.mist">
         <source>Mist</source>
-        <translation type="unfinished"></translation>
+        <translation>Brume</translation>
     </message>
     <message id="backdrop.gradient.mint">
         <source>Mint</source>
-        <translation type="unfinished"></translation>
+        <translation>Menthe</translation>
     </message>
     <message id="backdrop.gradient.forest">
         <source>Forest</source>
-        <translation type="unfinished"></translation>
+        <translation>Forêt</translation>
     </message>
     <message id="backdrop.gradient.slate">
         <source>Slate</source>
-        <translation type="unfinished"></translation>
+        <translation>Ardoise</translation>
     </message>
     <message id="backdrop.gradient.night">
         <source>Night</source>
-        <translation type="unfinished"></translation>
+        <translation>Nuit</translation>
     </message>
     <message id="backdrop.color.white">
         <source>White</source>
-        <translation type="unfinished"></translation>
+        <translation>Blanc</translation>
     </message>
     <message id="backdrop.color.gray">
         <source>Gray</source>
-        <translation type="unfinished"></translation>
+        <translation>Gris</translation>
     </message>
     <message id="backdrop.color.black">
         <source>Black</source>
-        <translation type="unfinished"></translation>
+        <translation>Noir</translation>
     </message>
     <message id="backdrop.color.blue">
         <source>Blue</source>
-        <translation type="unfinished"></translation>
+        <translation>Bleu</translation>
     </message>
     <message id="backdrop.color.purple">
         <source>Purple</source>
-        <translation type="unfinished"></translation>
+        <translation>Violet</translation>
     </message>
     <message id="backdrop.color.pink">
         <source>Pink</source>
-        <translation type="unfinished"></translation>
+        <translation>Rose</translation>
     </message>
     <message id="backdrop.color.red">
         <source>Red</source>
-        <translation type="unfinished"></translation>
+        <translation>Rouge</translation>
     </message>
     <message id="backdrop.color.orange">
         <source>Orange</source>
-        <translation type="unfinished"></translation>
+        <translation>Orange</translation>
     </message>
     <message id="backdrop.color.green">
         <source>Green</source>
-        <translation type="unfinished"></translation>
+        <translation>Vert</translation>
     </message>
     <message id="backdrop.color.teal">
         <source>Teal</source>
-        <translation type="unfinished"></translation>
+        <translation>Bleu-vert</translation>
     </message>
     <message id="backdrop.background">
         <source>Background</source>
-        <translation type="unfinished"></translation>
+        <translation>Fond</translation>
     </message>
     <message id="backdrop.ownPicture">
         <source>A picture of your own…</source>
-        <translation type="unfinished"></translation>
+        <translation>Image personnelle…</translation>
     </message>
     <message id="backdrop.ownColor">
         <source>Another color…</source>
-        <oldsource>Another colour…</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Autre couleur…</translation>
     </message>
     <message id="backdrop.ownPicture.title">
         <source>Choose a background picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Choisir une image de fond</translation>
     </message>
     <message id="backdrop.ownPicture.filter">
         <source>Pictures</source>
-        <translation type="unfinished"></translation>
+        <translation>Images</translation>
     </message>
     <message id="backdrop.gradient.stops">
         <source>Colors of the gradient</source>
-        <oldsource>Colours of the gradient</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Couleurs du dégradé</translation>
     </message>
     <message id="backdrop.gradient.stopsHelp">
         <source>Drag a color to move it, away to remove it; click to add one</source>
-        <oldsource>Drag a colour to move it, away to remove it; click to add one</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Faites glisser une couleur pour la déplacer, vers l’extérieur pour la supprimer&#xa0;; cliquez pour en ajouter une</translation>
     </message>
     <message id="backdrop.gradient.color">
         <source>Color of the stop</source>
-        <oldsource>Colour of the stop</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Couleur de ce point</translation>
     </message>
     <message id="backdrop.gradient.add">
         <source>Add a color</source>
-        <oldsource>Add a colour</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Ajouter une couleur</translation>
     </message>
     <message id="backdrop.gradient.remove">
         <source>Remove the color</source>
-        <oldsource>Remove the colour</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Supprimer la couleur</translation>
     </message>
     <message id="backdrop.gradient.reverse">
         <source>Turn the gradient round</source>
-        <translation type="unfinished"></translation>
+        <translation>Inverser le dégradé</translation>
     </message>
     <message id="backdrop.gradient.angle">
         <source>Angle</source>
-        <translation type="unfinished"></translation>
+        <translation>Angle</translation>
     </message>
     <message id="backdrop.styles">
         <source>Saved styles</source>
-        <translation type="unfinished"></translation>
+        <translation>Styles enregistrés</translation>
     </message>
     <message id="backdrop.styles.save">
         <source>Save this style…</source>
-        <translation type="unfinished"></translation>
+        <translation>Enregistrer ce style…</translation>
     </message>
     <message id="backdrop.styles.suggestion">
         <source>Style %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Style %1</translation>
     </message>
     <message id="backdrop.styles.help">
         <source>Click applies the style; a right click renames, renews or deletes it</source>
-        <translation type="unfinished"></translation>
+        <translation>Clic&#xa0;: appliquer le style&#xa0;; clic droit&#xa0;: le renommer, le remplacer ou le supprimer</translation>
     </message>
     <message id="backdrop.styles.rename">
         <source>Rename…</source>
-        <translation type="unfinished"></translation>
+        <translation>Renommer…</translation>
     </message>
     <message id="backdrop.styles.renameAction">
         <source>Rename</source>
-        <translation type="unfinished"></translation>
+        <translation>Renommer</translation>
     </message>
     <message id="backdrop.styles.update">
         <source>Replace with the current backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>Remplacer par l’arrière-plan actuel</translation>
     </message>
     <message id="backdrop.styles.delete">
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Supprimer</translation>
     </message>
     <message id="backdrop.styles.name">
         <source>Name of the style</source>
-        <translation type="unfinished"></translation>
+        <translation>Nom du style</translation>
     </message>
     <message id="backdrop.styles.accept">
         <source>Save</source>
-        <translation type="unfinished">Enregistrer</translation>
+        <translation>Enregistrer</translation>
     </message>
     <message id="canvas.hint.drawLine">
         <source>Drag to draw  ·  Shift keeps to steps of 45°</source>
-        <translation type="unfinished"></translation>
+        <translation>Faire glisser pour dessiner · Maj&#xa0;: par pas de 45°</translation>
     </message>
     <message id="canvas.hint.drawShape">
         <source>Drag to draw  ·  Shift makes it even, Alt starts from the center</source>
-        <oldsource>Drag to draw  ·  Shift makes it even, Alt starts from the centre</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Faire glisser pour dessiner · Maj&#xa0;: carré ou cercle · Alt&#xa0;: depuis le centre</translation>
     </message>
     <message id="canvas.hint.blur">
         <source>Drag over what should not be read</source>
-        <translation type="unfinished"></translation>
+        <translation>Encadrer ce qui ne doit pas être lu</translation>
     </message>
     <message id="canvas.hint.magnifier">
         <source>Drag a lens over what should be larger</source>
-        <translation type="unfinished"></translation>
+        <translation>Encadrer ce qui doit être agrandi</translation>
     </message>
     <message id="canvas.hint.pen">
         <source>Drag to draw freehand</source>
-        <translation type="unfinished"></translation>
+        <translation>Faire glisser pour dessiner à main levée</translation>
     </message>
     <message id="canvas.hint.counter">
         <source>Click to place the next number, drag to point it</source>
-        <translation type="unfinished"></translation>
+        <translation>Cliquer pour placer le numéro suivant, faire glisser pour orienter sa pointe</translation>
     </message>
     <message id="canvas.hint.text">
         <source>Click to type, drag for a width</source>
-        <translation type="unfinished"></translation>
+        <translation>Cliquer pour écrire, faire glisser pour fixer la largeur</translation>
     </message>
     <message id="canvas.hint.cropping">
         <source>Drag the edges to crop  ·  Return takes it  ·  Esc leaves</source>
-        <translation type="unfinished"></translation>
+        <translation>Faire glisser les bords pour recadrer · Entrée&#xa0;: valider · Échap&#xa0;: quitter</translation>
     </message>
     <message id="canvas.hint.select">
         <source>Click to select, drag to select several</source>
-        <translation type="unfinished"></translation>
+        <translation>Cliquer pour sélectionner, faire glisser pour une sélection multiple</translation>
     </message>
     <message id="canvas.hint.move">
         <source>Drag to move  ·  the arrow keys nudge</source>
-        <translation type="unfinished"></translation>
+        <translation>Faire glisser pour déplacer · Flèches&#xa0;: par petits pas</translation>
     </message>
     <message id="canvas.hint.crop">
         <source>Drag to crop</source>
-        <translation type="unfinished"></translation>
+        <translation>Faire glisser pour recadrer</translation>
     </message>
     <message id="canvas.hint.resize">
         <source>Drag to resize  ·  Shift keeps it even, Alt keeps the center</source>
-        <oldsource>Drag to resize  ·  Shift keeps it even, Alt keeps the centre</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Faire glisser pour redimensionner · Maj&#xa0;: proportionnel · Alt&#xa0;: autour du centre</translation>
     </message>
     <message id="canvas.hint.movePoint">
         <source>Drag to move this point</source>
-        <translation type="unfinished"></translation>
+        <translation>Faire glisser pour déplacer ce point</translation>
     </message>
     <message id="canvas.hint.turn">
         <source>Drag to turn</source>
-        <translation type="unfinished"></translation>
+        <translation>Faire glisser pour faire pivoter</translation>
     </message>
     <message id="canvas.hint.editText">
         <source>Click to place the cursor, drag to select text</source>
-        <translation type="unfinished"></translation>
+        <translation>Cliquer pour placer le curseur, faire glisser pour sélectionner du texte</translation>
     </message>
     <message id="canvas.description" numerus="yes">
         <source>Picture of %1 pixels with %n annotations</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Image de %1 pixels avec %n annotation</numerusform>
+            <numerusform>Image de %1 pixels avec %n annotations</numerusform>
         </translation>
     </message>
     <message id="canvas.description.selected" numerus="yes">
         <source>%n selected</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n sélectionnée</numerusform>
+            <numerusform>%n sélectionnées</numerusform>
         </translation>
     </message>
     <message id="canvas.name">
         <source>Canvas</source>
-        <translation type="unfinished"></translation>
+        <translation>Zone de dessin</translation>
     </message>
     <message id="canvas.hint.eyedropper">
         <source>Click to take the color  ·  Esc leaves</source>
-        <oldsource>Click to take the colour  ·  Esc leaves</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Cliquer pour prélever la couleur · Échap&#xa0;: quitter</translation>
     </message>
     <message id="canvas.hint.pan">
         <source>Drag to move the view</source>
-        <translation type="unfinished"></translation>
+        <translation>Faire glisser pour déplacer la vue</translation>
     </message>
     <message id="color.red">
         <source>Red</source>
-        <translation type="unfinished"></translation>
+        <translation>Rouge</translation>
     </message>
     <message id="color.orange">
         <source>Orange</source>
-        <translation type="unfinished"></translation>
+        <translation>Orange</translation>
     </message>
     <message id="color.yellow">
         <source>Yellow</source>
-        <translation type="unfinished"></translation>
+        <translation>Jaune</translation>
     </message>
     <message id="color.green">
         <source>Green</source>
-        <translation type="unfinished"></translation>
+        <translation>Vert</translation>
     </message>
     <message id="color.blue">
         <source>Blue</source>
-        <translation type="unfinished"></translation>
+        <translation>Bleu</translation>
     </message>
     <message id="color.violet">
         <source>Violet</source>
-        <translation type="unfinished"></translation>
+        <translation>Violet</translation>
     </message>
     <message id="color.pink">
         <source>Pink</source>
-        <translation type="unfinished"></translation>
+        <translation>Rose</translation>
     </message>
     <message id="color.slate">
         <source>Slate</source>
-        <translation type="unfinished"></translation>
+        <translation>Ardoise</translation>
     </message>
     <message id="editor.color">
         <source>Color</source>
-        <translation type="unfinished"></translation>
+        <translation>Couleur</translation>
     </message>
     <message id="editor.swatch.delete">
         <source>Delete Color</source>
-        <translation type="unfinished"></translation>
+        <translation>Supprimer la couleur</translation>
     </message>
     <message id="editor.swatch.add">
         <source>Add a color of your own</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajouter une couleur personnelle</translation>
     </message>
     <message id="editor.swatch.tooltip">
         <source>Your color %1 (double click to edit)</source>
-        <translation type="unfinished"></translation>
+        <translation>Couleur personnelle %1 (double-cliquer pour modifier)</translation>
     </message>
     <message id="editor.swatch.edit">
         <source>Edit Color…</source>
-        <translation type="unfinished"></translation>
+        <translation>Modifier la couleur…</translation>
     </message>
     <message id="editor.failed.render">
         <source>The picture is too large to be made.</source>
-        <translation type="unfinished"></translation>
+        <translation>L’image est trop grande pour être créée.</translation>
     </message>
     <message id="editor.failed.encode">
         <source>The picture does not fit this format. PNG holds it.</source>
-        <translation type="unfinished"></translation>
+        <translation>L’image ne tient pas dans ce format. Le format PNG convient.</translation>
     </message>
     <message id="editor.failed.write">
         <source>The file could not be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le fichier n’a pas pu être écrit.</translation>
     </message>
     <message id="editor.progress.copy">
         <source>Copying…</source>
-        <translation type="unfinished"></translation>
+        <translation>Copie en cours…</translation>
     </message>
     <message id="editor.progress.save">
         <source>Saving…</source>
-        <translation type="unfinished"></translation>
+        <translation>Enregistrement en cours…</translation>
     </message>
     <message id="editor.saveAs.title">
         <source>Save the picture as</source>
-        <translation type="unfinished"></translation>
+        <translation>Enregistrer l’image sous</translation>
     </message>
     <message id="editor.saved">
         <source>Saved %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 enregistré</translation>
     </message>
     <message id="editor.progress.print">
         <source>Printing…</source>
-        <translation type="unfinished"></translation>
+        <translation>Impression en cours…</translation>
     </message>
     <message id="editor.bar">
         <source>Tools and style</source>
-        <translation type="unfinished"></translation>
+        <translation>Outils et style</translation>
     </message>
     <message id="editor.moreTools">
         <source>More tools</source>
-        <translation type="unfinished"></translation>
+        <translation>Autres outils</translation>
     </message>
     <message id="editor.dragOut">
         <source>Drag the picture into another program</source>
-        <translation type="unfinished"></translation>
+        <translation>Faire glisser l’image dans une autre application</translation>
     </message>
     <message id="editor.copy.outdated">
         <source>%1: the clipboard holds an older state</source>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;: le presse-papiers contient un état antérieur</translation>
     </message>
     <message id="tool.select">
         <source>Select</source>
-        <translation type="unfinished"></translation>
+        <translation>Sélectionner</translation>
     </message>
     <message id="tool.arrow">
         <source>Arrow</source>
-        <translation type="unfinished"></translation>
+        <translation>Flèche</translation>
     </message>
     <message id="tool.rectangle">
         <source>Rectangle</source>
-        <translation type="unfinished"></translation>
+        <translation>Rectangle</translation>
     </message>
     <message id="tool.ellipse">
         <source>Ellipse</source>
-        <translation type="unfinished"></translation>
+        <translation>Ellipse</translation>
     </message>
     <message id="tool.line">
         <source>Line</source>
-        <translation type="unfinished"></translation>
+        <translation>Ligne</translation>
     </message>
     <message id="tool.pen">
         <source>Pen</source>
-        <translation type="unfinished"></translation>
+        <translation>Stylo</translation>
     </message>
     <message id="tool.text">
         <source>Text</source>
-        <translation type="unfinished"></translation>
+        <translation>Texte</translation>
     </message>
     <message id="tool.counter">
         <source>Counter</source>
-        <translation type="unfinished"></translation>
+        <translation>Numérotation</translation>
     </message>
     <message id="tool.pixelate">
         <source>Pixelate</source>
-        <translation type="unfinished"></translation>
+        <translation>Pixelliser</translation>
     </message>
     <message id="tool.magnifier">
         <source>Magnifier</source>
-        <translation type="unfinished"></translation>
+        <translation>Loupe</translation>
     </message>
     <message id="editor.crop">
         <source>Crop</source>
-        <translation type="unfinished"></translation>
+        <translation>Recadrer</translation>
     </message>
     <message id="editor.thinner">
         <source>Thinner</source>
-        <translation type="unfinished"></translation>
+        <translation>Plus fin</translation>
     </message>
     <message id="editor.thicker">
         <source>Thicker</source>
-        <translation type="unfinished"></translation>
+        <translation>Plus épais</translation>
     </message>
     <message id="editor.sketch">
         <source>Hand-Drawn</source>
-        <translation type="unfinished"></translation>
+        <translation>Tracé à la main</translation>
     </message>
     <message id="editor.fill">
         <source>Fill</source>
-        <translation type="unfinished"></translation>
+        <translation>Remplissage</translation>
     </message>
     <message id="editor.nextBlurStyle">
         <source>Next Way to Pixelate</source>
-        <translation type="unfinished"></translation>
+        <translation>Mode de pixellisation suivant</translation>
     </message>
     <message id="editor.pickColor">
         <source>Pick Color from Screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Prélever une couleur à l’écran</translation>
     </message>
     <message id="editor.undo">
         <source>Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>Annuler</translation>
     </message>
     <message id="editor.redo">
         <source>Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>Rétablir</translation>
     </message>
     <message id="editor.cut">
         <source>Cut</source>
-        <translation type="unfinished"></translation>
+        <translation>Couper</translation>
     </message>
     <message id="editor.copy">
         <source>Copy</source>
-        <translation type="unfinished">Copier</translation>
+        <translation>Copier</translation>
     </message>
     <message id="editor.paste">
         <source>Paste</source>
-        <translation type="unfinished"></translation>
+        <translation>Coller</translation>
     </message>
     <message id="editor.duplicate">
         <source>Duplicate</source>
-        <translation type="unfinished"></translation>
+        <translation>Dupliquer</translation>
     </message>
     <message id="editor.delete">
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Supprimer</translation>
     </message>
     <message id="editor.selectAll">
         <source>Select All</source>
-        <translation type="unfinished"></translation>
+        <translation>Tout sélectionner</translation>
     </message>
     <message id="editor.bringForward">
         <source>Bring Forward</source>
-        <translation type="unfinished"></translation>
+        <translation>Avancer d’un plan</translation>
     </message>
     <message id="editor.sendBackward">
         <source>Send Backward</source>
-        <translation type="unfinished"></translation>
+        <translation>Reculer d’un plan</translation>
     </message>
     <message id="editor.bringToFront">
         <source>Bring to Front</source>
-        <translation type="unfinished"></translation>
+        <translation>Mettre au premier plan</translation>
     </message>
     <message id="editor.sendToBack">
         <source>Send to Back</source>
-        <translation type="unfinished"></translation>
+        <translation>Mettre au dernier plan</translation>
     </message>
     <message id="editor.alignLeft">
         <source>Align Left Edges</source>
-        <translation type="unfinished"></translation>
+        <translation>Aligner les bords gauches</translation>
     </message>
     <message id="editor.alignCenter">
         <source>Align Centers Horizontally</source>
-        <translation type="unfinished"></translation>
+        <translation>Aligner les centres horizontalement</translation>
     </message>
     <message id="editor.alignRight">
         <source>Align Right Edges</source>
-        <translation type="unfinished"></translation>
+        <translation>Aligner les bords droits</translation>
     </message>
     <message id="editor.alignTop">
         <source>Align Top Edges</source>
-        <translation type="unfinished"></translation>
+        <translation>Aligner les bords supérieurs</translation>
     </message>
     <message id="editor.alignMiddle">
         <source>Align Centers Vertically</source>
-        <translation type="unfinished"></translation>
+        <translation>Aligner les centres verticalement</translation>
     </message>
     <message id="editor.alignBottom">
         <source>Align Bottom Edges</source>
-        <translation type="unfinished"></translation>
+        <translation>Aligner les bords inférieurs</translation>
     </message>
     <message id="editor.resetCrop">
         <source>Reset Crop</source>
-        <translation type="unfinished"></translation>
+        <translation>Réinitialiser le recadrage</translation>
     </message>
     <message id="editor.addCapture">
         <source>Add Capture</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajouter une capture</translation>
     </message>
     <message id="editor.addPicture">
         <source>Add Picture…</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajouter une image…</translation>
     </message>
     <message id="editor.backdrop">
         <source>Backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrière-plan</translation>
     </message>
     <message id="editor.copyPicture">
         <source>Copy Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Copier l’image</translation>
     </message>
     <message id="editor.save">
         <source>Save</source>
-        <translation type="unfinished">Enregistrer</translation>
+        <translation>Enregistrer</translation>
     </message>
     <message id="editor.saveAs">
         <source>Save As…</source>
-        <translation type="unfinished"></translation>
+        <translation>Enregistrer sous…</translation>
     </message>
     <message id="editor.print">
         <source>Print…</source>
-        <translation type="unfinished"></translation>
+        <translation>Imprimer…</translation>
     </message>
     <message id="editor.pin">
         <source>Pin to Screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Épingler à l’écran</translation>
     </message>
     <message id="editor.close">
         <source>Close</source>
-        <translation type="unfinished">Fermer</translation>
+        <translation>Fermer</translation>
     </message>
     <message id="editor.zoomIn">
         <source>Zoom In</source>
-        <translation type="unfinished"></translation>
+        <translation>Zoom avant</translation>
     </message>
     <message id="editor.zoomOut">
         <source>Zoom Out</source>
-        <translation type="unfinished"></translation>
+        <translation>Zoom arrière</translation>
     </message>
     <message id="editor.zoomToFit">
         <source>Fit to Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajuster à la fenêtre</translation>
     </message>
     <message id="editor.actualSize">
         <source>Actual Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Taille réelle</translation>
     </message>
     <message id="editor.nextPart">
         <source>Next Part of the Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Partie suivante de la fenêtre</translation>
     </message>
     <message id="editor.more">
         <source>More</source>
-        <translation type="unfinished"></translation>
+        <translation>Plus</translation>
     </message>
     <message id="editor.shortcuts">
         <source>Keyboard Shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>Raccourcis clavier</translation>
     </message>
     <message id="editor.group.tools">
         <source>Tools</source>
-        <translation type="unfinished"></translation>
+        <translation>Outils</translation>
     </message>
     <message id="editor.group.style">
         <source>Style</source>
-        <translation type="unfinished"></translation>
+        <translation>Style</translation>
     </message>
     <message id="editor.group.edit">
         <source>Edit</source>
-        <translation type="unfinished"></translation>
+        <translation>Édition</translation>
     </message>
     <message id="editor.group.arrange">
         <source>Arrange</source>
-        <translation type="unfinished"></translation>
+        <translation>Organiser</translation>
     </message>
     <message id="editor.group.picture">
         <source>Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Image</translation>
     </message>
     <message id="editor.group.view">
         <source>View</source>
-        <translation type="unfinished"></translation>
+        <translation>Affichage</translation>
     </message>
     <message id="editor.menu.order">
         <source>Order</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordre</translation>
     </message>
     <message id="editor.menu.align">
         <source>Align</source>
-        <translation type="unfinished"></translation>
+        <translation>Aligner</translation>
     </message>
     <message id="editor.zoomPercent">
         <source>%1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message id="editor.size">
         <source>%1 × %2 px</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2&#xa0;px</translation>
     </message>
     <message id="editor.selectionSize">
         <source>%1 × %2 at %3, %4</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2 à %3, %4</translation>
     </message>
     <message id="editor.sketchTooltip">
         <source>Hand-drawn</source>
-        <translation type="unfinished"></translation>
+        <translation>Tracé à la main</translation>
     </message>
     <message id="editor.fillTooltip">
         <source>Filled</source>
-        <translation type="unfinished"></translation>
+        <translation>Avec remplissage</translation>
     </message>
     <message id="editor.textStyleTooltip">
         <source>Text on a filled box</source>
-        <translation type="unfinished"></translation>
+        <translation>Texte sur fond coloré</translation>
     </message>
     <message id="editor.textFontTooltip">
         <source>Handwriting</source>
-        <translation type="unfinished"></translation>
+        <translation>Écriture manuscrite</translation>
     </message>
     <message id="editor.blurStyle.hides">
         <source>Hides what is below it for good.</source>
-        <translation type="unfinished"></translation>
+        <translation>Masque définitivement ce qui se trouve en dessous.</translation>
     </message>
     <message id="editor.blurStyle.mosaic">
         <source>Mosaic</source>
-        <translation type="unfinished"></translation>
+        <translation>Mosaïque</translation>
     </message>
     <message id="editor.blurStyle.erase">
         <source>Paint Over</source>
-        <translation type="unfinished"></translation>
+        <translation>Recouvrir</translation>
     </message>
     <message id="editor.blurStyle.gaussian">
         <source>Blur</source>
-        <translation type="unfinished"></translation>
+        <translation>Flouter</translation>
     </message>
     <message id="editor.blurStyle.gaussian.warning">
         <source>Decorates only: what is below can often be made readable again. Hide secrets with the other two.</source>
-        <translation type="unfinished"></translation>
+        <translation>Purement décoratif&#xa0;: ce qui se trouve en dessous peut souvent être rendu de nouveau lisible. Masquez les données confidentielles avec les deux autres modes.</translation>
     </message>
     <message id="editor.blurStyleTooltip">
         <source>How it is hidden</source>
-        <translation type="unfinished"></translation>
+        <translation>Mode de pixellisation</translation>
     </message>
     <message id="editor.blurFillColor">
         <source>Color it is painted over with</source>
-        <translation type="unfinished"></translation>
+        <translation>Couleur de recouvrement</translation>
     </message>
     <message id="editor.blurFillColor.automatic">
         <source>Take the color from around it</source>
-        <translation type="unfinished"></translation>
+        <translation>Prendre la couleur environnante</translation>
     </message>
     <message id="editor.blurStrength.gaussian">
         <source>Softness</source>
-        <translation type="unfinished"></translation>
+        <translation>Adoucissement</translation>
     </message>
     <message id="editor.blurStrength.pixel">
         <source>Cell size</source>
-        <translation type="unfinished"></translation>
+        <translation>Taille des blocs</translation>
     </message>
     <message id="editor.magnifierShape.circle">
         <source>Round</source>
-        <translation type="unfinished"></translation>
+        <translation>Ronde</translation>
     </message>
     <message id="editor.magnifierShape.roundedRect">
         <source>Rounded rectangle</source>
-        <translation type="unfinished"></translation>
+        <translation>Rectangle arrondi</translation>
     </message>
     <message id="editor.magnifierShapeTooltip">
         <source>Shape of the lens</source>
-        <translation type="unfinished"></translation>
+        <translation>Forme de la loupe</translation>
     </message>
     <message id="editor.magnificationTooltip">
         <source>Magnification</source>
-        <translation type="unfinished"></translation>
+        <translation>Grossissement</translation>
     </message>
     <message id="editor.format.png">
         <source>PNG picture (*.png)</source>
-        <translation type="unfinished"></translation>
+        <translation>Image PNG (*.png)</translation>
     </message>
     <message id="editor.format.jpeg">
         <source>JPEG picture (*.jpg *.jpeg)</source>
-        <translation type="unfinished"></translation>
+        <translation>Image JPEG (*.jpg *.jpeg)</translation>
     </message>
     <message id="editor.format.webp">
         <source>WebP picture (*.webp)</source>
-        <translation type="unfinished"></translation>
+        <translation>Image WebP (*.webp)</translation>
     </message>
     <message id="editor.format.tiff">
         <source>TIFF picture (*.tiff *.tif)</source>
-        <translation type="unfinished"></translation>
+        <translation>Image TIFF (*.tiff *.tif)</translation>
     </message>
     <message id="editor.format.pdf">
         <source>PDF document (*.pdf)</source>
-        <translation type="unfinished"></translation>
+        <translation>Document PDF (*.pdf)</translation>
     </message>
     <message id="pin.zoom">
         <source>Zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>Zoom</translation>
     </message>
     <message id="pin.zoom.hint">
         <source>0 for the picture&apos;s own size</source>
-        <translation type="unfinished"></translation>
+        <translation>0 pour la taille réelle</translation>
     </message>
     <message id="pin.copy">
         <source>Copy</source>
-        <translation type="unfinished">Copier</translation>
+        <translation>Copier</translation>
     </message>
     <message id="pin.copy.hint">
         <source>Ctrl+C; drag it into another program</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+C&#xa0;; à faire glisser dans une autre application</translation>
     </message>
     <message id="pin.edit">
         <source>Edit</source>
-        <translation type="unfinished"></translation>
+        <translation>Modifier</translation>
     </message>
     <message id="pin.more">
         <source>More</source>
-        <translation type="unfinished"></translation>
+        <translation>Plus</translation>
     </message>
     <message id="pin.close">
         <source>Close</source>
-        <translation type="unfinished">Fermer</translation>
+        <translation>Fermer</translation>
     </message>
     <message id="pin.percent">
         <source>%1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message id="pin.save">
         <source>Save</source>
-        <translation type="unfinished">Enregistrer</translation>
+        <translation>Enregistrer</translation>
     </message>
     <message id="pin.opacity">
         <source>Opacity</source>
-        <translation type="unfinished"></translation>
+        <translation>Opacité</translation>
     </message>
     <message id="pin.shadow">
         <source>Shadow</source>
-        <translation type="unfinished"></translation>
+        <translation>Ombre</translation>
     </message>
     <message id="pin.roundedCorners">
         <source>Rounded Corners</source>
-        <oldsource>Rounded corners</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Coins arrondis</translation>
     </message>
     <message id="pin.clickThrough">
         <source>Let Clicks Through</source>
-        <oldsource>Let clicks through</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Laisser passer les clics</translation>
     </message>
     <message id="pin.closeAll">
         <source>Close All Pins</source>
-        <oldsource>Close all pins</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Fermer toutes les images épinglées</translation>
     </message>
     <message id="pin.window">
         <source>Pinned picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Image épinglée</translation>
     </message>
     <message id="pin.opacity.badge">
         <source>Opacity %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Opacité %1</translation>
     </message>
     <message id="pin.clickThrough.began">
         <source>Clicks now go through the pin. The Vellora menu ends this.</source>
-        <translation type="unfinished"></translation>
+        <translation>Les clics traversent maintenant l’image épinglée. Le menu de Vellora permet d’y mettre fin.</translation>
     </message>
     <message id="editor.shortcuts.lock">
         <source>Keep the Tool</source>
-        <translation type="unfinished"></translation>
+        <translation>Conserver l’outil</translation>
     </message>
     <message id="editor.shortcuts.doubleClick">
         <source>double click</source>
-        <translation type="unfinished"></translation>
+        <translation>double-clic</translation>
     </message>
     <message id="editor.shortcuts.colors">
         <source>Colors</source>
-        <translation type="unfinished"></translation>
+        <translation>Couleurs</translation>
     </message>
     <message id="editor.shortcuts.pan">
         <source>Move the Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Déplacer l’image</translation>
     </message>
     <message id="editor.shortcuts.space">
         <source>Space</source>
-        <translation type="unfinished"></translation>
+        <translation>Espace</translation>
     </message>
     <message id="editor.shortcuts.drag">
         <source>drag</source>
-        <translation type="unfinished"></translation>
+        <translation>glisser</translation>
     </message>
     <message id="editor.cancel">
         <source>Cancel</source>
-        <translation type="unfinished">Annuler</translation>
+        <translation>Annuler</translation>
     </message>
     <message id="editor.zoom">
         <source>Zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>Zoom</translation>
     </message>
     <message id="editor.moreStyle">
         <source>More of the style</source>
-        <translation type="unfinished"></translation>
+        <translation>Plus d’options de style</translation>
     </message>
     <message id="editor.width">
         <source>Width</source>
-        <translation type="unfinished"></translation>
+        <translation>Épaisseur</translation>
     </message>
     <message id="editor.width.preset">
         <source>Width %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Épaisseur %1</translation>
     </message>
     <message id="color.plane">
         <source>Saturation and brightness</source>
-        <translation type="unfinished"></translation>
+        <translation>Saturation et luminosité</translation>
     </message>
     <message id="color.hue">
         <source>Hue</source>
-        <translation type="unfinished"></translation>
+        <translation>Teinte</translation>
     </message>
     <message id="color.opacity">
         <source>Opacity</source>
-        <translation type="unfinished"></translation>
+        <translation>Opacité</translation>
     </message>
     <message id="color.hex">
         <source>Color as a hexadecimal number</source>
-        <translation type="unfinished"></translation>
+        <translation>Couleur en hexadécimal</translation>
     </message>
     <message id="color.eyedropper">
         <source>Pick a color from the screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Prélever une couleur à l’écran</translation>
     </message>
     <message id="editor.copiedSelection">
         <source>Copied the selection</source>
-        <translation type="unfinished"></translation>
+        <translation>Sélection copiée</translation>
     </message>
     <message id="editor.distributeHorizontally">
         <source>Distribute Horizontally</source>
-        <translation type="unfinished"></translation>
+        <translation>Répartir horizontalement</translation>
     </message>
     <message id="editor.distributeVertically">
         <source>Distribute Vertically</source>
-        <translation type="unfinished"></translation>
+        <translation>Répartir verticalement</translation>
     </message>
 </context>
 </TS>
