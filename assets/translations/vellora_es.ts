@@ -188,8 +188,7 @@
     </message>
     <message id="settings.general.showEditorHelp">
         <source>In the editor, ready to be annotated.</source>
-        <oldsource>In a window, ready to be copied or saved.</oldsource>
-        <translation type="unfinished">En una ventana, lista para copiarla o guardarla.</translation>
+        <translation>En el editor, lista para anotarla.</translation>
     </message>
     <message id="settings.general.copyHelp">
         <source>Ready to be pasted into another program.</source>
@@ -499,1040 +498,1028 @@
     </message>
     <message id="toast.recovered" numerus="yes">
         <source>%n capture(s) that were open when Vellora ended are in the history</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n captura que seguía abierta al cerrarse Vellora está en el historial</numerusform>
+            <numerusform>%n capturas que seguían abiertas al cerrarse Vellora están en el historial</numerusform>
         </translation>
     </message>
     <message id="toast.pinFailed">
         <source>This picture cannot be pinned</source>
-        <translation type="unfinished"></translation>
+        <translation>Esta imagen no se puede fijar</translation>
     </message>
     <message id="menu.endClickThrough">
         <source>Let Clicks Reach the Pins Again</source>
-        <translation type="unfinished"></translation>
+        <translation>Volver a permitir clics en las imágenes fijadas</translation>
     </message>
     <message id="backdrop.frame.browserLight">
         <source>Browser window, light</source>
-        <translation type="unfinished"></translation>
+        <translation>Ventana de navegador, clara</translation>
     </message>
     <message id="backdrop.frame.laptopLight">
         <source>Laptop, light</source>
-        <translation type="unfinished"></translation>
+        <translation>Portátil, claro</translation>
     </message>
     <message id="backdrop.frame.phoneLight">
         <source>Phone, light</source>
-        <translation type="unfinished"></translation>
+        <translation>Teléfono, claro</translation>
     </message>
     <message id="backdrop.frame.browserDark">
         <source>Browser window, dark</source>
-        <translation type="unfinished"></translation>
+        <translation>Ventana de navegador, oscura</translation>
     </message>
     <message id="backdrop.frame.laptopDark">
         <source>Laptop, dark</source>
-        <translation type="unfinished"></translation>
+        <translation>Portátil, oscuro</translation>
     </message>
     <message id="backdrop.frame.phoneDark">
         <source>Phone, dark</source>
-        <translation type="unfinished"></translation>
+        <translation>Teléfono, oscuro</translation>
     </message>
     <message id="backdrop.title">
         <source>Backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>Fondo</translation>
     </message>
     <message id="backdrop.reset">
         <source>Back to the default backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>Restablecer el fondo predeterminado</translation>
     </message>
     <message id="backdrop.enabled">
         <source>Show the backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostrar el fondo</translation>
     </message>
     <message id="backdrop.layout">
         <source>Layout</source>
-        <translation type="unfinished"></translation>
+        <translation>Disposición</translation>
     </message>
     <message id="backdrop.layout.margin">
         <source>Margin</source>
-        <translation type="unfinished"></translation>
+        <translation>Margen</translation>
     </message>
     <message id="backdrop.layout.radius">
         <source>Corner radius</source>
-        <translation type="unfinished"></translation>
+        <translation>Radio de las esquinas</translation>
     </message>
     <message id="backdrop.layout.shadow">
         <source>Shadow</source>
-        <translation type="unfinished"></translation>
+        <translation>Sombra</translation>
     </message>
     <message id="backdrop.aspect">
         <source>Aspect ratio</source>
-        <translation type="unfinished"></translation>
+        <translation>Relación de aspecto</translation>
     </message>
     <message id="backdrop.aspect.auto">
         <source>Auto</source>
-        <translation type="unfinished"></translation>
+        <translation>Auto</translation>
     </message>
     <message id="backdrop.frame">
         <source>Frame</source>
-        <translation type="unfinished"></translation>
+        <translation>Marco</translation>
     </message>
     <message id="backdrop.frame.none">
         <source>No frame</source>
-        <translation type="unfinished"></translation>
+        <translation>Sin marco</translation>
     </message>
     <message id="backdrop.placement">
         <source>Placement</source>
-        <translation type="unfinished"></translation>
+        <translation>Colocación</translation>
     </message>
     <message id="backdrop.tiltX">
         <source>Tilt sideways</source>
-        <translation type="unfinished"></translation>
+        <translation>Inclinación horizontal</translation>
     </message>
     <message id="backdrop.tiltY">
         <source>Tilt up and down</source>
-        <translation type="unfinished"></translation>
+        <translation>Inclinación vertical</translation>
     </message>
     <message id="backdrop.rotation">
         <source>Rotation</source>
-        <translation type="unfinished"></translation>
+        <translation>Rotación</translation>
     </message>
     <message id="backdrop.contentScale">
         <source>Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Tamaño</translation>
     </message>
     <message id="backdrop.contentOffset">
         <source>Position</source>
-        <translation type="unfinished"></translation>
+        <translation>Posición</translation>
     </message>
     <message id="backdrop.effects">
         <source>Effects</source>
-        <translation type="unfinished"></translation>
+        <translation>Efectos</translation>
     </message>
     <message id="backdrop.glow">
         <source>Glow</source>
-        <translation type="unfinished"></translation>
+        <translation>Resplandor</translation>
     </message>
     <message id="backdrop.glowCenter">
         <source>Center of the glow</source>
-        <translation type="unfinished"></translation>
+        <translation>Centro del resplandor</translation>
     </message>
     <message id="backdrop.grain">
         <source>Grain</source>
-        <translation type="unfinished"></translation>
+        <translation>Grano</translation>
     </message>
     <message id="backdrop.edgeBlur">
         <source>Edge blur</source>
-        <translation type="unfinished"></translation>
+        <translation>Desenfoque de bordes</translation>
     </message>
     <message id="backdrop.edgeBlur.none">
         <source>No edge blur</source>
-        <translation type="unfinished"></translation>
+        <translation>Sin desenfoque de bordes</translation>
     </message>
     <message id="backdrop.edgeBlur.bottom">
         <source>Blur the bottom</source>
-        <translation type="unfinished"></translation>
+        <translation>Desenfocar la parte inferior</translation>
     </message>
     <message id="backdrop.edgeBlur.left">
         <source>Blur the left</source>
-        <translation type="unfinished"></translation>
+        <translation>Desenfocar la izquierda</translation>
     </message>
     <message id="backdrop.edgeBlur.right">
         <source>Blur the right</source>
-        <translation type="unfinished"></translation>
+        <translation>Desenfocar la derecha</translation>
     </message>
     <message id="backdrop.edgeBlur.all">
         <source>Blur all edges</source>
-        <translation type="unfinished"></translation>
+        <translation>Desenfocar todos los bordes</translation>
     </message>
     <message id="backdrop.curated.arc">
         <source>Arc</source>
-        <translation type="unfinished"></translation>
+        <translation>Arco</translation>
     </message>
     <message id="backdrop.curated.haze">
         <source>Haze</source>
-        <translation type="unfinished"></translation>
+        <translation>Calima</translation>
     </message>
     <message id="backdrop.curated.lavender">
         <source>Lavender</source>
-        <translation type="unfinished"></translation>
+        <translation>Lavanda</translation>
     </message>
     <message id="backdrop.curated.ember">
         <source>Ember</source>
-        <translation type="unfinished"></translation>
+        <translation>Ascua</translation>
     </message>
     <message id="backdrop.curated.moss">
         <source>Moss</source>
-        <translation type="unfinished"></translation>
+        <translation>Musgo</translation>
     </message>
     <message id="backdrop.curated.lagoon">
         <source>Lagoon</source>
-        <translation type="unfinished"></translation>
+        <translation>Laguna</translation>
     </message>
     <message id="backdrop.curated.sky">
         <source>Sky</source>
-        <translation type="unfinished"></translation>
+        <translation>Cielo</translation>
     </message>
     <message id="backdrop.gradient.dawn">
         <source>Dawn</source>
-        <translation type="unfinished"></translation>
+        <translation>Alba</translation>
     </message>
     <message id="backdrop.gradient.peach">
         <source>Peach</source>
-        <translation type="unfinished"></translation>
+        <translation>Melocotón</translation>
     </message>
     <message id="backdrop.gradient.coral">
         <source>Coral</source>
-        <translation type="unfinished"></translation>
+        <translation>Coral</translation>
     </message>
     <message id="backdrop.gradient.dusk">
         <source>Dusk</source>
-        <translation type="unfinished"></translation>
+        <translation>Ocaso</translation>
     </message>
     <message id="backdrop.gradient.iris">
         <source>Iris</source>
-        <translation type="unfinished"></translation>
+        <translation>Iris</translation>
     </message>
     <message id="backdrop.gradient.indigo">
         <source>Indigo</source>
-        <translation type="unfinished"></translation>
+        <translation>Índigo</translation>
     </message>
     <message id="backdrop.gradient.ocean">
         <source>Ocean</source>
-        <translation type="unfinished"></translation>
+        <translation>Océano</translation>
     </message>
     <message id="backdrop.gradient.mist">
         <source>Mist</source>
-        <translation type="unfinished"></translation>
+        <translation>Bruma</translation>
     </message>
     <message id="backdrop.gradient.mint">
         <source>Mint</source>
-        <translation type="unfinished"></translation>
+        <translation>Menta</translation>
     </message>
     <message id="backdrop.gradient.forest">
         <source>Forest</source>
-        <translation type="unfinished"></translation>
+        <translation>Bosque</translation>
     </message>
     <message id="backdrop.gradient.slate">
         <source>Slate</source>
-        <translation type="unfinished"></translation>
+        <translation>Pizarra</translation>
     </message>
     <message id="backdrop.gradient.night">
         <source>Night</source>
-        <translation type="unfinished"></translation>
+        <translation>Noche</translation>
     </message>
     <message id="backdrop.color.white">
         <source>White</source>
-        <translation type="unfinished"></translation>
+        <translation>Blanco</translation>
     </message>
     <message id="backdrop.color.gray">
         <source>Gray</source>
-        <translation type="unfinished"></translation>
+        <translation>Gris</translation>
     </message>
     <message id="backdrop.color.black">
         <source>Black</source>
-        <translation type="unfinished"></translation>
+        <translation>Negro</translation>
     </message>
     <message id="backdrop.color.blue">
         <source>Blue</source>
-        <translation type="unfinished"></translation>
+        <translation>Azul</translation>
     </message>
     <message id="backdrop.color.purple">
         <source>Purple</source>
-        <translation type="unfinished"></translation>
+        <translation>Morado</translation>
     </message>
     <message id="backdrop.color.pink">
         <source>Pink</source>
-        <translation type="unfinished"></translation>
+        <translation>Rosa</translation>
     </message>
     <message id="backdrop.color.red">
         <source>Red</source>
-        <translation type="unfinished"></translation>
+        <translation>Rojo</translation>
     </message>
     <message id="backdrop.color.orange">
         <source>Orange</source>
-        <translation type="unfinished"></translation>
+        <translation>Naranja</translation>
     </message>
     <message id="backdrop.color.green">
         <source>Green</source>
-        <translation type="unfinished"></translation>
+        <translation>Verde</translation>
     </message>
     <message id="backdrop.color.teal">
         <source>Teal</source>
-        <translation type="unfinished"></translation>
+        <translation>Verde azulado</translation>
     </message>
     <message id="backdrop.background">
         <source>Background</source>
-        <translation type="unfinished"></translation>
+        <translation>Relleno</translation>
     </message>
     <message id="backdrop.ownPicture">
         <source>A picture of your own…</source>
-        <translation type="unfinished"></translation>
+        <translation>Imagen propia…</translation>
     </message>
     <message id="backdrop.ownColor">
         <source>Another color…</source>
-        <oldsource>Another colour…</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Otro color…</translation>
     </message>
     <message id="backdrop.ownPicture.title">
         <source>Choose a background picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Elegir una imagen de fondo</translation>
     </message>
     <message id="backdrop.ownPicture.filter">
         <source>Pictures</source>
-        <translation type="unfinished"></translation>
+        <translation>Imágenes</translation>
     </message>
     <message id="backdrop.gradient.stops">
         <source>Colors of the gradient</source>
-        <oldsource>Colours of the gradient</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Colores del degradado</translation>
     </message>
     <message id="backdrop.gradient.stopsHelp">
         <source>Drag a color to move it, away to remove it; click to add one</source>
-        <oldsource>Drag a colour to move it, away to remove it; click to add one</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Arrastre un color para moverlo, hacia fuera para quitarlo; haga clic para añadir uno</translation>
     </message>
     <message id="backdrop.gradient.color">
         <source>Color of the stop</source>
-        <oldsource>Colour of the stop</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Color de este punto</translation>
     </message>
     <message id="backdrop.gradient.add">
         <source>Add a color</source>
-        <oldsource>Add a colour</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Añadir un color</translation>
     </message>
     <message id="backdrop.gradient.remove">
         <source>Remove the color</source>
-        <oldsource>Remove the colour</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Quitar el color</translation>
     </message>
     <message id="backdrop.gradient.reverse">
         <source>Turn the gradient round</source>
-        <translation type="unfinished"></translation>
+        <translation>Invertir el degradado</translation>
     </message>
     <message id="backdrop.gradient.angle">
         <source>Angle</source>
-        <translation type="unfinished"></translation>
+        <translation>Ángulo</translation>
     </message>
     <message id="backdrop.styles">
         <source>Saved styles</source>
-        <translation type="unfinished"></translation>
+        <translation>Estilos guardados</translation>
     </message>
     <message id="backdrop.styles.save">
         <source>Save this style…</source>
-        <translation type="unfinished"></translation>
+        <translation>Guardar este estilo…</translation>
     </message>
     <message id="backdrop.styles.suggestion">
         <source>Style %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Estilo %1</translation>
     </message>
     <message id="backdrop.styles.help">
         <source>Click applies the style; a right click renames, renews or deletes it</source>
-        <translation type="unfinished"></translation>
+        <translation>Clic: aplicar el estilo; clic derecho: cambiarle el nombre, reemplazarlo o eliminarlo</translation>
     </message>
     <message id="backdrop.styles.rename">
         <source>Rename…</source>
-        <translation type="unfinished"></translation>
+        <translation>Cambiar nombre…</translation>
     </message>
     <message id="backdrop.styles.renameAction">
         <source>Rename</source>
-        <translation type="unfinished"></translation>
+        <translation>Cambiar nombre</translation>
     </message>
     <message id="backdrop.styles.update">
         <source>Replace with the current backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>Reemplazar por el fondo actual</translation>
     </message>
     <message id="backdrop.styles.delete">
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Eliminar</translation>
     </message>
     <message id="backdrop.styles.name">
         <source>Name of the style</source>
-        <translation type="unfinished"></translation>
+        <translation>Nombre del estilo</translation>
     </message>
     <message id="backdrop.styles.accept">
         <source>Save</source>
-        <translation type="unfinished">Guardar</translation>
+        <translation>Guardar</translation>
     </message>
     <message id="canvas.hint.drawLine">
         <source>Drag to draw  ·  Shift keeps to steps of 45°</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrastre para dibujar · Mayús: pasos de 45°</translation>
     </message>
     <message id="canvas.hint.drawShape">
         <source>Drag to draw  ·  Shift makes it even, Alt starts from the center</source>
-        <oldsource>Drag to draw  ·  Shift makes it even, Alt starts from the centre</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Arrastre para dibujar · Mayús: cuadrado o círculo · Alt: desde el centro</translation>
     </message>
     <message id="canvas.hint.blur">
         <source>Drag over what should not be read</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrastre sobre lo que no se deba leer</translation>
     </message>
     <message id="canvas.hint.magnifier">
         <source>Drag a lens over what should be larger</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrastre sobre lo que se deba ampliar</translation>
     </message>
     <message id="canvas.hint.pen">
         <source>Drag to draw freehand</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrastre para dibujar a mano alzada</translation>
     </message>
     <message id="canvas.hint.counter">
         <source>Click to place the next number, drag to point it</source>
-        <translation type="unfinished"></translation>
+        <translation>Haga clic para colocar el número siguiente o arrastre para orientar su punta</translation>
     </message>
     <message id="canvas.hint.text">
         <source>Click to type, drag for a width</source>
-        <translation type="unfinished"></translation>
+        <translation>Haga clic para escribir o arrastre para fijar el ancho</translation>
     </message>
     <message id="canvas.hint.cropping">
         <source>Drag the edges to crop  ·  Return takes it  ·  Esc leaves</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrastre los bordes para recortar · Intro: aceptar · Esc: salir</translation>
     </message>
     <message id="canvas.hint.select">
         <source>Click to select, drag to select several</source>
-        <translation type="unfinished"></translation>
+        <translation>Haga clic para seleccionar o arrastre para seleccionar varios</translation>
     </message>
     <message id="canvas.hint.move">
         <source>Drag to move  ·  the arrow keys nudge</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrastre para mover · Teclas de flecha: pasos pequeños</translation>
     </message>
     <message id="canvas.hint.crop">
         <source>Drag to crop</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrastre para recortar</translation>
     </message>
     <message id="canvas.hint.resize">
         <source>Drag to resize  ·  Shift keeps it even, Alt keeps the center</source>
-        <oldsource>Drag to resize  ·  Shift keeps it even, Alt keeps the centre</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Arrastre para cambiar el tamaño · Mayús: proporcional · Alt: desde el centro</translation>
     </message>
     <message id="canvas.hint.movePoint">
         <source>Drag to move this point</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrastre para mover este punto</translation>
     </message>
     <message id="canvas.hint.turn">
         <source>Drag to turn</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrastre para girar</translation>
     </message>
     <message id="canvas.hint.editText">
         <source>Click to place the cursor, drag to select text</source>
-        <translation type="unfinished"></translation>
+        <translation>Haga clic para colocar el cursor o arrastre para seleccionar texto</translation>
     </message>
     <message id="canvas.description" numerus="yes">
         <source>Picture of %1 pixels with %n annotations</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Imagen de %1 píxeles con %n anotación</numerusform>
+            <numerusform>Imagen de %1 píxeles con %n anotaciones</numerusform>
         </translation>
     </message>
     <message id="canvas.description.selected" numerus="yes">
         <source>%n selected</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n seleccionada</numerusform>
+            <numerusform>%n seleccionadas</numerusform>
         </translation>
     </message>
     <message id="canvas.name">
         <source>Canvas</source>
-        <translation type="unfinished"></translation>
+        <translation>Lienzo</translation>
     </message>
     <message id="canvas.hint.eyedropper">
         <source>Click to take the color  ·  Esc leaves</source>
-        <oldsource>Click to take the colour  ·  Esc leaves</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Haga clic para tomar el color · Esc: salir</translation>
     </message>
     <message id="canvas.hint.pan">
         <source>Drag to move the view</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrastre para mover la vista</translation>
     </message>
     <message id="color.red">
         <source>Red</source>
-        <translation type="unfinished"></translation>
+        <translation>Rojo</translation>
     </message>
     <message id="color.orange">
         <source>Orange</source>
-        <translation type="unfinished"></translation>
+        <translation>Naranja</translation>
     </message>
     <message id="color.yellow">
         <source>Yellow</source>
-        <translation type="unfinished"></translation>
+        <translation>Amarillo</translation>
     </message>
     <message id="color.green">
         <source>Green</source>
-        <translation type="unfinished"></translation>
+        <translation>Verde</translation>
     </message>
     <message id="color.blue">
         <source>Blue</source>
-        <translation type="unfinished"></translation>
+        <translation>Azul</translation>
     </message>
     <message id="color.violet">
         <source>Violet</source>
-        <translation type="unfinished"></translation>
+        <translation>Violeta</translation>
     </message>
     <message id="color.pink">
         <source>Pink</source>
-        <translation type="unfinished"></translation>
+        <translation>Rosa</translation>
     </message>
     <message id="color.slate">
         <source>Slate</source>
-        <translation type="unfinished"></translation>
+        <translation>Pizarra</translation>
     </message>
     <message id="editor.color">
         <source>Color</source>
-        <translation type="unfinished"></translation>
+        <translation>Color</translation>
     </message>
     <message id="editor.swatch.delete">
         <source>Delete Color</source>
-        <translation type="unfinished"></translation>
+        <translation>Eliminar color</translation>
     </message>
     <message id="editor.swatch.add">
         <source>Add a color of your own</source>
-        <translation type="unfinished"></translation>
+        <translation>Añadir un color propio</translation>
     </message>
     <message id="editor.swatch.tooltip">
         <source>Your color %1 (double click to edit)</source>
-        <translation type="unfinished"></translation>
+        <translation>Color propio %1 (doble clic para editarlo)</translation>
     </message>
     <message id="editor.swatch.edit">
         <source>Edit Color…</source>
-        <translation type="unfinished"></translation>
+        <translation>Editar color…</translation>
     </message>
     <message id="editor.failed.render">
         <source>The picture is too large to be made.</source>
-        <translation type="unfinished"></translation>
+        <translation>La imagen es demasiado grande para crearla.</translation>
     </message>
     <message id="editor.failed.encode">
         <source>The picture does not fit this format. PNG holds it.</source>
-        <translation type="unfinished"></translation>
+        <translation>La imagen no cabe en este formato. El formato PNG la admite.</translation>
     </message>
     <message id="editor.failed.write">
         <source>The file could not be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>No se pudo escribir el archivo.</translation>
     </message>
     <message id="editor.progress.copy">
         <source>Copying…</source>
-        <translation type="unfinished"></translation>
+        <translation>Copiando…</translation>
     </message>
     <message id="editor.progress.save">
         <source>Saving…</source>
-        <translation type="unfinished"></translation>
+        <translation>Guardando…</translation>
     </message>
     <message id="editor.saveAs.title">
         <source>Save the picture as</source>
-        <translation type="unfinished"></translation>
+        <translation>Guardar la imagen como</translation>
     </message>
     <message id="editor.saved">
         <source>Saved %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 guardado</translation>
     </message>
     <message id="editor.progress.print">
         <source>Printing…</source>
-        <translation type="unfinished"></translation>
+        <translation>Imprimiendo…</translation>
     </message>
     <message id="editor.bar">
         <source>Tools and style</source>
-        <translation type="unfinished"></translation>
+        <translation>Herramientas y estilo</translation>
     </message>
     <message id="editor.moreTools">
         <source>More tools</source>
-        <translation type="unfinished"></translation>
+        <translation>Más herramientas</translation>
     </message>
     <message id="editor.dragOut">
         <source>Drag the picture into another program</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrastrar la imagen a otra aplicación</translation>
     </message>
     <message id="editor.copy.outdated">
         <source>%1: the clipboard holds an older state</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: el portapapeles contiene un estado anterior</translation>
     </message>
     <message id="tool.select">
         <source>Select</source>
-        <translation type="unfinished"></translation>
+        <translation>Seleccionar</translation>
     </message>
     <message id="tool.arrow">
         <source>Arrow</source>
-        <translation type="unfinished"></translation>
+        <translation>Flecha</translation>
     </message>
     <message id="tool.rectangle">
         <source>Rectangle</source>
-        <translation type="unfinished"></translation>
+        <translation>Rectángulo</translation>
     </message>
     <message id="tool.ellipse">
         <source>Ellipse</source>
-        <translation type="unfinished"></translation>
+        <translation>Elipse</translation>
     </message>
     <message id="tool.line">
         <source>Line</source>
-        <translation type="unfinished"></translation>
+        <translation>Línea</translation>
     </message>
     <message id="tool.pen">
         <source>Pen</source>
-        <translation type="unfinished"></translation>
+        <translation>Lápiz</translation>
     </message>
     <message id="tool.text">
         <source>Text</source>
-        <translation type="unfinished"></translation>
+        <translation>Texto</translation>
     </message>
     <message id="tool.counter">
         <source>Counter</source>
-        <translation type="unfinished"></translation>
+        <translation>Numeración</translation>
     </message>
     <message id="tool.pixelate">
         <source>Pixelate</source>
-        <translation type="unfinished"></translation>
+        <translation>Pixelar</translation>
     </message>
     <message id="tool.magnifier">
         <source>Magnifier</source>
-        <translation type="unfinished"></translation>
+        <translation>Lupa</translation>
     </message>
     <message id="editor.crop">
         <source>Crop</source>
-        <translation type="unfinished"></translation>
+        <translation>Recortar</translation>
     </message>
     <message id="editor.thinner">
         <source>Thinner</source>
-        <translation type="unfinished"></translation>
+        <translation>Más fino</translation>
     </message>
     <message id="editor.thicker">
         <source>Thicker</source>
-        <translation type="unfinished"></translation>
+        <translation>Más grueso</translation>
     </message>
     <message id="editor.sketch">
         <source>Hand-Drawn</source>
-        <translation type="unfinished"></translation>
+        <translation>Trazo a mano</translation>
     </message>
     <message id="editor.fill">
         <source>Fill</source>
-        <translation type="unfinished"></translation>
+        <translation>Relleno</translation>
     </message>
     <message id="editor.nextBlurStyle">
         <source>Next Way to Pixelate</source>
-        <translation type="unfinished"></translation>
+        <translation>Siguiente modo de pixelado</translation>
     </message>
     <message id="editor.pickColor">
         <source>Pick Color from Screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Tomar color de la pantalla</translation>
     </message>
     <message id="editor.undo">
         <source>Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>Deshacer</translation>
     </message>
     <message id="editor.redo">
         <source>Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>Rehacer</translation>
     </message>
     <message id="editor.cut">
         <source>Cut</source>
-        <translation type="unfinished"></translation>
+        <translation>Cortar</translation>
     </message>
     <message id="editor.copy">
         <source>Copy</source>
-        <translation type="unfinished">Copiar</translation>
+        <translation>Copiar</translation>
     </message>
     <message id="editor.paste">
         <source>Paste</source>
-        <translation type="unfinished"></translation>
+        <translation>Pegar</translation>
     </message>
     <message id="editor.duplicate">
         <source>Duplicate</source>
-        <translation type="unfinished"></translation>
+        <translation>Duplicar</translation>
     </message>
     <message id="editor.delete">
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Eliminar</translation>
     </message>
     <message id="editor.selectAll">
         <source>Select All</source>
-        <translation type="unfinished"></translation>
+        <translation>Seleccionar todo</translation>
     </message>
     <message id="editor.bringForward">
         <source>Bring Forward</source>
-        <translation type="unfinished"></translation>
+        <translation>Traer hacia delante</translation>
     </message>
     <message id="editor.sendBackward">
         <source>Send Backward</source>
-        <translation type="unfinished"></translation>
+        <translation>Enviar hacia atrás</translation>
     </message>
     <message id="editor.bringToFront">
         <source>Bring to Front</source>
-        <translation type="unfinished"></translation>
+        <translation>Traer al frente</translation>
     </message>
     <message id="editor.sendToBack">
         <source>Send to Back</source>
-        <translation type="unfinished"></translation>
+        <translation>Enviar al fondo</translation>
     </message>
     <message id="editor.alignLeft">
         <source>Align Left Edges</source>
-        <translation type="unfinished"></translation>
+        <translation>Alinear bordes izquierdos</translation>
     </message>
     <message id="editor.alignCenter">
         <source>Align Centers Horizontally</source>
-        <translation type="unfinished"></translation>
+        <translation>Alinear centros horizontalmente</translation>
     </message>
     <message id="editor.alignRight">
         <source>Align Right Edges</source>
-        <translation type="unfinished"></translation>
+        <translation>Alinear bordes derechos</translation>
     </message>
     <message id="editor.alignTop">
         <source>Align Top Edges</source>
-        <translation type="unfinished"></translation>
+        <translation>Alinear bordes superiores</translation>
     </message>
     <message id="editor.alignMiddle">
         <source>Align Centers Vertically</source>
-        <translation type="unfinished"></translation>
+        <translation>Alinear centros verticalmente</translation>
     </message>
     <message id="editor.alignBottom">
         <source>Align Bottom Edges</source>
-        <translation type="unfinished"></translation>
+        <translation>Alinear bordes inferiores</translation>
     </message>
     <message id="editor.resetCrop">
         <source>Reset Crop</source>
-        <translation type="unfinished"></translation>
+        <translation>Restablecer recorte</translation>
     </message>
     <message id="editor.addCapture">
         <source>Add Capture</source>
-        <translation type="unfinished"></translation>
+        <translation>Añadir captura</translation>
     </message>
     <message id="editor.addPicture">
         <source>Add Picture…</source>
-        <translation type="unfinished"></translation>
+        <translation>Añadir imagen…</translation>
     </message>
     <message id="editor.backdrop">
         <source>Backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>Fondo</translation>
     </message>
     <message id="editor.copyPicture">
         <source>Copy Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Copiar imagen</translation>
     </message>
     <message id="editor.save">
         <source>Save</source>
-        <translation type="unfinished">Guardar</translation>
+        <translation>Guardar</translation>
     </message>
     <message id="editor.saveAs">
         <source>Save As…</source>
-        <translation type="unfinished"></translation>
+        <translation>Guardar como…</translation>
     </message>
     <message id="editor.print">
         <source>Print…</source>
-        <translation type="unfinished"></translation>
+        <translation>Imprimir…</translation>
     </message>
     <message id="editor.pin">
         <source>Pin to Screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Fijar en la pantalla</translation>
     </message>
     <message id="editor.close">
         <source>Close</source>
-        <translation type="unfinished">Cerrar</translation>
+        <translation>Cerrar</translation>
     </message>
     <message id="editor.zoomIn">
         <source>Zoom In</source>
-        <translation type="unfinished"></translation>
+        <translation>Acercar</translation>
     </message>
     <message id="editor.zoomOut">
         <source>Zoom Out</source>
-        <translation type="unfinished"></translation>
+        <translation>Alejar</translation>
     </message>
     <message id="editor.zoomToFit">
         <source>Fit to Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajustar a la ventana</translation>
     </message>
     <message id="editor.actualSize">
         <source>Actual Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Tamaño real</translation>
     </message>
     <message id="editor.nextPart">
         <source>Next Part of the Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Siguiente parte de la ventana</translation>
     </message>
     <message id="editor.more">
         <source>More</source>
-        <translation type="unfinished"></translation>
+        <translation>Más</translation>
     </message>
     <message id="editor.shortcuts">
         <source>Keyboard Shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>Atajos de teclado</translation>
     </message>
     <message id="editor.group.tools">
         <source>Tools</source>
-        <translation type="unfinished"></translation>
+        <translation>Herramientas</translation>
     </message>
     <message id="editor.group.style">
         <source>Style</source>
-        <translation type="unfinished"></translation>
+        <translation>Estilo</translation>
     </message>
     <message id="editor.group.edit">
         <source>Edit</source>
-        <translation type="unfinished"></translation>
+        <translation>Edición</translation>
     </message>
     <message id="editor.group.arrange">
         <source>Arrange</source>
-        <translation type="unfinished"></translation>
+        <translation>Organizar</translation>
     </message>
     <message id="editor.group.picture">
         <source>Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Imagen</translation>
     </message>
     <message id="editor.group.view">
         <source>View</source>
-        <translation type="unfinished"></translation>
+        <translation>Vista</translation>
     </message>
     <message id="editor.menu.order">
         <source>Order</source>
-        <translation type="unfinished"></translation>
+        <translation>Orden</translation>
     </message>
     <message id="editor.menu.align">
         <source>Align</source>
-        <translation type="unfinished"></translation>
+        <translation>Alinear</translation>
     </message>
     <message id="editor.zoomPercent">
         <source>%1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message id="editor.size">
         <source>%1 × %2 px</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2&#xa0;px</translation>
     </message>
     <message id="editor.selectionSize">
         <source>%1 × %2 at %3, %4</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2 en %3, %4</translation>
     </message>
     <message id="editor.sketchTooltip">
         <source>Hand-drawn</source>
-        <translation type="unfinished"></translation>
+        <translation>Trazo a mano</translation>
     </message>
     <message id="editor.fillTooltip">
         <source>Filled</source>
-        <translation type="unfinished"></translation>
+        <translation>Con relleno</translation>
     </message>
     <message id="editor.textStyleTooltip">
         <source>Text on a filled box</source>
-        <translation type="unfinished"></translation>
+        <translation>Texto sobre fondo de color</translation>
     </message>
     <message id="editor.textFontTooltip">
         <source>Handwriting</source>
-        <translation type="unfinished"></translation>
+        <translation>Escritura a mano</translation>
     </message>
     <message id="editor.blurStyle.hides">
         <source>Hides what is below it for good.</source>
-        <translation type="unfinished"></translation>
+        <translation>Oculta definitivamente lo que hay debajo.</translation>
     </message>
     <message id="editor.blurStyle.mosaic">
         <source>Mosaic</source>
-        <translation type="unfinished"></translation>
+        <translation>Mosaico</translation>
     </message>
     <message id="editor.blurStyle.erase">
         <source>Paint Over</source>
-        <translation type="unfinished"></translation>
+        <translation>Cubrir</translation>
     </message>
     <message id="editor.blurStyle.gaussian">
         <source>Blur</source>
-        <translation type="unfinished"></translation>
+        <translation>Desenfocar</translation>
     </message>
     <message id="editor.blurStyle.gaussian.warning">
         <source>Decorates only: what is below can often be made readable again. Hide secrets with the other two.</source>
-        <translation type="unfinished"></translation>
+        <translation>Solo decorativo: lo que hay debajo a menudo se puede volver a leer. Oculte los datos confidenciales con los otros dos modos.</translation>
     </message>
     <message id="editor.blurStyleTooltip">
         <source>How it is hidden</source>
-        <translation type="unfinished"></translation>
+        <translation>Modo de pixelado</translation>
     </message>
     <message id="editor.blurFillColor">
         <source>Color it is painted over with</source>
-        <translation type="unfinished"></translation>
+        <translation>Color para cubrir</translation>
     </message>
     <message id="editor.blurFillColor.automatic">
         <source>Take the color from around it</source>
-        <translation type="unfinished"></translation>
+        <translation>Tomar el color del entorno</translation>
     </message>
     <message id="editor.blurStrength.gaussian">
         <source>Softness</source>
-        <translation type="unfinished"></translation>
+        <translation>Suavidad</translation>
     </message>
     <message id="editor.blurStrength.pixel">
         <source>Cell size</source>
-        <translation type="unfinished"></translation>
+        <translation>Tamaño de los bloques</translation>
     </message>
     <message id="editor.magnifierShape.circle">
         <source>Round</source>
-        <translation type="unfinished"></translation>
+        <translation>Redonda</translation>
     </message>
     <message id="editor.magnifierShape.roundedRect">
         <source>Rounded rectangle</source>
-        <translation type="unfinished"></translation>
+        <translation>Rectángulo redondeado</translation>
     </message>
     <message id="editor.magnifierShapeTooltip">
         <source>Shape of the lens</source>
-        <translation type="unfinished"></translation>
+        <translation>Forma de la lupa</translation>
     </message>
     <message id="editor.magnificationTooltip">
         <source>Magnification</source>
-        <translation type="unfinished"></translation>
+        <translation>Aumento</translation>
     </message>
     <message id="editor.format.png">
         <source>PNG picture (*.png)</source>
-        <translation type="unfinished"></translation>
+        <translation>Imagen PNG (*.png)</translation>
     </message>
     <message id="editor.format.jpeg">
         <source>JPEG picture (*.jpg *.jpeg)</source>
-        <translation type="unfinished"></translation>
+        <translation>Imagen JPEG (*.jpg *.jpeg)</translation>
     </message>
     <message id="editor.format.webp">
         <source>WebP picture (*.webp)</source>
-        <translation type="unfinished"></translation>
+        <translation>Imagen WebP (*.webp)</translation>
     </message>
     <message id="editor.format.tiff">
         <source>TIFF picture (*.tiff *.tif)</source>
-        <translation type="unfinished"></translation>
+        <translation>Imagen TIFF (*.tiff *.tif)</translation>
     </message>
     <message id="editor.format.pdf">
         <source>PDF document (*.pdf)</source>
-        <translation type="unfinished"></translation>
+        <translation>Documento PDF (*.pdf)</translation>
     </message>
     <message id="pin.zoom">
         <source>Zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>Zoom</translation>
     </message>
     <message id="pin.zoom.hint">
         <source>0 for the picture&apos;s own size</source>
-        <translation type="unfinished"></translation>
+        <translation>0 para el tamaño real</translation>
     </message>
     <message id="pin.copy">
         <source>Copy</source>
-        <translation type="unfinished">Copiar</translation>
+        <translation>Copiar</translation>
     </message>
     <message id="pin.copy.hint">
         <source>Ctrl+C; drag it into another program</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+C; se puede arrastrar a otra aplicación</translation>
     </message>
     <message id="pin.edit">
         <source>Edit</source>
-        <translation type="unfinished"></translation>
+        <translation>Editar</translation>
     </message>
     <message id="pin.more">
         <source>More</source>
-        <translation type="unfinished"></translation>
+        <translation>Más</translation>
     </message>
     <message id="pin.close">
         <source>Close</source>
-        <translation type="unfinished">Cerrar</translation>
+        <translation>Cerrar</translation>
     </message>
     <message id="pin.percent">
         <source>%1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message id="pin.save">
         <source>Save</source>
-        <translation type="unfinished">Guardar</translation>
+        <translation>Guardar</translation>
     </message>
     <message id="pin.opacity">
         <source>Opacity</source>
-        <translation type="unfinished"></translation>
+        <translation>Opacidad</translation>
     </message>
     <message id="pin.shadow">
         <source>Shadow</source>
-        <translation type="unfinished"></translation>
+        <translation>Sombra</translation>
     </message>
     <message id="pin.roundedCorners">
         <source>Rounded Corners</source>
-        <oldsource>Rounded corners</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Esquinas redondeadas</translation>
     </message>
     <message id="pin.clickThrough">
         <source>Let Clicks Through</source>
-        <oldsource>Let clicks through</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Dejar pasar los clics</translation>
     </message>
     <message id="pin.closeAll">
         <source>Close All Pins</source>
-        <oldsource>Close all pins</oldsource>
-        <translation type="unfinished"></translation>
+        <translation>Cerrar todas las imágenes fijadas</translation>
     </message>
     <message id="pin.window">
         <source>Pinned picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Imagen fijada</translation>
     </message>
     <message id="pin.opacity.badge">
         <source>Opacity %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Opacidad %1</translation>
     </message>
     <message id="pin.clickThrough.began">
         <source>Clicks now go through the pin. The Vellora menu ends this.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ahora los clics atraviesan la imagen fijada. Puede desactivarlo en el menú de Vellora.</translation>
     </message>
     <message id="editor.shortcuts.lock">
         <source>Keep the Tool</source>
-        <translation type="unfinished"></translation>
+        <translation>Mantener la herramienta</translation>
     </message>
     <message id="editor.shortcuts.doubleClick">
         <source>double click</source>
-        <translation type="unfinished"></translation>
+        <translation>doble clic</translation>
     </message>
     <message id="editor.shortcuts.colors">
         <source>Colors</source>
-        <translation type="unfinished"></translation>
+        <translation>Colores</translation>
     </message>
     <message id="editor.shortcuts.pan">
         <source>Move the Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Mover la imagen</translation>
     </message>
     <message id="editor.shortcuts.space">
         <source>Space</source>
-        <translation type="unfinished"></translation>
+        <translation>Espacio</translation>
     </message>
     <message id="editor.shortcuts.drag">
         <source>drag</source>
-        <translation type="unfinished"></translation>
+        <translation>arrastrar</translation>
     </message>
     <message id="editor.cancel">
         <source>Cancel</source>
-        <translation type="unfinished">Cancelar</translation>
+        <translation>Cancelar</translation>
     </message>
     <message id="editor.zoom">
         <source>Zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>Zoom</translation>
     </message>
     <message id="editor.moreStyle">
         <source>More of the style</source>
-        <translation type="unfinished"></translation>
+        <translation>Más opciones de estilo</translation>
     </message>
     <message id="editor.width">
         <source>Width</source>
-        <translation type="unfinished"></translation>
+        <translation>Grosor</translation>
     </message>
     <message id="editor.width.preset">
         <source>Width %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Grosor %1</translation>
     </message>
     <message id="color.plane">
         <source>Saturation and brightness</source>
-        <translation type="unfinished"></translation>
+        <translation>Saturación y brillo</translation>
     </message>
     <message id="color.hue">
         <source>Hue</source>
-        <translation type="unfinished"></translation>
+        <translation>Tono</translation>
     </message>
     <message id="color.opacity">
         <source>Opacity</source>
-        <translation type="unfinished"></translation>
+        <translation>Opacidad</translation>
     </message>
     <message id="color.hex">
         <source>Color as a hexadecimal number</source>
-        <translation type="unfinished"></translation>
+        <translation>Color en hexadecimal</translation>
     </message>
     <message id="color.eyedropper">
         <source>Pick a color from the screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Tomar un color de la pantalla</translation>
     </message>
     <message id="editor.copiedSelection">
         <source>Copied the selection</source>
-        <translation type="unfinished"></translation>
+        <translation>Selección copiada</translation>
     </message>
     <message id="editor.distributeHorizontally">
         <source>Distribute Horizontally</source>
-        <translation type="unfinished"></translation>
+        <translation>Distribuir horizontalmente</translation>
     </message>
     <message id="editor.distributeVertically">
         <source>Distribute Vertically</source>
-        <translation type="unfinished"></translation>
+        <translation>Distribuir verticalmente</translation>
     </message>
 </context>
 </TS>
