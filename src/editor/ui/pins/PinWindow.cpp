@@ -363,7 +363,8 @@ void PinWindow::mousePressEvent(QMouseEvent* event) {
   const PinEdges edges = edgesAt(event->position());
   if (!edges.any() && !pictureInWindow().contains(event->position().toPoint())) return event->ignore();
   pressed_ = event->globalPosition();
-  pressedInside_ = pressed_ - QPointF(model_.frame().minX(), model_.frame().minY());
+  // Not from where the model believes the window to be: a window manager may have put it elsewhere.
+  pressedInside_ = event->position() - QPointF(pictureInWindow().topLeft());
   if (edges.any()) {
     grip_ = Grip::Resizing;
     model_.beginResize(edges);
