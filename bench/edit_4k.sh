@@ -103,6 +103,22 @@ resident=$!
 pids="$pids $resident"
 sleep 2
 measure 'vellora, running' "$HOME/Desktop/*.png" "$programs/vellora" edit "$picture"
+# A history entry of three such pieces, taken out of the history and put back by each round.
+session=$HOME/.local/share/Vellora/Sessions/20260101-000000-00000000
+mkdir -p "$session"
+for piece in 0 1 2; do cp "$picture" "$session/piece-$piece.png"; done
+record() { printf '{"file":"piece-%s.png","scale":1,"origin":[%s,0],"pointSize":[3840,2160]}' "$1" "$2"; }
+printf '{"version":1,"capturedAt":1,"savedAt":900000000,"pixelWidth":11544,"pixelHeight":2160,"backdrop":{},"pieces":[%s,%s,%s],"annotations":[]}' \
+  "$(record 0 0)" "$(record 1 3852)" "$(record 2 7704)" > "$session/session.json"
+: > "$folder/opened"
+for _ in $(seq "$rounds"); do
+  shown=$("$programs/time_to_picture" "$patch" "$programs/vellora" history reopen 1)
+  echo "${shown% *}" >> "$folder/opened"
+  sleep 1
+  xdotool mousemove 1700 1000 click 1 key --clearmodifiers ctrl+w
+  sleep 1.5
+done
+printf '%-18s opened %6s ms   three such pieces from the history\n' 'vellora, running' "$(median < "$folder/opened")"
 kill "$resident" 2> /dev/null || true
 resident=
 if command -v ksnip > /dev/null; then

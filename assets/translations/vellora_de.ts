@@ -908,7 +908,7 @@
         <translation>Klicken, um den Cursor zu setzen, ziehen, um Text auszuwählen</translation>
     </message>
     <message id="canvas.description" numerus="yes">
-        <source>Picture of %1 pixels with %n annotations</source>
+        <source>Picture of %1 pixels with %n annotation(s)</source>
         <translation>
             <numerusform>Bild mit %1 Pixeln und %n Anmerkung</numerusform>
             <numerusform>Bild mit %1 Pixeln und %n Anmerkungen</numerusform>

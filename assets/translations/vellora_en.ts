@@ -906,9 +906,9 @@
             <translation>Click to place the cursor, drag to select text</translation>
         </message>
         <message id="canvas.description" numerus="yes">
-            <source>Picture of %1 pixels with %n annotations</source>
+            <source>Picture of %1 pixels with %n annotation(s)</source>
             <translation>
-                <numerusform>Picture of %1 pixels with %n annotations</numerusform>
+                <numerusform>Picture of %1 pixels with %n annotation</numerusform>
                 <numerusform>Picture of %1 pixels with %n annotations</numerusform>
             </translation>
         </message>

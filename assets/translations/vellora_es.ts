@@ -908,7 +908,7 @@
         <translation>Haga clic para colocar el cursor o arrastre para seleccionar texto</translation>
     </message>
     <message id="canvas.description" numerus="yes">
-        <source>Picture of %1 pixels with %n annotations</source>
+        <source>Picture of %1 pixels with %n annotation(s)</source>
         <translation>
             <numerusform>Imagen de %1 píxeles con %n anotación</numerusform>
             <numerusform>Imagen de %1 píxeles con %n anotaciones</numerusform>

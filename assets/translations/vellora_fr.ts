@@ -908,7 +908,7 @@
         <translation>Cliquer pour placer le curseur, faire glisser pour sélectionner du texte</translation>
     </message>
     <message id="canvas.description" numerus="yes">
-        <source>Picture of %1 pixels with %n annotations</source>
+        <source>Picture of %1 pixels with %n annotation(s)</source>
         <translation>
             <numerusform>Image de %1 pixels avec %n annotation</numerusform>
             <numerusform>Image de %1 pixels avec %n annotations</numerusform>

@@ -906,7 +906,7 @@
         <translation>クリックでカーソルを配置、ドラッグでテキストを選択</translation>
     </message>
     <message id="canvas.description" numerus="yes">
-        <source>Picture of %1 pixels with %n annotations</source>
+        <source>Picture of %1 pixels with %n annotation(s)</source>
         <translation>
             <numerusform>%1 ピクセルの画像、注釈 %n 個</numerusform>
         </translation>

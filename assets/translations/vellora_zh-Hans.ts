@@ -906,7 +906,7 @@
         <translation>单击放置光标，拖动选择文字</translation>
     </message>
     <message id="canvas.description" numerus="yes">
-        <source>Picture of %1 pixels with %n annotations</source>
+        <source>Picture of %1 pixels with %n annotation(s)</source>
         <translation>
             <numerusform>%1 像素的图片，含 %n 个标注</numerusform>
         </translation>

@@ -906,7 +906,7 @@
         <translation>按一下放置游標，拖曳選取文字</translation>
     </message>
     <message id="canvas.description" numerus="yes">
-        <source>Picture of %1 pixels with %n annotations</source>
+        <source>Picture of %1 pixels with %n annotation(s)</source>
         <translation>
             <numerusform>%1 像素的圖片，含 %n 個註解</numerusform>
         </translation>

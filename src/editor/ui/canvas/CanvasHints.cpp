@@ -130,7 +130,7 @@ QString canvasDescription(const CanvasModel& model) {
   const ImageDocument& document = model.document();
   const Rect content = document.contentRect();
   const double scale = document.outputScale();
-  //% "Picture of %1 pixels with %n annotations"
+  //% "Picture of %1 pixels with %n annotation(s)"
   QString text = qtTrId("canvas.description", static_cast<int>(document.annotations.size()))
                      .arg(lengths(content.size.width * scale, content.size.height * scale));
   if (!model.selection().empty()) {
