@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <cmath>
+#include <span>
+#include <thread>
 
 #include <QDateTime>
 #include <QDir>
@@ -84,6 +86,25 @@ bool writePieces(const QString& folder, const std::vector<CapturePiece>& pieces,
   return true;
 }
 
+/// How many pictures are decoded at the same time.
+std::size_t readAtOnce() {
+  constexpr unsigned most = 4;
+  return std::clamp(std::thread::hardware_concurrency(), 1U, most);
+}
+
+/// Decodes the first few of the files, each on a thread of its own.
+std::vector<std::optional<Bitmap>> readTogether(std::span<const QString> files, const PictureReader& reader) {
+  files = files.first(std::min(files.size(), readAtOnce()));
+  std::vector<std::optional<Bitmap>> images(files.size());
+  std::vector<std::jthread> threads;
+  for (std::size_t i = 1; i < files.size(); ++i) {
+    threads.emplace_back([&image = images[i], &file = files[i], &reader] { image = reader(file); });
+  }
+  images[0] = reader(files[0]);
+  threads.clear();
+  return images;
+}
+
 }  // namespace
 
 QString pieceFileName(std::size_t index) {
@@ -134,15 +155,21 @@ std::optional<Loaded> load(const QString& directory, const PictureReader& reader
   loaded.savedAt = session->savedAt;
   loaded.document.annotations = session->annotations;
   loaded.document.backdrop = session->backdrop;
-  std::size_t bytes = 0;
   for (const PieceRecord& record : session->pieces) {
     const auto path = piecePath(directory, record);
-    const auto image = path ? reader(*path) : std::nullopt;
-    auto piece = image ? makePiece(record, *image) : std::nullopt;
-    if (piece) bytes += static_cast<std::size_t>(image->height()) * image->stride();
-    if (!piece || bytes > sessionLimits::decodedBytes) return std::nullopt;
-    loaded.document.pieces.push_back(std::move(*piece));
+    if (!path) return std::nullopt;
     loaded.pieceFiles.push_back(*path);
+  }
+  std::size_t bytes = 0;
+  for (std::size_t first = 0; first < loaded.pieceFiles.size(); first += readAtOnce()) {
+    const auto images = readTogether(std::span(loaded.pieceFiles).subspan(first), reader);
+    for (std::size_t i = 0; i < images.size(); ++i) {
+      if (!images[i]) return std::nullopt;
+      bytes += static_cast<std::size_t>(images[i]->height()) * images[i]->stride();
+      auto piece = makePiece(session->pieces[first + i], *images[i]);
+      if (!piece || bytes > sessionLimits::decodedBytes) return std::nullopt;
+      loaded.document.pieces.push_back(std::move(*piece));
+    }
   }
   return loaded;
 }

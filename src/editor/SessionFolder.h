@@ -18,7 +18,7 @@ inline const QString thumbnailName = QStringLiteral("thumb.png");
 /// "piece-0.png" for the first piece.
 QString pieceFileName(std::size_t index);
 
-/// Decodes a picture file; nothing when it is no picture.
+/// Decodes a picture file; nothing when it is no picture. Called on several threads at once.
 using PictureReader = std::function<std::optional<Bitmap>(const QString& path)>;
 /// Draws a document at a scale, in pixels per point; nothing when it cannot be drawn.
 using DocumentRenderer = std::function<std::optional<Bitmap>(const ImageDocument& document, double scale)>;

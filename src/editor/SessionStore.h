@@ -45,7 +45,7 @@ class SessionStore {
     std::unique_ptr<OpenDocument> open;  ///< what keeps the document while it is open
   };
 
-  /// Both are called on the store's queue.
+  /// Called on the store's queue, the reader also on other threads beside it.
   using PictureReader = sessionFolder::PictureReader;
   using DocumentRenderer = sessionFolder::DocumentRenderer;
 

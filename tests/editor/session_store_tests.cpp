@@ -6,6 +6,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <atomic>
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -124,7 +126,7 @@ TEST_F(SessionStoreTest, RefusesPicturesThatTogetherTakeTooMuchMemory) {
   document.pieces.assign(2, {QStringLiteral("piece-0.png"), 1, {0, 0}, {4, 4}, {}});
   writeSession(QStringLiteral("a"), QStringLiteral("session.json"), encode(document));
   writeSession(QStringLiteral("a"), QStringLiteral("piece-0.png"), "x");
-  int read = 0;
+  std::atomic<int> read = 0;
   const auto reader = [&](const QString&) -> std::optional<Bitmap> {
     ++read;
     return huge;
