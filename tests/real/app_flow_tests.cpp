@@ -303,6 +303,25 @@ TEST_F(AppFlowTest, WorkInTheEditorSurvivesAKillAndComesBack) {
   EXPECT_TRUE(velloraJson({"history", "list"})["sessions"].empty());
 }
 
+TEST_F(AppFlowTest, EditorsOfSingleCommandsStayOpenAndSurviveAKill) {
+  velloraJson({"capture", "area", "--region", "300,200,360,280", "--save"});
+  const auto entries = [this] { return velloraJson({"history", "list"})["sessions"].size(); };
+  ASSERT_EQ(entries(), 1U);
+  const auto reopening = server->spawn({program, "history", "reopen", "1"});
+  ASSERT_TRUE(reopening);
+  editorMiddle();
+  EXPECT_EQ(entries(), 0U) << "open, so not in the history";
+  reopening->signal(SIGKILL);
+  reopening->wait(5);
+  const auto editing = server->spawn({program, "edit", savedFile(1).toStdString()});
+  ASSERT_TRUE(editing);
+  EXPECT_TRUE(waitFor([&] { return entries() == 1; })) << "the lost one is found";
+  editorMiddle();
+  editing->signal(SIGTERM);
+  editing->wait(10);
+  EXPECT_EQ(entries(), 2U);
+}
+
 TEST_F(AppFlowTest, PinsAndOpenFilesEnterTheHistoryWhenTheProgramEnds) {
   velloraJson({"capture", "area", "--region", "300,200,50,40", "--save"});
   const QString file = savedFile(1);
