@@ -196,7 +196,7 @@ void AppDelegate::perform(Command command, int index) {
     case Command::OpenSettings:
       return openSettings();
     case Command::Quit:
-      return QCoreApplication::quit();
+      return QCoreApplication::exit();
     case Command::CaptureScrolling:
     case Command::CaptureText:
     case Command::CaptureElement:

@@ -59,7 +59,8 @@ int runDesktop(int argc, char** argv) {
   const QStringList arguments = QApplication::arguments().mid(1);
   const QStringList command = commandOf(arguments);
   AppDelegate delegate(command.isEmpty() ? AppDelegate::Mode::Resident : AppDelegate::Mode::OneShot);
-  const TerminationSignals termination([] { QCoreApplication::quit(); });
+  // Not quit(), which asks the windows first and stays when one is not closed at once, as pins are not.
+  const TerminationSignals termination([] { QCoreApplication::exit(); });
   delegate.applicationWillFinishLaunching();
   if (command.isEmpty()) {
     if (!delegate.applicationDidFinishLaunching()) return 0;
