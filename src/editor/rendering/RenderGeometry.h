@@ -11,8 +11,9 @@
 
 namespace vellora {
 
-/// Positions beyond this, in points, are taken for damage.
-inline constexpr double furthestPosition = 1e7;
+/// Positions beyond this, in points, are taken for damage. Far beyond what a stored document may hold: what is left out
+/// of a picture could be what hides something.
+inline constexpr double furthestPosition = 1e8;
 
 inline bool isPlausible(const Rect& rect) {
   const auto within = [](double value) { return std::abs(value) <= furthestPosition; };  // false for NaN

@@ -5,6 +5,7 @@
 #include <QPainter>
 
 #include "Documents.h"
+#include "editor/AnnotationRecord.h"
 #include "editor/rendering/RedactionPlan.h"
 
 namespace vellora {
@@ -111,6 +112,22 @@ TEST(Redaction, coversAnnotationsBelowAlsoInLensesAboveAndBelow) {
     return renderDocument(document);
   };
   EXPECT_TRUE(samePixels(*render(Qt::red), *render(Qt::blue)));
+}
+
+TEST(Redaction, hidesAsFarAsADocumentMayReach) {
+  constexpr double far = annotationLimits::coordinate;
+  for (const BlurStyle style : {BlurStyle::Mosaic, BlurStyle::Erase}) {
+    std::optional<Bitmap> first;
+    for (const std::uint32_t seed : {1U, 2U}) {
+      ImageDocument document;
+      document.pieces.push_back(pieceOf(busyPicture({60, 40}, seed), 1));
+      add(document, blurIn({{-far, -far}, {2 * far, 2 * far}}, style));
+      const auto rendered = renderDocument(document, 1);
+      ASSERT_TRUE(rendered);
+      if (!first) first = rendered;
+      EXPECT_TRUE(samePixels(*first, *rendered));
+    }
+  }
 }
 
 TEST(Redaction, chosenFillIsDrawnOpaqueAndTheAutomaticOneIsWhatSurroundsIt) {
@@ -258,8 +275,8 @@ TEST(Mosaic, theAttackWouldFindNumbersBehindPlainAverages) {
   const Setting& setting = settings.front();
   const std::size_t found = numbersFound(11, [&](int number) {
     const QImage image = screenWith(setting, number);
-    const QImage cells = image.scaled(image.width() / 12, image.height() / 12, Qt::IgnoreAspectRatio,
-                                      Qt::SmoothTransformation);
+    const QImage cells =
+        image.scaled(image.width() / 12, image.height() / 12, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     return bytesOf(toBitmap(cells));
   });
   EXPECT_GT(found, 800U) << "of 910";
