@@ -3,6 +3,8 @@
 #include <array>
 #include <cmath>
 
+#include <QStringDecoder>
+
 namespace vellora::json {
 namespace {
 
@@ -101,7 +103,10 @@ std::optional<bool> boolean(const Json& value) {
 std::optional<QString> string(const Json& value) {
   if (!value.is_string()) return std::nullopt;
   const auto& text = value.get_ref<const std::string&>();
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  // Unlike QString::fromUtf8 this keeps a byte-order mark at the start: within a document it is a character.
+  using Flag = QStringDecoder::Flag;
+  QStringDecoder decoder(QStringDecoder::Utf8, Flag::ConvertInitialBom | Flag::Stateless);
+  return decoder(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
 }
 
 std::optional<Point> point(const Json& value) {

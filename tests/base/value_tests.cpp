@@ -141,6 +141,8 @@ TEST(Json, ValuesComeBackAsTheyWereAndInTheirOrder) {
   EXPECT_EQ(json::serialize(json::fromRect(rect)), QByteArray("[[-1.5,2.0],[3.0,4.25]]"));
   EXPECT_EQ(json::serialize(json::fromColor(color)), QByteArray(R"({"red":0.1,"green":0.2,"blue":0.3,"alpha":1.0})"));
   EXPECT_EQ(json::rect(json::fromRect(rect)), rect);
+  const QString odd = QStringLiteral("\uFEFF\uFEFFa") + QChar(0) + QStringLiteral("\U0001F642");
+  EXPECT_EQ(json::string(json::fromString(odd)), odd);
   EXPECT_EQ(json::color(json::fromColor(color)), color);
   EXPECT_FALSE(json::color(parsed(R"({"red":1.01,"green":0,"blue":0,"alpha":1})")));
   const Date date{785689123.456};
