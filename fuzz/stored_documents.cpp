@@ -20,8 +20,9 @@ void require(bool holds) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const QByteArray text(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
   if (const auto document = decodeSessionDocument(text)) {
-    const auto again = decodeSessionDocument(encode(*document));
-    require(again && again->pieces == document->pieces && again->pixelWidth == document->pixelWidth);
+    const QByteArray written = encode(*document);
+    const auto again = decodeSessionDocument(written);
+    require(again && again->pieces == document->pieces && encode(*again) == written);
   }
   if (const auto request = decodeCaptureRequest(text)) require(decodeCaptureRequest(encode(*request)) == request);
   if (const auto binding = decodeHotKeyBinding(text)) require(decodeHotKeyBinding(encode(*binding)) == binding);
