@@ -1,7 +1,7 @@
 // `vellora render` and `vellora annotate`, driven as a person or a script drives them: without a display.
 
 #include <gtest/gtest.h>
-#include <libdeflate.h>
+#include <sys/resource.h>
 
 #include <QColorSpace>
 #include <QDir>
@@ -10,13 +10,13 @@
 #include <QImage>
 #include <QImageReader>
 #include <QTemporaryDir>
-#include <QtEndian>
 
 #include "base/Json.h"
 #include "editor/AnnotationRecord.h"
 #include "editor/SessionFolder.h"
 #include "media/PngEncoder.h"
 #include "support/ChildProcess.h"
+#include "support/PngBuilder.h"
 #include "support/TestBitmaps.h"
 
 namespace vellora {
@@ -26,6 +26,7 @@ using test::Finished;
 using test::solidBitmap;
 
 constexpr std::uint32_t ground = 0xFF336699;
+constexpr long greatestMemory = 1500;  // MB; three hundred are usual, sanitizers take their share
 constexpr std::uint32_t secret = 0xFFFF00FF;
 
 /// A piece of 60 × 40 with a secret of 10 × 10 at its bottom right corner.
@@ -51,26 +52,23 @@ Annotation thickLine() {
   return line;
 }
 
-QByteArray chunk(const char* type, const QByteArray& data) {
-  QByteArray body = QByteArray(type, 4) + data;
-  QByteArray result(4, 0);
-  qToBigEndian(static_cast<quint32>(data.size()), result.data());
-  result += body;
-  QByteArray sum(4, 0);
-  const auto crc = libdeflate_crc32(0, body.constData(), static_cast<std::size_t>(body.size()));
-  qToBigEndian(static_cast<quint32>(crc), sum.data());
-  return result + sum;
+QByteArray finished(test::PngBuilder& png) {
+  const auto data = png.finish();
+  return {reinterpret_cast<const char*>(data.data()), static_cast<qsizetype>(data.size())};
 }
 
-/// A grey PNG that claims a size and holds `rows` rows of it.
-QByteArray pngClaiming(quint32 width, quint32 height, int depth, qsizetype rows) {
-  QByteArray header(13, 0);
-  qToBigEndian(width, header.data());
-  qToBigEndian(height, header.data() + 4);
-  header[8] = static_cast<char>(depth);
-  const QByteArray row(1 + qsizetype{width} * depth / 8, 0);
-  return "\x89PNG\r\n\x1a\n" + chunk("IHDR", header) + chunk("IDAT", qCompress(row.repeated(rows), 9).mid(4)) +
-         chunk("IEND", {});
+/// A black grey PNG that claims a size and holds `rows` rows of it.
+QByteArray pngClaiming(std::uint32_t width, std::uint32_t height, std::uint8_t depth, std::size_t rows) {
+  test::PngBuilder png;
+  png.header(width, height, depth, 0).pixels(test::PngBuilder::Data(rows * (1 + std::size_t{width} * depth / 8)));
+  return finished(png);
+}
+
+/// Of the greediest program run so far, in MB.
+long mostMemory() {
+  rusage usage{};
+  getrusage(RUSAGE_CHILDREN, &usage);
+  return usage.ru_maxrss / 1024;
 }
 
 class RenderTest : public testing::Test {
@@ -111,6 +109,12 @@ class RenderTest : public testing::Test {
     QFile file(path(name));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(data);
+  }
+
+  QByteArray contentOf(const QString& name) const {
+    QFile file(path(name));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
+    return file.readAll();
   }
 
   /// A picture without what else its file says of it.
@@ -214,13 +218,13 @@ TEST_F(RenderTest, DrawsOntoAPictureAsOntoASession) {
   document.backdrop.enabled = true;
   const QString session = writeSession();
   ASSERT_EQ(render(session, path(QStringLiteral("rendered.png"))).exitCode, 0);
-  QFile stored(session + QStringLiteral("/session.json"));
-  ASSERT_TRUE(stored.open(QIODevice::ReadOnly));
-  const QByteArray text = stored.readAll();
+  const QByteArray rendered = contentOf(QStringLiteral("rendered.png"));
+  EXPECT_GT(QImage::fromData(rendered).width(), 60) << "the backdrop's margin";
+  ASSERT_EQ(render(session + QStringLiteral("/session.json"), path(QStringLiteral("rendered.png"))).exitCode, 0);
+  EXPECT_EQ(contentOf(QStringLiteral("rendered.png")), rendered);
+  const QByteArray text = contentOf(QStringLiteral("session/session.json"));
   ASSERT_EQ(annotate(text).exitCode, 0);
-  const QImage expected(path(QStringLiteral("rendered.png")));
-  EXPECT_EQ(QImage(path(QStringLiteral("out.png"))), expected);
-  EXPECT_GT(expected.width(), 60) << "the backdrop's margin";
+  EXPECT_EQ(contentOf(QStringLiteral("out.png")), rendered);
 
   // Only the layers, without a backdrop.
   const auto parsed = json::parse(text);
@@ -229,6 +233,22 @@ TEST_F(RenderTest, DrawsOntoAPictureAsOntoASession) {
   const QImage plain(path(QStringLiteral("out.png")));
   EXPECT_EQ(plain.size(), QSize(60, 40));
   EXPECT_EQ(plain.pixelColor(20, 20), QColor(Qt::red));
+}
+
+TEST_F(RenderTest, PassesNothingOnThatThePictureSaysOfItsMaker) {
+  const std::string comment = "Comment" + std::string(1, '\0') + "whispered";
+  const std::string exif = "II*" + std::string(1, '\0') + "whispered";
+  test::PngBuilder png;
+  png.header(4, 4, 8, 0).chunk("tEXt", {comment.begin(), comment.end()}).chunk("eXIf", {exif.begin(), exif.end()});
+  write(QStringLiteral("in.png"), finished(png.pixels(test::PngBuilder::Data(4 * 5))));
+  write(QStringLiteral("layers.json"), "{\"annotations\":[]}");
+  for (const char* name : {"out.png", "out.jpg", "out.webp", "out.tiff", "out.pdf"}) {
+    const QString output = path(QLatin1StringView(name));
+    const Finished run = vellora({"annotate", path(QStringLiteral("in.png")).toStdString(), "--document",
+                                  path(QStringLiteral("layers.json")).toStdString(), "--output", output.toStdString()});
+    ASSERT_EQ(run.exitCode, 0) << name << run.errors;
+    EXPECT_FALSE(contentOf(QLatin1StringView(name)).contains("whispered")) << name;
+  }
 }
 
 TEST_F(RenderTest, SaysWhatIsWrongWithACommand) {
@@ -255,6 +275,7 @@ TEST_F(RenderTest, SaysWhatIsWrongWithACommand) {
 TEST_F(RenderTest, RefusesDamagedDocuments) {
   const QByteArray good = json::serialize(Json::array({encodeAnnotation(thickLine())}));
   ASSERT_EQ(annotate("{\"annotations\":" + good + "}").exitCode, 0);
+  const QByteArray before = contentOf(QStringLiteral("out.png"));
   Json stroke = encodeAnnotation(thickLine());
   stroke["kind"] = 8;
   stroke["penPoints"] = Json::array();
@@ -277,17 +298,20 @@ TEST_F(RenderTest, RefusesDamagedDocuments) {
       {"of wrong type", with("\"p1\":[10.0,20.0]", "\"p1\":\"here\"")},
       {"nested", "{\"annotations\":" + QByteArray(1'000'000, '[')},
       {"a million points", json::serialize(Json{{"annotations", Json::array({stroke})}})},
+      {"too large", QByteArray(sessionLimits::documentBytes + 1, ' ')},
       {"wide", "{\"annotations\":[" + QByteArray("[],").repeated(7'000'000) + "0]}"}};
   for (const auto& [what, text] : damaged) expectCleanFailure(annotate(text), 1, what);
+  EXPECT_EQ(contentOf(QStringLiteral("out.png")), before) << "what was there stays";
+  EXPECT_EQ(QDir(root.path()).entryList(QDir::Files | QDir::Hidden),
+            (QStringList{QStringLiteral("in.png"), QStringLiteral("layers.json"), QStringLiteral("out.png")}));
+  EXPECT_LT(mostMemory(), greatestMemory);
 }
 
 TEST_F(RenderTest, RefusesDamagedSessionsAndReadsNothingElsewhere) {
   const QString session = writeSession();
   const QString piece = session + QStringLiteral("/piece-0.png");
   const QString output = path(QStringLiteral("out.png"));
-  QFile stored(session + QStringLiteral("/session.json"));
-  ASSERT_TRUE(stored.open(QIODevice::ReadOnly));
-  const QByteArray text = stored.readAll();
+  const QByteArray text = contentOf(QStringLiteral("session/session.json"));
   write(QStringLiteral("outside.png"), pictureFile());
   ASSERT_TRUE(QFile::link(path(QStringLiteral("outside.png")), session + QStringLiteral("/link.png")));
   const auto withFile = [&](const QString& name) {
@@ -301,6 +325,10 @@ TEST_F(RenderTest, RefusesDamagedSessionsAndReadsNothingElsewhere) {
                               path(QStringLiteral("outside.png")), QStringLiteral("link.png"), QStringLiteral("/dev/"),
                               QStringLiteral("a\0b")}) {
     expectCleanFailure(withFile(name), 1, name.toStdString());
+  }
+  for (qsizetype length = 0; length < text.size(); length += 37) {
+    write(QStringLiteral("session/session.json"), text.first(length));
+    expectCleanFailure(render(session, output), 1, std::to_string(length) + " bytes");
   }
   write(QStringLiteral("session/session.json"), text);
 
@@ -320,6 +348,7 @@ TEST_F(RenderTest, RefusesDamagedSessionsAndReadsNothingElsewhere) {
   const Finished tall = render(session, output);
   ASSERT_EQ(tall.exitCode, 0) << tall.errors;
   EXPECT_EQ(QImage(output).size(), QSize(3, 60'000)) << "high and of 16 bits is no damage";
+  EXPECT_LT(mostMemory(), greatestMemory);
 }
 
 }  // namespace

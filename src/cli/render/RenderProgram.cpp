@@ -73,11 +73,16 @@ Loaded loadSession(const QString& given) {
   ImageDocument document;
   document.annotations = session->annotations;
   document.backdrop = session->backdrop;
+  std::size_t bytes = 0;
   for (const PieceRecord& record : session->pieces) {
     const auto path = sessionFolder::piecePath(folder, record);
     if (!path) return failure(QStringLiteral("%1 holds no picture named '%2'").arg(folder, record.file));
     const auto image = ImageLoader::fromFile(*path);
     if (!image) return failure(describe(*path, image.error()));
+    bytes += static_cast<std::size_t>(image->bitmap.height()) * image->bitmap.stride();
+    if (bytes > sessionLimits::decodedBytes) {
+      return failure(QStringLiteral("the pictures of %1 are too large together").arg(folder));
+    }
     auto piece = makePiece(record, image->bitmap);
     if (!piece) return failure(QStringLiteral("%1 shows nothing of %2").arg(file, *path));
     document.pieces.push_back(std::move(*piece));
