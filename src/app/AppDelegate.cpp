@@ -68,7 +68,10 @@ AppDelegate::AppDelegate(Mode mode)
            [this](const CaptureDocument& document) { windows_.openPin(document); }},
           [this] { captures_.cancelSessions(); }, [this](const CaptureOutcome& outcome) { reportOutcome(outcome); }),
       hotKeyCenter_(services_.hotKeys),
-      instanceCommands_(captures_, {[this](int index) { return reopenEntry(index); },
+      instanceCommands_(captures_, {[this](int index) {
+                                      services_.sessionStore.loadIndex();  // other processes add to it too
+                                      return reopenEntry(index);
+                                    },
                                     [this](const QString& path, std::function<void(const QString&)> done) {
                                       editFile(path, std::move(done));
                                     }}),

@@ -242,10 +242,18 @@ TEST(HostileDocuments, aThousandOverlappingBlursAndLensesEnd) {
   for (int i = 0; i < 1000; ++i) {
     const Rect rect{{i * 0.3, i * 0.2}, {900, 700}};
     switch (i % 4) {
-      case 0: add(document, blurIn(rect, BlurStyle::Gaussian, 1)); break;
-      case 1: add(document, lensIn(rect, 2, Point{600, 500})); break;
-      case 2: add(document, blurIn(rect, BlurStyle::Mosaic)); break;
-      default: add(document, blurIn(rect, BlurStyle::Erase)); break;
+      case 0:
+        add(document, blurIn(rect, BlurStyle::Gaussian, 1));
+        break;
+      case 1:
+        add(document, lensIn(rect, 2, Point{600, 500}));
+        break;
+      case 2:
+        add(document, blurIn(rect, BlurStyle::Mosaic));
+        break;
+      default:
+        add(document, blurIn(rect, BlurStyle::Erase));
+        break;
     }
   }
   QElapsedTimer timer;
