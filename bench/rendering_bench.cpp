@@ -75,6 +75,31 @@ BENCHMARK(fullRedraw)
     ->Args({200, 1})
     ->Unit(benchmark::kMillisecond);
 
+/// The same in strips of 80 rows, as a canvas that must not wait paints it.
+void redrawInStrips(benchmark::State& state) {
+  const ImageDocument document = mixedDocument(200);
+  QImage canvas = canvasOf({3840, 2160});
+  DocumentRenderer renderer;
+  renderer.paint(canvas, canvas.rect(), document, {});
+  for (auto _ : state) {
+    for (int y = 0; y < canvas.height(); y += 80) renderer.paint(canvas, {0, y, canvas.width(), 80}, document, {});
+  }
+}
+BENCHMARK(redrawInStrips)->Unit(benchmark::kMillisecond);
+
+/// Another zoom at every frame, in a view of 1920 × 1080 pixels.
+void zoom(benchmark::State& state) {
+  const ImageDocument document = mixedDocument(200);
+  QImage canvas = canvasOf({1920, 1080});
+  DocumentRenderer renderer;
+  double scale = 0.5;
+  for (auto _ : state) {
+    scale = scale < 1 ? scale * 1.02 : 0.5;
+    renderer.paint(canvas, canvas.rect(), document, QTransform::fromScale(scale, scale));
+  }
+}
+BENCHMARK(zoom)->Unit(benchmark::kMillisecond);
+
 void firstRedraw(benchmark::State& state) {
   const ImageDocument document = mixedDocument(200);
   QImage canvas = canvasOf({3840, 2160});
@@ -110,8 +135,9 @@ void drag(benchmark::State& state) {
     }
     ImageDocument next = document;
     next.annotations[index] = makeAnnotation(annotation);
-    const QRect changed = repaintRect(renderer.changedRect(document, next), {});
-    renderer.paint(canvas, changed, next, {});
+    for (const QRect& rect : repaintRegion(renderer.changedRects(document, next), {})) {
+      renderer.paint(canvas, rect, next, {});
+    }
     document = next;
   }
 }

@@ -71,6 +71,7 @@ void ContentPainter::keepOnly(const std::vector<std::shared_ptr<const Scene>>& s
   }
   std::erase_if(sources_, [&](const auto& entry) { return !pieces.contains(entry.first); });
   std::erase_if(pictures_, [&](const auto& entry) { return !items.contains(entry.first); });
+  layers_.keepOnly(items);
 }
 
 void ContentPainter::readyPieces(const Scene& scene) {
@@ -272,19 +273,44 @@ void ContentPainter::drawGaussian(Surface& surface, const QRect& clip, const Sce
 void ContentPainter::drawLens(Surface& surface, const QRect& clip, const Scene& scene, std::size_t index) {
   const Scene::Item& item = scene.items[index];
   const Lens& lens = *item.lens;
-  lens.drawBelow(surface.target(), clip, surface.map());
-  // The whole glass where it is of a usual size: Qt rounds positions left of and above an image otherwise than those
-  // inside, so the picture must always begin at the same place.
+  const QRect body = touchedPixels(lens.body(), surface.map());
+  for (const QRect& part : QRegion(clip).subtracted(body)) lens.drawMark(surface.target(), part, surface.map());
+  // Only what is of a usual size is made whole and kept.
   constexpr double mostPixels = 4e6;
-  QRect glass = touchedPixels(lens.rect(), surface.map());
-  const bool isSeen = glass.intersects(clip);
-  if (areaOf(glass) > mostPixels) glass &= clip;
-  if (isSeen) {
+  const bool isKept = areaOf(body) <= mostPixels;
+  const QRect part = isKept ? body : body & clip;
+  if (!part.intersects(clip)) return;
+  const QTransform local = moved(surface.toDevice(), part.topLeft());
+  const LensLayer* layer = isKept ? layers_.find(item.key, part.size(), local) : nullptr;
+  if (layer) {
+    layer->draw(surface.target(), clip, part.topLeft());
+    return;
+  }
+  QImage image = lensImage(part, surface.toDevice(), scene, index);
+  if (image.isNull()) return;
+  LensLayer made(std::move(image), local);
+  made.draw(surface.target(), clip, part.topLeft());
+  if (isKept) layers_.keep(item.key, std::move(made));
+}
+
+QImage ContentPainter::lensImage(const QRect& part, const QTransform& toDevice, const Scene& scene, std::size_t index) {
+  const Scene::Item& item = scene.items[index];
+  const Lens& lens = *item.lens;
+  QImage image(part.size(), QImage::Format_ARGB32_Premultiplied);
+  if (image.isNull()) return {};
+  image.fill(Qt::transparent);
+  const PixelTarget target(image);
+  const DeviceMap map(moved(toDevice, part.topLeft()));
+  lens.drawShadow(target, target.area, map);
+  lens.drawMark(target, target.area, map);
+  const QRect glass = touchedPixels(lens.rect(), map) & target.area;
+  if (!glass.isEmpty()) {
     QImage shown(glass.size(), QImage::Format_ARGB32_Premultiplied);
-    if (shown.isNull()) return;
+    if (shown.isNull()) return {};
     shown.fill(emptyGlass);
     {
-      Surface inner(shown, moved(lens.magnifying() * surface.toDevice(), glass.topLeft()), Enlarging::CrispIfWhole);
+      Surface inner(shown, moved(lens.magnifying() * toDevice, part.topLeft() + glass.topLeft()),
+                    Enlarging::CrispIfWhole);
       const auto found = pictures_.find(item.key);
       if (found != pictures_.end()) {
         drawPixels(inner.target(), shown.rect(), found->second->color,
@@ -297,9 +323,10 @@ void ContentPainter::drawLens(Surface& surface, const QRect& clip, const Scene& 
         drawRedactionsAbove(inner, shown.rect(), scene, index);
       }
     }
-    lens.drawGlass(surface.target(), clip, surface.map(), shown, glass.topLeft());
+    lens.drawGlass(target, glass, map, shown, glass.topLeft());
   }
-  lens.drawRim(surface.target(), clip, surface.map());
+  lens.drawRim(target, target.area, map);
+  return image;
 }
 
 void ContentPainter::drawRedactionsAbove(Surface& surface, const QRect& clip, const Scene& scene, std::size_t index) {

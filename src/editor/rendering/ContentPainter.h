@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "editor/painting/AnnotationPainter.h"
+#include "editor/rendering/LensLayer.h"
 #include "editor/rendering/PixelSource.h"
 #include "editor/rendering/Scene.h"
 
@@ -50,6 +51,8 @@ class ContentPainter {
   void drawRedaction(Surface& surface, const QRect& clip, const Scene& scene, const Scene::Item& item);
   void drawGaussian(Surface& surface, const QRect& clip, const Scene& scene, const Scene::Item& item);
   void drawLens(Surface& surface, const QRect& clip, const Scene& scene, std::size_t index);
+  /// The pixels `part` of a lens without what is below it; null when memory is short.
+  QImage lensImage(const QRect& part, const QTransform& toDevice, const Scene& scene, std::size_t index);
   void drawRedactionsAbove(Surface& surface, const QRect& clip, const Scene& scene, std::size_t index);
   /// Draws with the scene's shape as a stencil, if there is one.
   void drawShaped(Surface& surface, const QRect& clip, const Scene& scene, const Drawing& drawing);
@@ -57,6 +60,7 @@ class ContentPainter {
   AnnotationPainter annotations_;
   std::unordered_map<std::uint64_t, std::unique_ptr<PixelSource>> sources_;  ///< by key of the picture
   std::unordered_map<std::uint64_t, std::unique_ptr<Picture>> pictures_;     ///< by key of the item
+  LensLayers layers_;
   std::uint64_t picturesMade_ = 0;
 };
 

@@ -129,9 +129,9 @@ struct DocumentRenderer::Private {
     const bool sameSize = finished.scene && finished.sharp.size() == size;
     if (sameSize && finished.scene == scene) return;
     const QTransform map = filling(scene->layout.document, size);
-    QRect changed(QPoint(0, 0), size);
+    QRegion changed(QRect(QPoint(0, 0), size));
     if (sameSize) {
-      changed = repaintRect(changedSharpRect(*finished.scene, *scene), map);
+      changed &= repaintRegion(changedSharpRects(*finished.scene, *scene), map);
     } else {
       finished.sharp = QImage(size, QImage::Format_ARGB32_Premultiplied);
     }
@@ -140,9 +140,9 @@ struct DocumentRenderer::Private {
     {
       QPainter painter(&finished.sharp);
       painter.setCompositionMode(QPainter::CompositionMode_Source);
-      painter.fillRect(changed, Qt::transparent);
+      for (const QRect& rect : changed) painter.fillRect(rect, Qt::transparent);
     }
-    paintScene(finished.sharp, changed, *scene, map);
+    for (const QRect& rect : changed) paintScene(finished.sharp, rect, *scene, map);
     finished.scene = scene;
     QImage blurred = finished.sharp.copy();
     if (blurred.isNull()) return;
@@ -167,23 +167,30 @@ void DocumentRenderer::paint(QImage& target, const QRect& clip, const ImageDocum
   d_->paintScene(target, clip, *scene, toDevice);
 }
 
-Rect DocumentRenderer::changedRect(const ImageDocument& before, const ImageDocument& after) {
+std::vector<Rect> DocumentRenderer::changedRects(const ImageDocument& before, const ImageDocument& after) {
   const auto first = d_->sceneOf(before, {});
   const auto second = d_->sceneOf(after, {});
-  const Rect changed = changedSharpRect(*first, *second);
+  std::vector<Rect> changed = changedSharpRects(*first, *second);
   // Blurred edges may reach anywhere.
-  const bool reaches = !changed.isEmpty() && hasEdgeBlur(second->document.backdrop);
-  return reaches ? first->layout.document.united(second->layout.document) : changed;
+  const bool reaches = !changed.empty() && hasEdgeBlur(second->document.backdrop);
+  if (reaches) changed = {first->layout.document.united(second->layout.document)};
+  return changed;
 }
 
 void DocumentRenderer::clear() {
   d_ = std::make_unique<Private>();
 }
 
-QRect repaintRect(const Rect& changed, const QTransform& toDevice) {
+QRegion repaintRegion(const std::vector<Rect>& changed, const QTransform& toDevice) {
   constexpr int reach = 2;
-  if (changed.isEmpty()) return {};
-  return toDevice.mapRect(toQRectF(changed)).toAlignedRect().adjusted(-reach, -reach, reach, reach);
+  constexpr int farthest = 1 << 28;  // keeps rectangles in the range of int
+  const QRectF plane(-farthest, -farthest, 2.0 * farthest, 2.0 * farthest);
+  QRegion region;
+  for (const Rect& rect : changed) {
+    const QRectF place = toDevice.mapRect(toQRectF(rect)) & plane;
+    if (!place.isEmpty()) region |= place.toAlignedRect().adjusted(-reach, -reach, reach, reach);
+  }
+  return region;
 }
 
 }  // namespace vellora

@@ -2,8 +2,10 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include <QRect>
+#include <QRegion>
 #include <QTransform>
 
 #include "base/Bitmap.h"
@@ -32,9 +34,9 @@ class DocumentRenderer {
   void paint(QImage& target, const QRect& clip, const ImageDocument& document, const QTransform& toDevice,
              const RenderOptions& options = {});
 
-  /// What of the document (in document points) looks different in `after`; null rectangle: nothing. Everything that
-  /// depends on a changed place (lenses that show it, blurs that reach it) counts.
-  Rect changedRect(const ImageDocument& before, const ImageDocument& after);
+  /// The places of the document (in document points) that look different in `after`: a few, none of them empty.
+  /// Everything that depends on a changed place (lenses that show it, blurs that reach it) counts.
+  std::vector<Rect> changedRects(const ImageDocument& before, const ImageDocument& after);
 
   /// Lets go of everything kept.
   void clear();
@@ -44,9 +46,9 @@ class DocumentRenderer {
   std::unique_ptr<Private> d_;
 };
 
-/// The pixels to paint anew for a change that changedRect() told: `changed` under `toDevice`, with the reach of
+/// The pixels to paint anew for a change that changedRects() told: `changed` under `toDevice`, with the reach of
 /// smoothing.
-QRect repaintRect(const Rect& changed, const QTransform& toDevice);
+QRegion repaintRegion(const std::vector<Rect>& changed, const QTransform& toDevice);
 
 /// The finished picture of a document: its document rectangle at `scale` pixels per point (absent: the document's own
 /// output scale), transparent where nothing is. Nothing when it is empty, beyond Bitmap's limits, or memory is short.

@@ -94,9 +94,12 @@ Rect Lens::source() const {
   return {{sourceCenter_.x - size.width / 2, sourceCenter_.y - size.height / 2}, size};
 }
 
+Rect Lens::body() const {
+  return grown(rect_, shadowReach + shadowDrop);
+}
+
 Rect Lens::bounds() const {
-  const Rect lens = grown(rect_, shadowReach + shadowDrop);
-  return isApart() ? lens.united(grown(source(), markWidth / 2 + glowWidth + 1)) : lens;
+  return isApart() ? body().united(grown(source(), markWidth / 2 + glowWidth + 1)) : body();
 }
 
 QTransform Lens::magnifying() const {
@@ -217,7 +220,7 @@ void Lens::forPixelsIn(const Band& band, const QRect& area, const DeviceMap& map
 }
 
 void Lens::drawShadow(const PixelTarget& target, const QRect& clip, const DeviceMap& map) const {
-  const QRect area = touchedPixels(grown(rect_, shadowReach + shadowDrop), map) & clip & target.area;
+  const QRect area = touchedPixels(body(), map) & clip & target.area;
   forPixelsIn({{center(), 1}, rimWidth, shadowReach, shadowDrop}, area, map,
               [&](int x, int y, double across, double down) {
                 const double away = distance(across, down - shadowDrop);
@@ -242,12 +245,10 @@ void Lens::drawOutline(const PixelTarget& target, const QRect& clip, const Devic
   });
 }
 
-void Lens::drawBelow(const PixelTarget& target, const QRect& clip, const DeviceMap& map) const {
-  drawShadow(target, clip, map);
+void Lens::drawMark(const PixelTarget& target, const QRect& clip, const DeviceMap& map) const {
   if (!isApart()) return;
-  const std::vector<Segment> lines = connectors();
   for (const LensCoat coat : {LensCoat::Glow, LensCoat::Light}) {
-    for (const Segment& line : lines) drawSegment(target, clip, map, line.from, line.to, coat);
+    for (const Segment& line : connectors_) drawSegment(target, clip, map, line.from, line.to, coat);
     drawOutline(target, clip, map, {sourceCenter_, magnification_}, markWidth, coat);
   }
 }

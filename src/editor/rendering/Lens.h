@@ -27,8 +27,12 @@ class Lens {
   /// Moves the source onto the lens, enlarged.
   QTransform magnifying() const;
 
-  /// Draws what lies below the glass: a soft shadow, and when the source lies apart, its outline and two lines to it.
-  void drawBelow(const PixelTarget& target, const QRect& clip, const DeviceMap& map) const;
+  /// The lens itself: glass, rim and shadow.
+  Rect body() const;
+
+  void drawShadow(const PixelTarget& target, const QRect& clip, const DeviceMap& map) const;
+  /// When the source lies apart: its outline and two lines to it.
+  void drawMark(const PixelTarget& target, const QRect& clip, const DeviceMap& map) const;
   /// Draws the glass. `shown` is opaque; its corner lies at the pixel `corner`, and it covers the lens
   /// inside `clip`.
   void drawGlass(const PixelTarget& target, const QRect& clip, const DeviceMap& map, const QImage& shown,
@@ -43,7 +47,9 @@ class Lens {
         shape_(shape),
         cornerRadius_(std::min({14.0, rect.size.width / 4, rect.size.height / 4})),
         partX_(2 / rect.size.width),
-        partY_(2 / rect.size.height) {}
+        partY_(2 / rect.size.height) {
+    if (isApart()) connectors_ = connectors();
+  }
 
   /// The lens's outline moved to a centre and made smaller by a factor.
   struct Outline {
@@ -81,7 +87,6 @@ class Lens {
   void forPixelsIn(const Band& band, const QRect& area, const DeviceMap& map, Action&& action) const;
   void drawOutline(const PixelTarget& target, const QRect& clip, const DeviceMap& map, const Outline& outline,
                    double width, LensCoat coat) const;
-  void drawShadow(const PixelTarget& target, const QRect& clip, const DeviceMap& map) const;
 
   Rect rect_;
   Point sourceCenter_;
@@ -90,6 +95,7 @@ class Lens {
   double cornerRadius_;
   double partX_;
   double partY_;  ///< parts of the half axes a point makes
+  std::vector<Segment> connectors_;
 };
 
 }  // namespace vellora

@@ -91,7 +91,7 @@ class Builder {
         item.bounds = spannedRect(*annotation);
       } else if (annotation->kind == Annotation::Kind::Magnifier) {
         item.kind = Item::Kind::Lens;
-        item.lens = Lens::of(*annotation);
+        item.lens = lensOf(annotation);
         if (!item.lens) continue;
         item.bounds = item.lens->bounds();
         item.source = item.lens->source();
@@ -109,6 +109,12 @@ class Builder {
     const auto known = memory_.bounds.find(annotation);
     if (known != memory_.bounds.end()) return known->second;
     return memory_.bounds[annotation] = paintedBounds(*annotation);
+  }
+
+  const std::optional<Lens>& lensOf(const AnnotationPtr& annotation) {
+    const auto known = memory_.lenses.find(annotation);
+    if (known != memory_.lenses.end()) return known->second;
+    return memory_.lenses[annotation] = Lens::of(*annotation);
   }
 
   bool hidesBesidePieces(const Item& redaction) const {
@@ -156,7 +162,7 @@ class Builder {
     int crowd = 0;
     for (std::size_t i = 0; i < index; ++i) {
       const Item& below = scene_.items[i];
-      if (!meet(below.bounds, lens.source)) continue;
+      if (!meet(below.bounds, lens.lens->source())) continue;
       const bool plain = below.kind == Item::Kind::Drawn || below.kind == Item::Kind::Redaction;
       if (!plain || ++crowd > mostInLens) {
         lens.kind = Item::Kind::FlatLens;
@@ -164,6 +170,9 @@ class Builder {
       }
     }
   }
+
+  /// Pictures hold no more than `source`; what is drawn anew also shows what lies beside the content.
+  static Rect shownBy(const Item& item) { return item.kind == Item::Kind::Lens ? item.lens->source() : item.source; }
 
   std::uint64_t keyOfItem(std::size_t index) const {
     const Item& item = scene_.items[index];
@@ -175,7 +184,7 @@ class Builder {
     if (item.kind == Item::Kind::Drawn) return key.value();
 
     // Smoothing reaches a few pixels further.
-    const Rect seen = grown(item.source, 8 / scene_.effectScale);
+    const Rect seen = grown(shownBy(item), 8 / scene_.effectScale);
     key << scene_.effectScale << item.source;
     if (!scene_.shape.isEmpty()) key << scene_.document.backdrop.innerRadius << scene_.layout.content;
     const auto frame = scene_.document.backdrop.deviceFrame;
@@ -189,7 +198,7 @@ class Builder {
       if (i < index) {
         key << other.key;
       } else if (other.kind == Item::Kind::Redaction) {
-        key << keyOf(*other.grid);
+        key << keyOfItem(i);
       }
     }
     return key.value();
@@ -235,7 +244,9 @@ std::shared_ptr<const Scene> makeScene(const ImageDocument& document, const Rend
     scene->pieces.push_back({view, (Key() << pixels << view.frame).value(), pixels});
   }
   // What was deleted long ago goes now and then.
-  if (memory.bounds.size() > 4 * document.annotations.size() + 64) memory.bounds.clear();
+  const std::size_t most = 4 * document.annotations.size() + 64;
+  if (memory.bounds.size() > most) memory.bounds.clear();
+  if (memory.lenses.size() > most) memory.lenses.clear();
   Builder(*scene, memory).build();
   return scene;
 }

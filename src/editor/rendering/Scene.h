@@ -63,7 +63,8 @@ struct Scene {
 
 /// What is remembered from scene to scene.
 struct SceneMemory {
-  std::unordered_map<AnnotationPtr, Rect> bounds;  ///< how far annotations reach
+  std::unordered_map<AnnotationPtr, Rect> bounds;                 ///< how far annotations reach
+  std::unordered_map<AnnotationPtr, std::optional<Lens>> lenses;  ///< of magnifiers
   RedactionPlanner redactions;
 };
 

@@ -4,8 +4,8 @@
 
 namespace vellora {
 
-/// What of the document (in document points) looks different in `after`, before edges are blurred; a null rectangle:
-/// nothing.
-Rect changedSharpRect(const Scene& before, const Scene& after);
+/// The places of the document (in document points) that look different in `after`, before edges are blurred. None is
+/// empty, few of them overlap.
+std::vector<Rect> changedSharpRects(const Scene& before, const Scene& after);
 
 }  // namespace vellora

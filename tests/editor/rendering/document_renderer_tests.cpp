@@ -135,7 +135,7 @@ ImageDocument edited(const ImageDocument& document, std::mt19937& random) {
   return next;
 }
 
-TEST(ChangedRect, holdsEverythingThatLooksDifferent) {
+TEST(ChangedRects, holdsEverythingThatLooksDifferent) {
   std::mt19937 random(11);
   const QSize size(520, 420);
   for (int round = 0; round < 40; ++round) {
@@ -147,9 +147,10 @@ TEST(ChangedRect, holdsEverythingThatLooksDifferent) {
     QImage target = painted(renderer, document, view, size);
     for (int step = 0; step < 5; ++step) {
       const ImageDocument next = edited(document, random);
-      const QRect changed = repaintRect(renderer.changedRect(document, next), view) & target.rect();
-      QPainter(&target).fillRect(changed, QColor(90, 100, 110));
-      renderer.paint(target, changed, next, view);
+      for (const QRect& rect : repaintRegion(renderer.changedRects(document, next), view) & target.rect()) {
+        QPainter(&target).fillRect(rect, QColor(90, 100, 110));
+        renderer.paint(target, rect, next, view);
+      }
       DocumentRenderer fresh;
       const QImage expected = painted(fresh, next, view, size);
       ASSERT_EQ(target, expected) << "round " << round << "." << step << ": " << difference(target, expected);
@@ -158,20 +159,23 @@ TEST(ChangedRect, holdsEverythingThatLooksDifferent) {
   }
 }
 
-TEST(ChangedRect, isSmallForASmallChangeAndEmptyForNone) {
+TEST(ChangedRects, isSmallForASmallChangeAndEmptyForNone) {
   ImageDocument document;
   document.pieces.push_back(pieceOf(busyPicture({800, 600}, 1), 1));
   add(document, annotationIn({{700, 500}, {20, 20}}, Annotation::Kind::Box));
   add(document, lensIn({{10, 10}, {100, 100}}, 2, Point{400, 300}));
   DocumentRenderer renderer;
-  EXPECT_TRUE(renderer.changedRect(document, document).isEmpty());
+  EXPECT_TRUE(renderer.changedRects(document, document).empty());
   ImageDocument next = document;
   next.annotations[0] = makeAnnotation(annotationIn({{704, 500}, {20, 20}}, Annotation::Kind::Box));
-  const Rect aside = renderer.changedRect(document, next);
-  EXPECT_LT(aside.size.width, 60);
-  EXPECT_LT(aside.size.height, 60);
+  const std::vector<Rect> aside = renderer.changedRects(document, next);
+  ASSERT_EQ(aside.size(), 1U);
+  EXPECT_LT(aside[0].size.width, 60);
+  EXPECT_LT(aside[0].size.height, 60);
   next.annotations[0] = makeAnnotation(annotationIn({{380, 290}, {20, 20}}, Annotation::Kind::Box));
-  EXPECT_LT(renderer.changedRect(document, next).minX(), 11) << "the lens shows it";
+  const std::vector<Rect> shown = renderer.changedRects(document, next);
+  EXPECT_EQ(shown.size(), 3U) << "where it was, where it is, and the lens that shows it";
+  EXPECT_TRUE(std::ranges::any_of(shown, [](const Rect& rect) { return rect.minX() < 11; }));
 }
 
 TEST(Pictures, ofBlursAndLensesAreMadeOnlyWhenWhatTheyShowChanges) {

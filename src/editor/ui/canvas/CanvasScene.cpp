@@ -38,13 +38,13 @@ QColor CanvasScene::ground() {
 }
 
 QRegion CanvasScene::setDocument(const ImageDocument& document, double scale) {
-  const Rect changed = renderer_.changedRect(document_, document);
+  const std::vector<Rect> changed = renderer_.changedRects(document_, document);
   const BackdropLayout layout = backdropLayout(document);
   const bool moved = !(layout.document == layout_.document);
   document_ = document;
   layout_ = layout;
   if (moved) return wholePlane();
-  return repaintRect(changed, QTransform::fromScale(scale, scale));
+  return repaintRegion(changed, QTransform::fromScale(scale, scale));
 }
 
 void CanvasScene::paint(QImage& target, const QRect& clip, QPoint planeToTarget, double scale, double ratio) {
