@@ -8,7 +8,6 @@
 #include <QGlyphRun>
 #include <QHash>
 #include <QPainter>
-#include <QPainterPath>
 #include <QRawFont>
 #include <QTextLayout>
 
@@ -19,10 +18,6 @@ namespace {
 
 /// Larger letters are laid out at this size and enlarged: positions in a layout are fixed-point numbers.
 constexpr double largestLayout = 256;
-
-/// From this size on, in device pixels, letters are drawn from their outlines: what the toolkit's font engine makes of
-/// such large letters depends on what it drew before.
-constexpr double outlinedFrom = 44;
 
 bool isParagraphEnd(QChar c) {
   return c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
@@ -137,32 +132,8 @@ void LaidOutText::draw(QPainter& painter, Point topLeft, const QColor& color) co
   if (scale_ != 1) painter.scale(scale_, scale_);
   painter.setPen(color);
   const QRectF clip = painter.hasClipping() ? painter.clipBoundingRect() : QRectF();
-  const double deviceSize = fontSize_ * std::abs(painter.deviceTransform().m22());
-  for (const Paragraph& paragraph : paragraphs_) {
-    const auto outlines = deviceSize >= outlinedFrom ? outlinesOf(paragraph) : std::nullopt;
-    if (outlines) {
-      painter.fillPath(*outlines, color);
-    } else {
-      paragraph.layout->draw(&painter, {}, {}, clip);
-    }
-  }
+  for (const Paragraph& paragraph : paragraphs_) paragraph.layout->draw(&painter, {}, {}, clip);
   painter.restore();
-}
-
-std::optional<QPainterPath> LaidOutText::outlinesOf(const Paragraph& paragraph) {
-  QPainterPath outlines;
-  outlines.setFillRule(Qt::WindingFill);
-  for (const QGlyphRun& run : paragraph.layout->glyphRuns()) {
-    const QRawFont font = run.rawFont();
-    const QList<quint32> glyphs = run.glyphIndexes();
-    const QList<QPointF> positions = run.positions();
-    for (qsizetype i = 0; i < glyphs.size(); ++i) {
-      const QPainterPath letter = font.pathForGlyph(glyphs.at(i));
-      if (letter.isEmpty() && !font.boundingRect(glyphs.at(i)).isEmpty()) return std::nullopt;
-      outlines.addPath(letter.translated(positions.at(i)));
-    }
-  }
-  return outlines;
 }
 
 std::size_t LaidOutText::lineOf(int offset) const {

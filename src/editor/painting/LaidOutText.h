@@ -1,12 +1,10 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <utility>
 #include <vector>
 
 #include <QFont>
-#include <QPainterPath>
 #include <QString>
 
 #include "base/Geometry.h"
@@ -61,8 +59,6 @@ class LaidOutText {
 
   void addParagraph(const QString& text, int start, const QFont& font, double wrapWidth);
   void placeLines(double baseline);
-  /// The letters as outlines; nothing when some have none, as emoji do.
-  static std::optional<QPainterPath> outlinesOf(const Paragraph& paragraph);
   std::size_t lineOf(int offset) const;
   int offsetInLine(std::size_t line, double x) const;
   int firstOf(std::size_t line) const;

@@ -100,4 +100,21 @@ inline bool samePixels(const Bitmap& a, const Bitmap& b) {
   return true;
 }
 
+/// Whether no channel of any pixel differs by more than what the toolkit's font engine makes of large letters: it draws
+/// them a little differently after other letters.
+inline bool looksTheSame(const QImage& a, const QImage& b) {
+  constexpr int fontEngineTolerance = 12;
+  if (a.size() != b.size()) return false;
+  for (int y = 0; y < a.height(); ++y) {
+    for (int x = 0; x < a.width(); ++x) {
+      const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
+      if (std::abs(qRed(p) - qRed(q)) > fontEngineTolerance || std::abs(qGreen(p) - qGreen(q)) > fontEngineTolerance ||
+          std::abs(qBlue(p) - qBlue(q)) > fontEngineTolerance) {
+        return false;
+      }
+    }
+  }
+  return true;
+}
+
 }  // namespace vellora::test
