@@ -1,0 +1,5 @@
+#include "cli/publish/PublishProgram.h"
+
+int main(int argc, char** argv) {
+  return vellora::runPublish(argc, argv);
+}

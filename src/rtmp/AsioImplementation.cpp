@@ -1,0 +1,2 @@
+#include <asio/impl/src.hpp>
+#include <asio/ssl/impl/src.hpp>

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+
+#include "rtmp/wire/Bytes.h"
+
+namespace vellora {
+
+/// How far a connection is. The raw values are fixed.
+enum class RTMPReadyState : std::uint8_t { uninitialized = 0, versionSent = 1, ackSent = 2, handshakeDone = 3 };
+
+/// The simple handshake of the published protocol, without digests: the bytes of C0 to C2. What the server says in S1
+/// and S2 is not validated.
+class RTMPHandshake {
+ public:
+  static constexpr std::uint8_t protocolVersion = 3;
+  static constexpr std::size_t packetSize = 1536;
+
+  /// Seconds since 1970; the time field of C1.
+  double timestamp = 0;
+  /// Received and not yet used.
+  Bytes inputBuffer;
+
+  /// C0 and C1, 1537 bytes.
+  Bytes c0c1packet() const;
+  /// C2, 1536 bytes, from the S0 and S1 at the start of `inputBuffer`, which are removed. `now`: seconds since 1970.
+  /// `inputBuffer` has to hold at least 1537 bytes.
+  Bytes c2packet(double now);
+};
+
+}  // namespace vellora
