@@ -40,6 +40,7 @@ struct MediaTrack {
   int channels = 0;
   std::int64_t bitRate = 0;  ///< bits per second, 0: not known
   std::vector<std::uint8_t> configuration;
+  std::string encodedFrom{};  ///< the file's codec where frames are encoded again while reading, else empty
 };
 
 /// One compressed frame of either kind. Times count from the start of the file.
