@@ -16,7 +16,8 @@ enum class RTMPAudioCodec { aac, opus };
 
 /// The decoder configuration (avcC or hvcC record), to be sent before the first frame.
 Bytes videoSequenceHeader(RTMPVideoCodec codec, ByteView configuration);
-/// One frame of length-prefixed NAL units. `compositionOffset`: presentation time minus decode time.
+/// One frame of length-prefixed NAL units. `compositionOffset`: presentation time minus decode time, at most 24 bits
+/// with sign; what is beyond is shortened to that.
 Bytes videoFrameBody(RTMPVideoCodec codec, bool isKeyFrame, std::chrono::milliseconds compositionOffset,
                      ByteView frame);
 /// After the last frame.
@@ -26,6 +27,7 @@ Bytes videoSequenceEnd(RTMPVideoCodec codec);
 Bytes audioSequenceHeader(RTMPAudioCodec codec, ByteView configuration);
 /// One raw AAC frame (no ADTS) or Opus packet.
 Bytes audioFrameBody(RTMPAudioCodec codec, ByteView frame);
+/// After the last frame. Empty for AAC, which has no such tag.
 Bytes audioSequenceEnd(RTMPAudioCodec codec);
 
 /// "hvc1" as the number metadata calls it by.

@@ -23,20 +23,28 @@ class RTMPChunkMessageHeader {
   std::uint32_t streamId = 0;
 
   std::size_t messageLength() const { return messageLength_; }
-  /// A length other than the payload's starts the payload anew, zero-filled; the same length changes nothing.
+  /// Another length starts the payload anew; the same length changes nothing.
   void setMessageLength(std::size_t length);
+  /// Zero-filled behind the position, except that of a payload longer than `filledAtOnce` only what has arrived is
+  /// there: announcing it costs neither memory nor time.
   const Bytes& payload() const { return payload_; }
   std::size_t position() const { return position_; }
+  static constexpr std::size_t filledAtOnce = 4096;
   bool isComplete() const { return position_ == messageLength_; }
 
-  /// Copies the next chunk's part of the payload.
+  /// The memory the message takes or is going to take, once any of it has arrived.
+  std::size_t assembling() const { return position_ == 0 ? 0 : messageLength_; }
+  /// Copies the next chunk's part of the payload: `chunkSize` bytes or what is missing, or none with `bufferUnderflow`.
   Result<void, RTMPChunkError> put(RTMPChunkBuffer& buffer, std::size_t chunkSize);
-  /// The message once it is complete and of a known type; the next one then starts from its beginning.
+  /// The message once it is complete and can be read; nothing before that, and for a message of an unknown type. With a
+  /// complete message, read or not, the next one of the same header starts.
   std::optional<RTMPMessage> makeMessage();
   /// Drops what has arrived of the message.
   void abort();
 
  private:
+  void startPayload();
+
   std::size_t messageLength_ = 0;
   Bytes payload_;
   std::size_t position_ = 0;

@@ -14,13 +14,15 @@ class RTMPTimestamp {
   static constexpr std::uint32_t maximumDelta = 0xFFFFFE;
 
   /// `time` counts from the start of the stream. Never negative: a time before the last one gives 0. Rounds to the
-  /// nearest millisecond from the start, so that rounding never adds up.
+  /// nearest millisecond from the start, so that rounding never adds up. The first call gives 0 whatever its time; the
+  /// next one makes up for it.
   std::uint32_t update(std::chrono::microseconds time);
   /// Where the last message was, in milliseconds from the start.
   std::uint64_t value() const { return value_; }
 
  private:
   std::uint64_t value_ = 0;
+  bool started_ = false;
 };
 
 }  // namespace vellora

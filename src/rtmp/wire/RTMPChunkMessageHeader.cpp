@@ -1,0 +1,48 @@
+#include "rtmp/wire/RTMPChunkMessageHeader.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "rtmp/wire/RTMPChunkBuffer.h"
+
+namespace vellora {
+
+void RTMPChunkMessageHeader::startPayload() {
+  payload_ = Bytes(std::min(messageLength_, filledAtOnce));
+  position_ = 0;
+}
+
+void RTMPChunkMessageHeader::setMessageLength(std::size_t length) {
+  if (length == messageLength_) return;
+  messageLength_ = length;
+  startPayload();
+}
+
+Result<void, RTMPChunkError> RTMPChunkMessageHeader::put(RTMPChunkBuffer& buffer, std::size_t chunkSize) {
+  const std::size_t count = std::min(messageLength_ - position_, chunkSize);
+  if (buffer.remaining() < count) return failure(RTMPChunkError::bufferUnderflow);
+  if (count == 0) return {};
+  if (position_ == 0) {
+    if (payload_.empty()) startPayload();
+    payload_.reserve(messageLength_);  // pages nothing is written to stay unused
+  }
+  const ByteView part = buffer.take(count);
+  const std::size_t inside = std::min(count, payload_.size() - position_);
+  std::copy_n(part.begin(), inside, payload_.begin() + static_cast<std::ptrdiff_t>(position_));
+  payload_.insert(payload_.end(), part.begin() + static_cast<std::ptrdiff_t>(inside), part.end());
+  position_ += count;
+  return {};
+}
+
+std::optional<RTMPMessage> RTMPChunkMessageHeader::makeMessage() {
+  if (!isComplete()) return std::nullopt;
+  position_ = 0;
+  return messageFrom(type, streamId, timestamp, std::exchange(payload_, {}));
+}
+
+void RTMPChunkMessageHeader::abort() {
+  payload_ = {};
+  position_ = 0;
+}
+
+}  // namespace vellora
