@@ -45,6 +45,8 @@ class RTMPSocket {
   asio::awaitable<Result<void, RTMPSocketFailure>> send(ByteView data);
   /// The next block, as it comes; valid until the next call.
   asio::awaitable<Result<ByteView, RTMPSocketFailure>> recv();
+  /// Says that nothing more will be sent (close_notify, FIN), after a `send` that has ended; receiving goes on.
+  void finish();
   /// Says the end to the other side as far as that goes without waiting (FIN; close_notify when nothing is under way),
   /// and ends all operations.
   void close();

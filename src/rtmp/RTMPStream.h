@@ -98,6 +98,7 @@ class RTMPStream {
  private:
   class State;
   std::shared_ptr<State> state_;
+  std::shared_ptr<RTMPConnection> connection_;
 };
 
 }  // namespace vellora
