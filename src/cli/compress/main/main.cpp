@@ -1,0 +1,5 @@
+#include "cli/compress/CompressProgram.h"
+
+int main(int argc, char** argv) {
+  return vellora::runCompress(argc, argv);
+}

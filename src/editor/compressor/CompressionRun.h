@@ -1,0 +1,91 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "base/RunLoop.h"
+#include "editor/compressor/CompressOptions.h"
+#include "editor/compressor/CompressionItem.h"
+
+namespace vellora {
+
+enum class CompressOutputMode : std::uint8_t { sourceFolder, customFolder };
+
+/// Where results go: "name-compressed.ext" beside the source, or "name.ext" in a folder of one's own; the next free
+/// name when that is taken. The source is never overwritten.
+struct CompressDestination {
+  CompressOutputMode mode = CompressOutputMode::sourceFolder;
+  std::filesystem::path folder{};        ///< for customFolder
+  std::filesystem::path pastedFolder{};  ///< for pasted pixels in sourceFolder mode
+};
+
+struct CompressionProgress {
+  std::size_t finished = 0;  ///< done, unchanged, failed or cancelled, of this run
+  std::size_t total = 0;
+  std::size_t failed = 0;
+  std::uintmax_t bytesBefore = 0;  ///< of those done or unchanged
+  std::uintmax_t bytesAfter = 0;
+  std::optional<std::chrono::milliseconds> remaining{};  ///< once it can be estimated
+};
+
+/// The list of pictures and its runs: several at once, within a bound of decoded bytes. Lives on the thread of the run
+/// loop; the work happens on threads of its own and comes back through the loop. Files are written atomically.
+class CompressionRun {
+ public:
+  /// Decoded bytes of all pictures in work at once; a larger picture runs alone.
+  static constexpr std::size_t maximumDecodedBytes = std::size_t{320} << 20;
+  /// Files a folder dropped on the list may bring.
+  static constexpr std::size_t maximumItems = 100000;
+
+  struct Callbacks {
+    std::function<void()> onListChanged{};                  ///< items were added or removed
+    std::function<void(std::uint64_t id)> onItemChanged{};  ///< state, size, thumbnail or output
+    std::function<void(const CompressionProgress&)> onProgress{};
+    std::function<void(const CompressionProgress&)> onFinished{};
+  };
+
+  /// `jobs`: pictures at a time; 0 for as many as the machine has cores.
+  CompressionRun(RunLoop& runLoop, Callbacks callbacks, int jobs = 0);
+  ~CompressionRun();
+
+  /// Files, and the picture files in folders (one level, or all below when `recursive`); looking into them happens on a
+  /// thread. What is no picture by its content becomes an item that fails when its turn comes, unless it came from a
+  /// folder.
+  void addPaths(std::vector<std::filesystem::path> paths, bool recursive);
+  void addPixels(Raster raster, std::string displayName);
+  void remove(std::uint64_t id);
+  void clear();
+
+  const std::vector<CompressionItem>& items() const;
+  const CompressionItem* find(std::uint64_t id) const;
+
+  /// Runs every item that waits, and those done with other options; nothing while running.
+  void start(const CompressOptions& options, const CompressDestination& destination);
+  /// Failed or cancelled items again, also while others run.
+  void retry(std::uint64_t id);
+  /// Running items stop soon; only whole files stay.
+  void cancel();
+  bool isRunning() const;
+  CompressionProgress progress() const;
+
+  /// What `id` would become, for the comparison: encoded and decoded again, on a thread, the newest request winning.
+  /// `then` gets the source and the result as 8-bit rasters and the result's size in bytes; or a failure.
+  struct Preview {
+    Raster before;
+    Raster after;
+    std::uintmax_t bytes = 0;
+  };
+  void preview(std::uint64_t id, const CompressOptions& options,
+               std::function<void(Result<Preview, PictureFailure>)> then);
+
+ private:
+  class State;
+  std::shared_ptr<State> state_;
+};
+
+}  // namespace vellora
