@@ -55,16 +55,15 @@ class ImageCompressor {
     int height = 0;
     bool isOriginal = false;  ///< nothing smaller was found, in the same type and size
   };
-};
 
-/// A whole file, smaller. When type and size stay and nothing smaller was found the source's bytes come back, without
-/// its metadata unless that is kept or leaving it out cannot be done without decoding. Several frames or pages:
-/// passed through with the format `original` and no resizing where possible, else refused as Animated.
-static Result<Output, PictureFailure> compress(std::span<const std::byte> file, const CompressOptions& options,
-                                               const CompressControl& control = {});
-/// Pixels without a file, as pasted ones.
-static Result<Output, PictureFailure> compress(const Raster& raster, const CompressOptions& options,
-                                               const CompressControl& control = {});
+  /// A whole file, smaller. When type and size stay and nothing smaller was found the source's bytes come back, without
+  /// its metadata unless that is kept or leaving it out cannot be done without decoding. Several frames or pages:
+  /// passed through with the format `original` and no resizing where possible, else refused as Animated.
+  static Result<Output, PictureFailure> compress(std::span<const std::byte> file, const CompressOptions& options,
+                                                 const CompressControl& control = {});
+  /// Pixels without a file, as pasted ones.
+  static Result<Output, PictureFailure> compress(const Raster& raster, const CompressOptions& options,
+                                                 const CompressControl& control = {});
 };
 
 }  // namespace vellora
