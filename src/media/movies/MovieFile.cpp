@@ -1,0 +1,270 @@
+#include "media/movies/MovieFile.h"
+
+#include <algorithm>
+#include <mutex>
+#include <string_view>
+#include <utility>
+
+#include "media/movies/ContainerFormats.h"
+
+namespace vellora {
+namespace {
+
+using std::chrono::microseconds;
+
+/// How often in a row a file may have nothing readable before it counts as damaged for good.
+constexpr int mostErrors = 256;
+/// What one piece of memory may take: a picture of 8192 × 8192 with 16 bits a sample, or the index of a day.
+constexpr std::size_t mostMemory = std::size_t{512} << 20;
+
+void prepareLibav() {
+  static std::once_flag once;
+  std::call_once(once, [] {
+    av_log_set_level(AV_LOG_QUIET);
+    av_max_alloc(mostMemory);
+  });
+}
+
+/// Files name other files (playlists, references in a movie); none of them is opened.
+int refuseToOpen(AVFormatContext*, AVIOContext**, const char*, int, AVDictionary**) {
+  return AVERROR(EACCES);
+}
+
+std::string reasonOf(int error) {
+  std::array<char, AV_ERROR_MAX_STRING_SIZE> text{};
+  av_strerror(error, text.data(), text.size());
+  return text.data();
+}
+
+microseconds nominalDuration(const AVStream& stream) {
+  const AVCodecParameters& codec = *stream.codecpar;
+  if (codec.codec_type == AVMEDIA_TYPE_AUDIO) {
+    if (codec.frame_size <= 0 || codec.sample_rate <= 0) return {};
+    return microseconds(std::int64_t{codec.frame_size} * 1000000 / codec.sample_rate);
+  }
+  if (stream.avg_frame_rate.num <= 0 || stream.avg_frame_rate.den <= 0) return {};
+  return microseconds(av_rescale(1000000, stream.avg_frame_rate.den, stream.avg_frame_rate.num));
+}
+
+bool isPicture(const AVStream& stream) {
+  return (stream.disposition & (AV_DISPOSITION_ATTACHED_PIC | AV_DISPOSITION_TIMED_THUMBNAILS)) != 0;
+}
+
+bool isUsable(const AVStream& stream) {
+  const AVCodecParameters& codec = *stream.codecpar;
+  if (codec.codec_id == AV_CODEC_ID_NONE) return false;
+  if (codec.codec_type == AVMEDIA_TYPE_VIDEO) return codec.width > 0 && codec.height > 0 && !isPicture(stream);
+  return codec.codec_type == AVMEDIA_TYPE_AUDIO && codec.sample_rate > 0 && codec.ch_layout.nb_channels > 0;
+}
+
+struct Choice {
+  int video = -1;
+  int audio = -1;
+};
+
+Choice choose(AVFormatContext& format) {
+  Choice choice;
+  for (unsigned i = 0; i < format.nb_streams && choice.video < 0; ++i) {
+    const AVStream& stream = *format.streams[i];
+    if (stream.codecpar->codec_type == AVMEDIA_TYPE_VIDEO && isUsable(stream)) choice.video = static_cast<int>(i);
+  }
+  choice.audio = av_find_best_stream(&format, AVMEDIA_TYPE_AUDIO, -1, choice.video, nullptr, 0);
+  if (choice.audio >= 0 && !isUsable(*format.streams[choice.audio])) choice.audio = -1;
+  return choice;
+}
+
+/// Whether the header alone told enough of the chosen tracks; looking into the packets costs more than copying a short
+/// file.
+bool headerSaysAll(const AVFormatContext& format, const Choice& choice) {
+  if (!isSelfContained(*format.iformat)) return false;
+  if (choice.video < 0 && choice.audio < 0) return false;
+  for (unsigned i = 0; i < format.nb_streams; ++i) {
+    const AVMediaType type = format.streams[i]->codecpar->codec_type;
+    const bool isChosen = static_cast<int>(i) == choice.video || static_cast<int>(i) == choice.audio;
+    if (type == AVMEDIA_TYPE_VIDEO && choice.video < 0 && !isPicture(*format.streams[i])) return false;
+    if (type == AVMEDIA_TYPE_AUDIO && choice.audio < 0) return false;
+    if (!isChosen) continue;
+    const AVCodecParameters& codec = *format.streams[i]->codecpar;
+    switch (codec.codec_id) {
+      case AV_CODEC_ID_H264:
+      case AV_CODEC_ID_HEVC:
+        if (codec.extradata_size < 7 || codec.extradata[0] != 1) return false;
+        break;
+      case AV_CODEC_ID_AAC:
+      case AV_CODEC_ID_OPUS:
+        if (codec.extradata_size < 2) return false;
+        break;
+      default:
+        return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace
+
+Result<std::unique_ptr<MovieFile>, MediaFailure> MovieFile::open(const std::filesystem::path& file) {
+  prepareLibav();
+  auto input = FileInput::open(file);
+  if (!input) return failure(std::move(input.error()));
+  std::unique_ptr<MovieFile> movie(new MovieFile(std::move(*input), file.string()));
+  if (auto started = movie->start(); !started) return failure(std::move(started.error()));
+  return movie;
+}
+
+Result<void, MediaFailure> MovieFile::rewind() {
+  return start();
+}
+
+Result<void, MediaFailure> MovieFile::start() {
+  format_.reset();
+  input_ = file_.start();
+  tracks_ = {};
+  formats_ = {};
+  clock_ = {};
+  interleaver_ = {};
+  hasEnded_ = false;
+  failure_.reset();
+  if (input_ == nullptr) return failure(MediaFailure{MediaError::unreadable, "Cannot read " + name_});
+
+  const auto kind = probe();
+  if (!kind) return failure(kind.error());
+  AVFormatContext* context = avformat_alloc_context();
+  if (context == nullptr) return failure(MediaFailure{MediaError::unreadable, "No memory left to read " + name_});
+  context->pb = input_.get();
+  context->flags |= AVFMT_FLAG_CUSTOM_IO;
+  context->io_open = refuseToOpen;
+  context->protocol_whitelist = av_strdup("file");
+  const int opened = avformat_open_input(&context, name_.c_str(), *kind, nullptr);
+  if (opened < 0) {
+    return failure(MediaFailure{MediaError::damaged, name_ + " is damaged: its header cannot be read"});
+  }
+  format_.reset(context);
+  return chooseTracks();
+}
+
+Result<const AVInputFormat*, MediaFailure> MovieFile::probe() {
+  const AVInputFormat* kind = nullptr;
+  const int score = av_probe_input_buffer2(input_.get(), &kind, name_.c_str(), nullptr, 0, 0);
+  if (input_->error != 0) {
+    return failure(MediaFailure{MediaError::unreadable, "Cannot read " + name_ + ": " + reasonOf(input_->error)});
+  }
+  if (score < 0 || kind == nullptr) {
+    return failure(MediaFailure{MediaError::notMedia, name_ + " is not a video or audio file"});
+  }
+  if (refersToOtherFiles(*kind)) {
+    return failure(MediaFailure{
+        MediaError::notMedia, name_ + " only refers to other files; name the file that has the video or audio itself"});
+  }
+  if (!isAllowed(*kind)) {
+    return failure(MediaFailure{MediaError::notMedia, name_ + " is not a video or audio file of a known kind"});
+  }
+  return kind;
+}
+
+Result<void, MediaFailure> MovieFile::chooseTracks() {
+  Choice choice = choose(*format_);
+  if (headerSaysAll(*format_, choice)) {
+    format_->flags |= AVFMT_FLAG_NOPARSE;
+  } else {
+    // A failure leaves what was found, and what has no use is left out by choose().
+    avformat_find_stream_info(format_.get(), nullptr);
+    choice = choose(*format_);
+  }
+  for (unsigned i = 0; i < format_->nb_streams; ++i) {
+    const bool isChosen = static_cast<int>(i) == choice.video || static_cast<int>(i) == choice.audio;
+    if (!isChosen) format_->streams[i]->discard = AVDISCARD_ALL;
+  }
+  duration_ = microseconds(std::max<std::int64_t>(format_->duration, 0));
+  if (choice.video >= 0) describe(MediaKind::video, choice.video);
+  if (choice.audio >= 0) describe(MediaKind::audio, choice.audio);
+
+  // The first packets tell the time both tracks start from, and what the header left open.
+  while (!interleaver_.isReady()) fill();
+  for (std::size_t i = 0; i < tracks_.size(); ++i) {
+    if (!tracks_.at(i)) continue;
+    const PacketFormat& form = *formats_.at(i);
+    if (form.needsConfiguration() && form.configuration().empty()) {
+      tracks_.at(i).reset();
+      interleaver_.finish(static_cast<MediaKind>(i));
+    } else {
+      tracks_.at(i)->description.configuration = form.configuration();
+    }
+  }
+  if (!tracks_[0] && !tracks_[1]) {
+    return failure(MediaFailure{MediaError::noStreams, "There is neither video nor audio in " + name_});
+  }
+  return {};
+}
+
+void MovieFile::describe(MediaKind kind, int index) {
+  const AVStream& stream = *format_->streams[index];
+  const AVCodecParameters& codec = *stream.codecpar;
+  auto form = PacketFormat::create(codec);
+  if (form == nullptr) return;
+
+  Track track;
+  track.stream = &stream;
+  MediaTrack& description = track.description;
+  description.kind = kind;
+  description.codec = avcodec_get_name(codec.codec_id);
+  description.bitRate = std::max<std::int64_t>(codec.bit_rate, 0);
+  if (kind == MediaKind::video) {
+    description.width = codec.width;
+    description.height = codec.height;
+    const AVRational rate = stream.avg_frame_rate.num > 0 ? stream.avg_frame_rate : stream.r_frame_rate;
+    if (rate.num > 0 && rate.den > 0) description.frameRate = av_q2d(rate);
+    lacksPresentationTimes_ = codec.video_delay > 0 && hasDecodeTimesOnly(*format_->iformat);
+  } else {
+    description.sampleRate = codec.sample_rate;
+    description.channels = codec.ch_layout.nb_channels;
+  }
+  if (stream.duration > 0 && stream.duration != AV_NOPTS_VALUE) {
+    const microseconds length(av_rescale_q(stream.duration, stream.time_base, {1, 1000000}));
+    if (format_->duration <= 0) duration_ = std::max(duration_, length);
+  }
+  clock_.addTrack(kind, stream.time_base, nominalDuration(stream), (format_->iformat->flags & AVFMT_TS_DISCONT) != 0);
+  interleaver_.expect(kind);
+  formats_.at(static_cast<std::size_t>(kind)) = std::move(form);
+  tracks_.at(static_cast<std::size_t>(kind)) = std::move(track);
+}
+
+void MovieFile::fill() {
+  for (int errors = 0; errors < mostErrors; ++errors) {
+    PacketPointer packet(av_packet_alloc());
+    const int result = packet == nullptr ? AVERROR(ENOMEM) : av_read_frame(format_.get(), packet.get());
+    if (result >= 0) return take(std::move(packet));
+    if (input_->error != 0 && input_->error != AVERROR_EOF) {
+      failure_ = MediaFailure{MediaError::unreadable, "Cannot read " + name_ + " further: " + reasonOf(input_->error)};
+      break;
+    }
+    if (result == AVERROR_EOF) break;
+    if (errors + 1 == mostErrors) {
+      failure_ = MediaFailure{MediaError::damaged, name_ + " is damaged; nothing more can be read from it"};
+    }
+  }
+  hasEnded_ = true;
+  interleaver_.finish();
+}
+
+void MovieFile::take(PacketPointer packet) {
+  for (std::size_t i = 0; i < tracks_.size(); ++i) {
+    if (!tracks_.at(i) || tracks_.at(i)->stream->index != packet->stream_index) continue;
+    // A stream that loses packets on its way says so of all that follow, elsewhere the file has ended too early.
+    const bool isCut = (packet->flags & AV_PKT_FLAG_CORRUPT) != 0 && (format_->iformat->flags & AVFMT_TS_DISCONT) == 0;
+    if (isCut || packet->size <= 0 || !formats_.at(i)->apply(*packet)) return;
+    const auto kind = static_cast<MediaKind>(i);
+    const PacketTimes times = clock_.next(kind, *packet);
+    interleaver_.push({std::move(packet), kind, times});
+    return;
+  }
+}
+
+Result<std::optional<QueuedPacket>, MediaFailure> MovieFile::read() {
+  while (!hasEnded_ && !interleaver_.isReady()) fill();
+  auto next = interleaver_.pop();
+  if (!next && failure_) return failure(*failure_);
+  return next;
+}
+
+}  // namespace vellora
