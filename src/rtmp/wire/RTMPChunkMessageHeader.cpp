@@ -6,6 +6,12 @@
 #include "rtmp/wire/RTMPChunkBuffer.h"
 
 namespace vellora {
+namespace {
+
+/// So much has to arrive of a longer message before room for all of it is taken.
+constexpr std::size_t reservedFirst = 65536;
+
+}  // namespace
 
 void RTMPChunkMessageHeader::startPayload() {
   payload_ = Bytes(std::min(messageLength_, filledAtOnce));
@@ -22,9 +28,9 @@ Result<void, RTMPChunkError> RTMPChunkMessageHeader::put(RTMPChunkBuffer& buffer
   const std::size_t count = std::min(messageLength_ - position_, chunkSize);
   if (buffer.remaining() < count) return failure(RTMPChunkError::bufferUnderflow);
   if (count == 0) return {};
-  if (position_ == 0) {
-    if (payload_.empty()) startPayload();
-    payload_.reserve(messageLength_);  // pages nothing is written to stay unused
+  if (payload_.empty()) startPayload();
+  if (const std::size_t needed = position_ + count; needed > payload_.capacity()) {
+    payload_.reserve(needed <= reservedFirst ? std::min(messageLength_, reservedFirst) : messageLength_);
   }
   const ByteView part = buffer.take(count);
   const std::size_t inside = std::min(count, payload_.size() - position_);
