@@ -87,6 +87,28 @@ VerbDescription annotateVerb() {
   return verb;
 }
 
+VerbDescription publishVerb() {
+  VerbDescription verb;
+  verb.name = "publish";
+  verb.summary = "stream a video or audio file to an RTMP server";
+  verb.description =
+      "Streams as fast as the file plays. H.264, HEVC, AAC and Opus leave as they are, everything else is encoded "
+      "again "
+      "as H.264 and AAC. URL is rtmp://HOST[:PORT]/APPLICATION/STREAM, or rtmps:// for a secure connection, whose "
+      "certificate is always checked. Ctrl-C ends the stream properly, a second one at once. Secrets need not stand on "
+      "the command line: the password, then the stream name, are lines of standard input, which a terminal asks for.";
+  verb.arguments = {{"FILE", "the file to stream", true, {}, false, ValueHint::File},
+                    {"URL", "the server's address with the stream name at its end"}};
+  verb.options = {
+      {"--loop", "", "start again at the end, until stopped"},
+      {"--ca-file", "FILE", "also trust servers these certificate authorities vouch for (PEM)", ValueHint::File},
+      {"--user", "NAME", "log in with this name; the password is the first line of standard input"},
+      {"--key-from-stdin", "", "URL has no stream name: it is the next line of standard input"},
+      {"--as-fast-as-possible", "", "send as fast as the server takes it"},
+  };
+  return verb;
+}
+
 VerbDescription historyVerb() {
   VerbDescription verb;
   verb.name = "history";
@@ -125,6 +147,7 @@ const std::vector<VerbDescription>& commandTable() {
       editVerb(),
       renderVerb(),
       annotateVerb(),
+      publishVerb(),
       settingsVerb(),
       {"completion",
        "print the completion script of a shell",

@@ -52,6 +52,10 @@ int becomeRenderProgram(const QStringList& arguments) {
   return become(QStringLiteral("vellora-render"), arguments);
 }
 
+int becomePublishProgram(const QStringList& arguments) {
+  return become(QStringLiteral("vellora-publish"), arguments);
+}
+
 bool requireDesktop() {
   const bool isWayland = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
   if (!qEnvironmentVariableIsEmpty("DISPLAY")) {

@@ -12,6 +12,9 @@ int becomeDesktopProgram(const QStringList& arguments);
 /// Becomes the program that draws pictures without a display; as above.
 int becomeRenderProgram(const QStringList& arguments);
 
+/// Becomes the program that streams files; as above.
+int becomePublishProgram(const QStringList& arguments);
+
 /// Whether there is a desktop at all; without one a message is printed.
 bool requireDesktop();
 

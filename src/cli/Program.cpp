@@ -36,6 +36,7 @@ const std::map<std::string, std::function<int(const Invocation&)>>& handlers() {
       {"edit", edit},
       {"render", render},
       {"annotate", annotate},
+      {"publish", publish},
       {"settings", [](const Invocation&) { return showSettings(); }},
       {"settings list", listSettings},
       {"settings get", getSetting},
