@@ -41,7 +41,8 @@ class RTMPSocket {
 
   /// Tries every address of the host, IPv6 and IPv4, and ends with the TLS handshake. `host` without brackets.
   asio::awaitable<Result<void, RTMPSocketFailure>> connect(std::string host, std::uint16_t port);
-  /// All of `data`, which has to stay until the end.
+  /// All of `data`, which has to stay until the end. Cancelled on the way, it closes the socket: nobody knows what has
+  /// left.
   asio::awaitable<Result<void, RTMPSocketFailure>> send(ByteView data);
   /// The next block, as it comes; valid until the next call.
   asio::awaitable<Result<ByteView, RTMPSocketFailure>> recv();
@@ -56,7 +57,7 @@ class RTMPSocket {
 
  private:
   class Transport;
-  std::unique_ptr<Transport> transport_;
+  std::shared_ptr<Transport> transport_;
 };
 
 }  // namespace vellora
