@@ -20,8 +20,8 @@ class RTMPChunkReader {
  public:
   /// Chunk streams a server may use.
   static constexpr std::size_t maximumChunkStreams = 256;
-  /// Announced bytes of all messages being put together; no single message is longer.
-  static constexpr std::size_t maximumAssembly = 16U << 20;
+  /// Announced bytes of all messages being put together: the longest there can be, and room for others beside it.
+  static constexpr std::size_t maximumAssembly = 17U << 20;
   /// A larger chunk size is read as this one: no message is longer.
   static constexpr std::size_t maximumChunkSize = RTMPChunkBuffer::maximumMessageLength;
 
