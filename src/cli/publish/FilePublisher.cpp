@@ -18,6 +18,7 @@ constexpr std::size_t fullQueue = 1U << 20;
 constexpr std::size_t refillQueue = 256U << 10;
 /// The network gets its turn after this many bytes, also when the clock wants more at once.
 constexpr std::size_t bytesInARow = 1U << 20;
+constexpr std::chrono::milliseconds longestClose{1000};
 
 std::optional<RTMPVideoCodec> videoCodecOf(const MediaTrack& track) {
   if (track.codec == "h264") return RTMPVideoCodec::h264;
@@ -54,6 +55,7 @@ FilePublisher::FilePublisher(asio::io_context& context, MediaReader& reader, Pub
       request_(std::move(request)),
       turn_(context),
       flowTick_(context),
+      closing_(context),
       changed_(context.get_executor()),
       timeline_(reader.video() ? reader.video()->frameRate : 0) {
   if (isEncodedAgain(reader.video()) || isEncodedAgain(reader.audio())) readerThread_.emplace(1U);
@@ -74,7 +76,6 @@ asio::awaitable<PublishOutcome> FilePublisher::run() {
   }
   co_await close();
   flowTick_.cancel();
-  while (isWatching_) co_await changed_.wait();
   if (lost_ && !failure_ && !stopped_) failure_ = connectionLost(complaint_, request_.server);
 
   PublishOutcome outcome;
@@ -228,9 +229,9 @@ asio::awaitable<void> FilePublisher::watchServer() {
     const std::optional<RTMPStatus> status = co_await connection_->nextStatus();
     if (!status) break;
     const bool isStreamError = status->level == "error" && status->code.starts_with("NetStream.");
-    if (status->level == "error" && status->code != RTMPConnection::textOf(RTMPConnection::Code::connectClosed)) {
-      complaint_ = status;
-    }
+    // What the server complained of last explains its end better than the end itself.
+    const bool isEnd = status->code == RTMPConnection::textOf(RTMPConnection::Code::connectClosed);
+    if (status->level == "error" && !(isEnd && complaint_)) complaint_ = status;
     if (isStreamError && !isClosing_) fail(connectionLost(status, request_.server));
   }
   if (!isClosing_ && !isOver()) {
@@ -258,16 +259,24 @@ asio::awaitable<void> FilePublisher::watchFlow() {
   }
 }
 
-/// Ends the stream and the connection; also for a second caller only when both have ended.
+/// Ends the stream and the connection. They have done their own part to be quick; `longestClose` is for all together.
 asio::awaitable<void> FilePublisher::close() {
   if (!isClosing_) {
     isClosing_ = true;
-    if (isStreaming_) co_await stream_->close();
-    if (connection_) co_await connection_->close();
-    isClosed_ = true;
-    changed_.notify();
+    closing_.expires_after(longestClose);
+    asio::co_spawn(context_, closeAll(), asio::detached);
   }
-  while (!isClosed_) co_await changed_.wait();
+  asio::error_code ignored;
+  if (!isClosed_) co_await closing_.async_wait(asio::redirect_error(asio::use_awaitable, ignored));
+  isClosed_ = true;
+}
+
+asio::awaitable<void> FilePublisher::closeAll() {
+  if (isStreaming_) co_await stream_->close();
+  if (connection_) co_await connection_->close();
+  while (isWatching_) co_await changed_.wait();
+  isClosed_ = true;
+  closing_.cancel();
 }
 
 void FilePublisher::fail(PublishFailure failure) {

@@ -82,6 +82,7 @@ class FilePublisher {
   asio::awaitable<void> watchServer();
   asio::awaitable<void> watchFlow();
   asio::awaitable<void> close();
+  asio::awaitable<void> closeAll();
   void fail(PublishFailure failure);
   bool isOver() const { return stopped_ || failure_ || lost_; }
 
@@ -93,7 +94,8 @@ class FilePublisher {
   std::unique_ptr<RTMPStream> stream_;
   asio::steady_timer turn_;
   asio::steady_timer flowTick_;
-  AsyncSignal changed_;  ///< `isClosed_` or `isWatching_`
+  asio::steady_timer closing_;
+  AsyncSignal changed_;  ///< `isWatching_`
   LoopTimeline timeline_;
   PacingClock clock_;
   std::size_t appendedInARow_ = 0;  ///< bytes since the network had its turn

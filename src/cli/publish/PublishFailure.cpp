@@ -42,7 +42,7 @@ PublishFailure transportFailure(const RTMPSocketFailure& failure, const RTMPURL&
   const std::string place = hostAndPort(server);
   switch (failure.error) {
     case RTMPSocketError::resolveFailed:
-      return {"hostUnknown", "the host " + quoted(server.host) + " is not known"};
+      return {"hostUnknown", failure.message};
     case RTMPSocketError::connectionRefused:
       return {"connectionRefused", "nobody listens on " + place};
     case RTMPSocketError::unreachable:
@@ -108,7 +108,7 @@ PublishFailure publishFailure(const RTMPFailure& failure, PublishStep step, cons
     }
     return transportFailure(*failure.socket, server);
   }
-  if (failure.protocol) return {"protocolBroken", hostAndPort(server) + " does not speak RTMP: " + failure.message};
+  if (failure.protocol) return {"protocolBroken", hostAndPort(server) + ": " + failure.message};
   switch (failure.error) {
     case RTMPConnection::Error::requestFailed:
       return refusal(failure, step, server);
@@ -124,7 +124,7 @@ PublishFailure publishFailure(const RTMPFailure& failure, PublishStep step, cons
 }
 
 PublishFailure connectionLost(const std::optional<RTMPStatus>& status, const RTMPURL& server) {
-  return {"connectionLost", hostAndPort(server) + " ended the stream" + saidBy(status)};
+  return {"connectionLost", "the stream to " + hostAndPort(server) + " was cut off" + saidBy(status)};
 }
 
 PublishFailure serverStalled(std::chrono::seconds time, const RTMPURL& server) {

@@ -19,7 +19,7 @@ enum class PublishStep { connecting, startingStream, streaming };
 
 PublishFailure publishFailure(const MediaFailure& failure);
 PublishFailure publishFailure(const RTMPFailure& failure, PublishStep step, const RTMPURL& server);
-/// The connection closed in mid-stream; `status` is the last complaint of the server, if it made one.
+/// The connection closed in mid-stream; `status` says why, as far as that is known.
 PublishFailure connectionLost(const std::optional<RTMPStatus>& status, const RTMPURL& server);
 /// Nothing left for `seconds`, though there was something to send.
 PublishFailure serverStalled(std::chrono::seconds time, const RTMPURL& server);
