@@ -4,6 +4,7 @@
 
 #include "media/movies/DemuxingReader.h"
 #include "media/movies/MovieFile.h"
+#include "media/movies/StreamingReader.h"
 
 namespace vellora {
 
@@ -14,7 +15,10 @@ Result<std::unique_ptr<MediaReader>, MediaFailure> MediaReader::open(const std::
 }
 
 Result<std::unique_ptr<MediaReader>, MediaFailure> openForStreaming(const std::filesystem::path& file) {
-  return MediaReader::open(file);
+  auto movie = MovieFile::open(file);
+  if (!movie) return failure(std::move(movie.error()));
+  if (StreamingReader::isNeeded(**movie)) return StreamingReader::create(std::move(*movie));
+  return std::make_unique<DemuxingReader>(std::move(*movie));
 }
 
 }  // namespace vellora

@@ -26,53 +26,44 @@ std::optional<Microseconds> inMicroseconds(std::int64_t stamp, AVRational timeBa
 
 }  // namespace
 
-void MovieClock::addTrack(MediaKind kind, AVRational timeBase, std::chrono::microseconds nominal, bool mayJump) {
-  Track& track = tracks_.at(static_cast<std::size_t>(kind));
-  track = {};
-  track.timeBase = timeBase;
-  track.nominal = nominal.count();
-  track.mayJump = mayJump;
+void MovieClock::addTrack(MediaKind kind, const Kind& track) {
+  tracks_.at(static_cast<std::size_t>(kind)) = {.kind = track};
 }
 
 PacketTimes MovieClock::next(MediaKind kind, const AVPacket& packet) {
   const auto index = static_cast<std::size_t>(kind);
   Track& track = tracks_.at(index);
-  const auto decodeStamp = inMicroseconds(packet.dts, track.timeBase);
-  const auto presentationStamp = inMicroseconds(packet.pts, track.timeBase);
-  const auto length = inMicroseconds(packet.duration, track.timeBase);
+  const auto decodeStamp = inMicroseconds(packet.dts, track.kind.timeBase);
+  const auto presentationStamp = inMicroseconds(packet.pts, track.kind.timeBase);
+  Microseconds duration = inMicroseconds(packet.duration, track.kind.timeBase).value_or(0);
+  if (duration <= 0) duration = track.kind.nominal.count();
+  if (duration <= 0) duration = track.step;
 
-  const Microseconds expected = track.hasStarted ? track.decode + track.step : 0;
-  Microseconds stamp = expected - track.offset;
+  Microseconds stamp = track.hasStarted ? track.decode + track.step - track.offset : 0;
   if (decodeStamp) {
     stamp = *decodeStamp;
-  } else if (presentationStamp) {
-    // A picture may be shown long after it is decoded, but not before.
-    stamp = kind == MediaKind::audio || !track.hasStarted ? *presentationStamp : std::min(stamp, *presentationStamp);
+  } else if (presentationStamp && (kind == MediaKind::audio || !track.hasStarted)) {
+    stamp = *presentationStamp - track.kind.delay * duration;
   }
-  // Some files present before they decode: then decoding has to be earlier.
+  // No picture is shown before it is decoded.
   if (presentationStamp) stamp = std::min(stamp, *presentationStamp);
   if (track.hasStarted) followJump(track, tracks_.at(1 - index), stamp);
 
-  PacketTimes times;
   Microseconds decode = stamp + track.offset;
   if (track.hasStarted) decode = std::max(decode, track.decode + 1);
-  const Microseconds presentation = std::max(decode, presentationStamp ? *presentationStamp + track.offset : decode);
-  Microseconds duration = length.value_or(0);
-  if (duration <= 0) duration = track.nominal > 0 ? track.nominal : track.step;
+  const Microseconds presentation = std::max(decode, presentationStamp.value_or(stamp) + track.offset);
   track.step = duration;
   track.decode = decode;
   track.hasStarted = true;
-  times.decode = std::chrono::microseconds(decode);
-  times.presentation = std::chrono::microseconds(presentation);
-  times.duration = std::chrono::microseconds(duration);
-  return times;
+  using std::chrono::microseconds;
+  return {microseconds(decode), microseconds(presentation), microseconds(duration)};
 }
 
 void MovieClock::followJump(Track& track, const Track& other, Microseconds stamp) const {
   const Microseconds decode = stamp + track.offset;
   const Microseconds expected = track.decode + track.step;
   const bool isBack = decode < track.decode - furthestBack;
-  const bool isAhead = track.mayJump && decode > expected + furthestAhead;
+  const bool isAhead = track.kind.mayJump && decode > expected + furthestAhead;
   if (!isBack && !isAhead) return;
   const bool explained = other.hasStarted && std::abs(stamp + other.offset - expected) <= sameJump;
   track.offset = explained ? other.offset : expected - stamp;

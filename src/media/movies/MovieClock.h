@@ -21,19 +21,22 @@ struct PacketTimes {
 /// tracks.
 class MovieClock {
  public:
-  /// `nominal`: how long a packet lasts when the file does not say. `mayJump`: a format whose clock may also leap
-  /// ahead.
-  void addTrack(MediaKind kind, AVRational timeBase, std::chrono::microseconds nominal, bool mayJump);
+  struct Kind {
+    AVRational timeBase{1, 1000};
+    std::chrono::microseconds nominal{};  ///< how long a packet lasts when the file does not say
+    int delay = 0;                        ///< how many pictures are decoded before the first one is shown
+    bool mayJump = false;                 ///< the format's clock may also leap ahead
+  };
+
+  void addTrack(MediaKind kind, const Kind& track);
   /// The times of the track's next packet, still from the file's own zero.
   PacketTimes next(MediaKind kind, const AVPacket& packet);
 
  private:
   struct Track {
-    AVRational timeBase{1, 1000};
-    std::int64_t nominal = 0;  // all microseconds
-    bool mayJump = false;
+    Kind kind;
     bool hasStarted = false;
-    std::int64_t offset = 0;
+    std::int64_t offset = 0;  // all microseconds
     std::int64_t decode = 0;
     std::int64_t step = 0;
   };

@@ -223,7 +223,10 @@ void MovieFile::describe(MediaKind kind, int index) {
     const microseconds length(av_rescale_q(stream.duration, stream.time_base, {1, 1000000}));
     if (format_->duration <= 0) duration_ = std::max(duration_, length);
   }
-  clock_.addTrack(kind, stream.time_base, nominalDuration(stream), (format_->iformat->flags & AVFMT_TS_DISCONT) != 0);
+  clock_.addTrack(kind, {.timeBase = stream.time_base,
+                         .nominal = nominalDuration(stream),
+                         .delay = kind == MediaKind::video ? codec.video_delay : 0,
+                         .mayJump = (format_->iformat->flags & AVFMT_TS_DISCONT) != 0});
   interleaver_.expect(kind);
   formats_.at(static_cast<std::size_t>(kind)) = std::move(form);
   tracks_.at(static_cast<std::size_t>(kind)) = std::move(track);
