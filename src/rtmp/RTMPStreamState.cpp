@@ -96,8 +96,8 @@ asio::awaitable<void> RTMPStream::State::close() {
     queue = std::exchange(queue_, nullptr);
     if (queue && video_)
       queue->push(media(RTMPMessageType::video, RTMPOutgoing::Kind::frame, videoSequenceEnd(video_->codec)));
-    if (queue && audio_)
-      queue->push(media(RTMPMessageType::audio, RTMPOutgoing::Kind::frame, audioSequenceEnd(audio_->codec)));
+    if (Bytes end = audio_ ? audioSequenceEnd(audio_->codec) : Bytes(); queue && !end.empty())
+      queue->push(media(RTMPMessageType::audio, RTMPOutgoing::Kind::frame, std::move(end)));
   }
   if (publishTimer_ && !publishOutcome_) {
     publishOutcome_ = failure(RTMPFailure{Error::invalidState, "the stream was closed"});
