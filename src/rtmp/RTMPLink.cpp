@@ -242,6 +242,8 @@ void RTMPLink::begin(RTMPOutgoing message) {
   std::uint32_t timestamp = 0;
   if (current_.clock) {
     RTMPMediaClock& clock = *current_.clock;
+    // Both kinds of media count from the start of the stream, whichever frame of theirs is the first to leave.
+    if (!clock.hasStarted) clock.timestamp.update(std::chrono::microseconds::zero());
     // A configuration is at the start of the stream, and so the first message, from which the first frame counts.
     const std::uint32_t delta = clock.timestamp.update(current_.time.value_or(std::chrono::microseconds::zero()));
     const auto last = lastStreamIds_.find(current_.chunkStream);
