@@ -99,6 +99,16 @@ class RTMPTest : public ::testing::Test {
     return stream;
   }
 
+  /// Closes the stream and waits until the server has read all of it.
+  void finish(const ScriptedIngest& ingest, RTMPStream& stream) {
+    run(stream.close());
+    const auto isOver = [&] {
+      const auto names = ingest.names();
+      return !names.empty() && names.back() == "deleteStream";
+    };
+    EXPECT_TRUE(ingest.waitUntil(isOver)) << "the stream was not deleted";
+  }
+
   asio::thread_pool pool_{2};
 };
 

@@ -120,7 +120,7 @@ TEST_F(ConnectionTest, MatchesAnswersToRequests) {
     const auto answer = [&](double transaction, const char* text) {
       peer.command({result, WireValue::of(transaction), WireValue::null(), WireValue::of(text)});
     };
-    for (const double unknown : {0.0, -1.0, 1.0, 99.0, 1e300, 2.5}) answer(unknown, "nobody asked");
+    for (const double unknown : {0.0, -1.0, 1.0, 99.0, 1e300}) answer(unknown, "nobody asked");
     answer(second.transaction(), "for the second");
     answer(second.transaction(), "again");
     answer(first.transaction(), "for the first");

@@ -124,9 +124,9 @@ TEST_F(HostileServerTest, EndsEndlessHandshakes) {
 
 TEST_F(HostileServerTest, RefusesChunksNoServerSends) {
   expectRefused(joined({header(2, 4, wire::setChunkSize), bigEndian(0)}), "a chunk size of 0");
+  expectRefused(joined({header(2, 4, wire::setChunkSize), bigEndian(0x80000000U)}), "a chunk size of 2^31");
   expectRefused({0xC7}, "type 3 on an unknown chunk stream");
   expectRefused({0x87, 0, 0, 0}, "type 2 on an unknown chunk stream");
-  expectRefused({0x47, 0, 0, 0, 0, 0, 1, 20, 0}, "type 1 on an unknown chunk stream");
 
   Octets streams;
   for (std::uint32_t id = 3; id < 8000; ++id) {
@@ -173,9 +173,7 @@ TEST_F(HostileServerTest, SkipsWhatItDoesNotUnderstand) {
       joined({header(6, 1000, wire::video), Octets(128, 1), chunksOf(2, wire::abortMessage, 0, 0, bigEndian(6), 128),
               chunksOf(6, wire::video, 0, 0, Octets(20), 128)}),
       "a message that is aborted");
-  expectIgnored(joined({chunksOf(2, wire::setChunkSize, 0, 0, bigEndian(0x80000000U), 128),
-                        chunksOf(2, wire::setChunkSize, 0, 0, bigEndian(128), 128)}),
-                "a chunk size of 2^31");
+  expectIgnored({0x47, 0, 0, 0, 0, 0, 1, 20, 0}, "a chunk stream that starts without a message stream");
   expectIgnored(joined({header(6, 1000, wire::video), Octets(128, 1)}), "a message that is never finished");
   expectIgnored(joined({chunksOf(2, wire::windowSize, 0, 0, bigEndian(0), 128),
                         chunksOf(2, wire::windowSize, 0, 0, bigEndian(0xFFFFFFFF), 128)}),

@@ -93,7 +93,7 @@ TEST_F(StreamQueueTest, IsBoundedWhenTheServerDoesNotRead) {
   EXPECT_EQ(appendVideo(*stream, index + 1), Append::waitsForKeyFrame);
   const int key = index + groupLength;
   EXPECT_EQ(appendVideo(*stream, key), Append::queued);
-  run(stream->close());
+  finish(ingest_, *stream);
   const auto frames = received(wire::video);
   ASSERT_FALSE(frames.empty());
   EXPECT_EQ(frames.back().index, static_cast<std::uint32_t>(key));
@@ -127,7 +127,7 @@ TEST_F(StreamQueueTest, DropsVideoAndKeepsAudio) {
   }
   ingest_.mark("read");
   run(stream->waitUntilQueuedBelow(1));
-  run(stream->close());
+  finish(ingest_, *stream);
 
   const auto audio = received(wire::audio);
   ASSERT_EQ(audio.size(), static_cast<std::size_t>(all));
@@ -165,7 +165,7 @@ TEST_F(StreamQueueTest, BoundsTheFramesThatWait) {
   const int key = (index / groupLength + 1) * groupLength;
   EXPECT_EQ(appendVideo(*stream, key + 1), Append::waitsForKeyFrame);
   EXPECT_EQ(appendVideo(*stream, key), Append::queued);
-  run(stream->close());
+  finish(ingest_, *stream);
   EXPECT_EQ(received(wire::video).back().index, static_cast<std::uint32_t>(key));
 }
 

@@ -88,7 +88,7 @@ TEST_F(StreamTest, SendsFramesAsTheyAre) {
   EXPECT_EQ(stream->append(RTMPAudioFrame{10031333us, Octets{9}}), Append::queued);
   EXPECT_EQ(stream->append(RTMPVideoFrame{10033300us, 10033300us, false, Octets{5}}), Append::queued);
   EXPECT_EQ(stream->append(RTMPVideoFrame{10066600us, 10033300us, false, Octets{6}}), Append::queued);
-  run(stream->close());
+  finish(ingest, *stream);
 
   const Octets zeros{0, 0, 0};
   const auto video = receivedOf(ingest, wire::video);
@@ -123,7 +123,7 @@ TEST_F(StreamTest, SendsTheExtendedFormOfNewerCodecs) {
   ASSERT_TRUE(run(stream.publish("key")));
   stream.append(RTMPVideoFrame{0ms, 40ms, true, Octets{9}});
   stream.append(RTMPAudioFrame{0ms, Octets{8}});
-  run(stream.close());
+  finish(ingest, stream);
   const auto metadata = ingest.messages(wire::data);
   ASSERT_EQ(metadata.size(), 1U);
   EXPECT_EQ(metadata[0].values.at(2).find("videocodecid")->number, 0x68766331);
@@ -149,7 +149,7 @@ TEST_F(StreamTest, GoesOnPast24BitsOfMilliseconds) {
     EXPECT_EQ(stream->append(RTMPVideoFrame{time, time, i % 4 == 0, Octets{1}}), Append::queued);
     EXPECT_EQ(stream->append(RTMPAudioFrame{time + 7ms, Octets{2}}), Append::queued);
   }
-  run(stream->close());
+  finish(ingest, *stream);
   auto video = receivedOf(ingest, wire::video);
   auto audio = receivedOf(ingest, wire::audio);
   ASSERT_GE(video.size(), 13U);
@@ -175,7 +175,7 @@ TEST_F(StreamTest, NeverGoesBackInTime) {
     EXPECT_EQ(stream->append(RTMPVideoFrame{time, time, true, Octets{1}}), Append::queued);
   }
   EXPECT_EQ(stream->append(RTMPAudioFrame{4990ms, Octets{1}}), Append::queued);
-  run(stream->close());
+  finish(ingest, *stream);
   std::vector<std::uint64_t> times;
   for (const auto& [time, payload] : receivedOf(ingest, wire::video)) times.push_back(time);
   times.resize(6);
@@ -192,7 +192,7 @@ TEST_F(StreamTest, TellsOfNewSettingsBeforeTheNextFrame) {
   stream->setVideoSettings({RTMPVideoCodec::h264, 640, 360, 25, 500'000, {5, 6}});
   EXPECT_EQ(stream->metadata().named.find("width")->as<double>()[0], 640);
   stream->append(RTMPVideoFrame{40ms, 40ms, true, Octets{2}});
-  run(stream->close());
+  finish(ingest, *stream);
   const auto metadata = ingest.messages(wire::data);
   ASSERT_EQ(metadata.size(), 2U);
   EXPECT_EQ(metadata[1].values.at(2).find("width")->number, 640);
@@ -263,7 +263,7 @@ TEST_F(StreamTest, TwoStreamsShareAConnection) {
   }
   run(first->close());
   EXPECT_EQ(second->append(RTMPVideoFrame{1h + 600ms, 1h + 600ms, true, Octets{2}}), Append::queued);
-  run(second->close());
+  finish(ingest, *second);
   std::size_t ofFirst = 0;
   std::size_t ofSecond = 0;
   for (const WireMessage& message : ingest.messages(wire::video)) {

@@ -181,6 +181,8 @@ TEST(ChunkMessageHeader, TakesAChunkWhollyOrNotAtAll) {
   header.setMessageLength(4);
   EXPECT_EQ(header.payload(), Bytes(4)) << "another length starts anew";
   EXPECT_EQ(header.position(), 0U);
+  header.abort();
+  EXPECT_EQ(header.payload().capacity(), 0U) << "what was aborted holds no memory";
 }
 
 }  // namespace

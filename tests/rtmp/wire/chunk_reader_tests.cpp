@@ -105,7 +105,7 @@ TEST_F(ChunkReader, GivesTheSameMessagesHoweverTheBytesAreSplit) {
 TEST_F(ChunkReader, RefusesAHeaderItsChunkStreamNeverHad) {
   for (const std::uint8_t first : Bytes{0x85, 0xC5}) {
     reader_ = {};
-    EXPECT_EQ(read(Bytes{first, 0, 0, 0}).error(), RTMPChunkError::unknowChunkType);
+    EXPECT_EQ(read(Bytes{first}).error(), RTMPChunkError::unknowChunkType);
     EXPECT_EQ(read(Sender().chunk(5, 0, 1, video, {1}).bytes).error(), RTMPChunkError::unknowChunkType)
         << "after an error nothing is read";
   }
