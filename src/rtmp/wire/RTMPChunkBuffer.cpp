@@ -50,9 +50,7 @@ void RTMPChunkBuffer::put(ByteView data) {
   if (position_ == end_) position_ = end_ = 0;
   if (data.size() > capacity_ - end_) {
     const std::size_t needed = remaining() + data.size();
-    // Bytes are moved at most once for each byte read before them, and copied to twice the room.
-    const bool movesOften = remaining() > position_;
-    makeRoom(needed > capacity_ || movesOften ? std::max(needed, capacity_ * 2) : capacity_);
+    makeRoom(needed > capacity_ ? std::max(needed, capacity_ * 2) : capacity_);
   }
   std::memcpy(data_.get() + end_, data.data(), data.size());
   end_ += data.size();

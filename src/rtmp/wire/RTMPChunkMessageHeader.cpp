@@ -13,22 +13,17 @@ constexpr std::size_t reservedFirst = 65536;
 
 }  // namespace
 
-void RTMPChunkMessageHeader::startPayload() {
-  payload_ = Bytes(std::min(messageLength_, filledAtOnce));
-  position_ = 0;
-}
-
 void RTMPChunkMessageHeader::setMessageLength(std::size_t length) {
   if (length == messageLength_) return;
   messageLength_ = length;
-  startPayload();
+  payload_ = Bytes(std::min(length, filledAtOnce));
+  position_ = 0;
 }
 
 Result<void, RTMPChunkError> RTMPChunkMessageHeader::put(RTMPChunkBuffer& buffer, std::size_t chunkSize) {
   const std::size_t count = std::min(messageLength_ - position_, chunkSize);
   if (buffer.remaining() < count) return failure(RTMPChunkError::bufferUnderflow);
   if (count == 0) return {};
-  if (payload_.empty()) startPayload();
   if (const std::size_t needed = position_ + count; needed > payload_.capacity()) {
     payload_.reserve(needed <= reservedFirst ? std::min(messageLength_, reservedFirst) : messageLength_);
   }
@@ -47,7 +42,7 @@ std::optional<RTMPMessage> RTMPChunkMessageHeader::makeMessage() {
 }
 
 void RTMPChunkMessageHeader::abort() {
-  payload_ = {};
+  payload_ = Bytes();  // gives the memory back
   position_ = 0;
 }
 

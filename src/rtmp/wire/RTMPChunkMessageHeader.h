@@ -25,8 +25,8 @@ class RTMPChunkMessageHeader {
   std::size_t messageLength() const { return messageLength_; }
   /// Another length starts the payload anew; the same length changes nothing.
   void setMessageLength(std::size_t length);
-  /// Zero-filled behind the position, except that of a payload longer than `filledAtOnce` only what has arrived is
-  /// there: announcing it costs neither memory nor time.
+  /// A new length makes `filledAtOnce` zeros of it at most. Beyond those, and of further messages of the same length,
+  /// only what has arrived is there: announcing a message costs neither memory nor time.
   const Bytes& payload() const { return payload_; }
   std::size_t position() const { return position_; }
   static constexpr std::size_t filledAtOnce = 4096;
@@ -43,8 +43,6 @@ class RTMPChunkMessageHeader {
   void abort();
 
  private:
-  void startPayload();
-
   std::size_t messageLength_ = 0;
   Bytes payload_;
   std::size_t position_ = 0;
