@@ -183,8 +183,11 @@ void RTMPConnection::Session::sendCommand(std::uint32_t streamId, std::int64_t t
   queue_->push({command.type(), RTMPChunkStreamId::command, streamId, std::move(command.payload)});
 }
 
-void RTMPConnection::Session::send(std::uint32_t streamId, std::string commandName, std::vector<AMFValue> arguments) {
-  sendCommand(streamId, ++currentTransactionId_, std::move(commandName), std::nullopt, std::move(arguments));
+std::int64_t RTMPConnection::Session::send(std::uint32_t streamId, std::string commandName,
+                                           std::vector<AMFValue> arguments) {
+  const std::int64_t transactionId = ++currentTransactionId_;
+  sendCommand(streamId, transactionId, std::move(commandName), std::nullopt, std::move(arguments));
+  return transactionId;
 }
 
 void RTMPConnection::Session::attach(std::uint32_t streamId, std::weak_ptr<StreamListener> stream) {
@@ -210,13 +213,17 @@ void RTMPConnection::Session::commandReceived(RTMPCommandMessage command) {
     response.status = statusAmong(command.arguments);
     if (command.commandObject) response.commandObject = std::move(*command.commandObject);
     response.arguments = std::move(command.arguments);
-    if (command.commandName == "_result")
+    if (command.commandName == "_result") {
       complete(command.transactionId, std::move(response));
-    else
-      complete(command.transactionId,
-               failure(refusal(command.transactionId == connectTransaction ? "the server did not accept the connection"
-                                                                           : "the server refused the request",
-                               std::move(response.status))));
+    } else {
+      const RTMPFailure why =
+          refusal(command.transactionId == connectTransaction ? "the server did not accept the connection"
+                                                              : "the server refused the request",
+                  std::move(response.status));
+      for (const auto& [id, weak] : streams_)
+        if (const auto stream = weak.lock()) stream->commandRefused(command.transactionId, why);
+      complete(command.transactionId, failure(why));
+    }
   } else if (command.commandName == "onStatus") {
     if (const auto status = statusAmong(command.arguments)) statusReceived(command.streamId, *status);
   } else if (command.commandName == "close") {

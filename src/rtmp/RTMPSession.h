@@ -31,6 +31,8 @@ class RTMPConnection::Session : public RTMPLink::Owner, public std::enable_share
    public:
     virtual ~StreamListener() = default;
     virtual void streamStatus(const RTMPStatus& status) = 0;
+    /// The server answered a command that was sent without waiting for its answer with an error.
+    virtual void commandRefused(std::int64_t transactionId, const RTMPFailure& why) = 0;
     virtual void connectionClosed(const RTMPFailure& why) = 0;
   };
 
@@ -52,8 +54,8 @@ class RTMPConnection::Session : public RTMPLink::Owner, public std::enable_share
   void abandon();
   asio::awaitable<std::optional<RTMPStatus>> nextStatus();
 
-  /// A command without an answer, on the message stream given.
-  void send(std::uint32_t streamId, std::string commandName, std::vector<AMFValue> arguments);
+  /// A command without an answer, on the message stream given. Returns its transaction id.
+  std::int64_t send(std::uint32_t streamId, std::string commandName, std::vector<AMFValue> arguments);
   void attach(std::uint32_t streamId, std::weak_ptr<StreamListener> stream);
   void detach(std::uint32_t streamId);
   /// Null before the connection is open.

@@ -43,7 +43,7 @@ asio::awaitable<Result<RTMPResponse, RTMPFailure>> RTMPStream::State::publish(st
   // Some servers want these before a stream of that name may be published; the others ignore them.
   session_->send(0, "releaseStream", {name_});
   session_->send(0, "FCPublish", {name_});
-  session_->send(streamId_, "publish", {name_, textOf(type)});
+  publishTransaction_ = session_->send(streamId_, "publish", {name_, textOf(type)});
   publishTimer_.emplace(strand());
   publishTimer_->expires_after(session_->options().requestTimeout);
   asio::error_code error;
@@ -67,6 +67,12 @@ void RTMPStream::State::streamStatus(const RTMPStatus& status) {
   } else {
     return;
   }
+  publishTimer_->cancel();
+}
+
+void RTMPStream::State::commandRefused(std::int64_t transactionId, const RTMPFailure& why) {
+  if (!publishTimer_ || publishOutcome_ || transactionId != publishTransaction_) return;
+  publishOutcome_ = failure(why);
   publishTimer_->cancel();
 }
 

@@ -41,6 +41,7 @@ class RTMPStream::State : public RTMPConnection::Session::StreamListener, public
 
  private:
   void streamStatus(const RTMPStatus& status) override;
+  void commandRefused(std::int64_t transactionId, const RTMPFailure& why) override;
   void connectionClosed(const RTMPFailure& why) override;
   void startPublishing();
   void stopPublishing();
@@ -58,6 +59,7 @@ class RTMPStream::State : public RTMPConnection::Session::StreamListener, public
   // On the strand:
   std::uint32_t streamId_ = 0;
   std::string name_;
+  std::int64_t publishTransaction_ = 0;
   std::optional<asio::steady_timer> publishTimer_;
   std::optional<Result<RTMPResponse, RTMPFailure>> publishOutcome_;
 
