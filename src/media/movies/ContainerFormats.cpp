@@ -25,9 +25,9 @@ bool sharesName(std::string_view names, std::string_view list) {
 
 bool isAllowed(const AVInputFormat& format) {
   return sharesName(format.name,
-                    "mov,mp4,m4a,3gp,matroska,webm,flv,live_flv,kux,avi,mpegts,mpeg,mpegvideo,ogg,mp3,aac,wav,w64,aiff,"
-                    "au,caf,flac,ac3,eac3,dts,truehd,amr,wv,ape,tta,tak,h264,hevc,av1,obu,ivf,m4v,mjpeg,dv,asf,rm,mxf,"
-                    "mxf_opatom,nut,gxf,gif,apng,yuv4mpegpipe,wtv,swf,nsv,nuv,smjpeg,vc1,h263,dirac,cavsvideo,aa,loas");
+                    "mov,mp4,m4a,3gp,matroska,webm,flv,avi,mpegts,mpeg,mpegvideo,ogg,mp3,aac,wav,w64,aiff,"
+                    "au,caf,flac,ac3,eac3,dts,amr,wv,ape,tta,h264,hevc,av1,obu,ivf,m4v,mjpeg,dv,asf,rm,mxf,"
+                    "mxf_opatom,nut,gif,apng,yuv4mpegpipe,vc1");
 }
 
 bool refersToOtherFiles(const AVInputFormat& format) {

@@ -31,6 +31,13 @@ std::size_t findStartCode(Bytes stream, std::size_t from) {
   return size;
 }
 
+/// Big-endian.
+std::size_t numberIn(Bytes bytes) {
+  std::size_t value = 0;
+  for (const std::uint8_t byte : bytes) value = value << 8 | byte;
+  return value;
+}
+
 void keep(std::vector<Set>& sets, Bytes unit) {
   const auto same = [&](const Set& set) { return std::ranges::equal(set, unit); };
   if (sets.size() < mostSets && unit.size() <= 0xFFFF && std::ranges::none_of(sets, same)) {
@@ -134,16 +141,41 @@ void splitByteStream(Bytes stream, std::vector<Bytes>& units) {
   }
 }
 
-bool isLengthPrefixed(Bytes data, int lengthBytes) {
+bool splitLengthPrefixed(Bytes data, int lengthBytes, std::vector<Bytes>& units) {
   const auto prefix = static_cast<std::size_t>(lengthBytes);
   while (!data.empty()) {
     if (data.size() < prefix) return false;
-    std::size_t length = 0;
-    for (std::size_t i = 0; i < prefix; ++i) length = length << 8 | data[i];
+    const std::size_t length = numberIn(data.first(prefix));
     if (length > data.size() - prefix) return false;
+    units.push_back(data.subspan(prefix, length));
     data = data.subspan(prefix + length);
   }
   return true;
+}
+
+std::vector<Bytes> unitsOfConfiguration(Bytes record, NalCodec codec) {
+  std::vector<Bytes> units;
+  const auto take = [&](std::size_t count) {
+    const Bytes taken = record.first(std::min(count, record.size()));
+    record = record.subspan(taken.size());
+    return taken;
+  };
+  const auto takeUnits = [&](std::size_t count) {
+    for (std::size_t i = 0; i < count && !record.empty(); ++i) units.push_back(take(numberIn(take(2))));
+  };
+  if (codec == NalCodec::h264) {
+    take(5);
+    takeUnits(numberIn(take(1)) & 31);
+    takeUnits(numberIn(take(1)));
+  } else {
+    take(22);
+    const std::size_t arrays = numberIn(take(1));
+    for (std::size_t i = 0; i < arrays && !record.empty(); ++i) {
+      take(1);
+      takeUnits(numberIn(take(2)));
+    }
+  }
+  return units;
 }
 
 void ParameterSets::collect(std::span<const Bytes> units, NalCodec codec) {

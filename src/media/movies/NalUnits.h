@@ -18,8 +18,12 @@ NalRole roleOf(std::span<const std::uint8_t> unit, NalCodec codec);
 /// Appends the units of a byte stream (H.264 and H.265, annex B) to `units`, without start codes and trailing zeros.
 void splitByteStream(std::span<const std::uint8_t> stream, std::vector<std::span<const std::uint8_t>>& units);
 
-/// Whether length-prefixed units fill `data` exactly.
-bool isLengthPrefixed(std::span<const std::uint8_t> data, int lengthBytes);
+/// Appends length-prefixed units to `units`; false when they do not fill `data` exactly.
+bool splitLengthPrefixed(std::span<const std::uint8_t> data, int lengthBytes,
+                         std::vector<std::span<const std::uint8_t>>& units);
+
+/// The parameter sets in an avcC or hvcC record, as far as it can be read.
+std::vector<std::span<const std::uint8_t>> unitsOfConfiguration(std::span<const std::uint8_t> record, NalCodec codec);
 
 /// The parameter sets a decoder needs before the first picture.
 struct ParameterSets {
