@@ -24,6 +24,7 @@ namespace fs = std::filesystem;
 // One process, so that it can be stopped and ended whole.
 constexpr const char* baseConfiguration = R"(
 load_module /usr/lib/nginx/modules/ngx_rtmp_module.so;
+load_module /usr/lib/nginx/modules/ngx_stream_module.so;
 daemon off; master_process off; pid nginx.pid; error_log error.log info;
 events { worker_connections 256; }
 rtmp {
@@ -51,9 +52,7 @@ http {
 }
 )";
 
-constexpr const char* secureConfiguration = R"(
-load_module /usr/lib/nginx/modules/ngx_stream_module.so;
-stream {
+constexpr const char* secureConfiguration = R"(stream {
   server {
     listen @secure@ ssl; proxy_pass @ingest@;
     ssl_certificate @certificate@; ssl_certificate_key @key@; ssl_protocols @protocols@;
@@ -146,8 +145,8 @@ bool NginxIngest::launch(const Options& options) {
 
 std::string NginxIngest::configuration(const Options& options) const {
   const auto port = [](std::uint16_t number) { return "127.0.0.1:" + std::to_string(number); };
-  std::string text = securePort_ == 0 ? "" : secureConfiguration;
-  text += baseConfiguration;
+  std::string text = baseConfiguration;
+  if (securePort_ != 0) text += secureConfiguration;
   const std::array<std::pair<std::string, std::string>, 10> values{{
       {"@ingest@", port(port_)},
       {"@secure@", port(securePort_)},
