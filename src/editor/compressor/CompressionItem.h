@@ -20,6 +20,7 @@ struct CompressionOutput {
   std::uintmax_t bytes = 0;
   int width = 0;
   int height = 0;
+  bool isFlattened = false;  ///< transparency became white
 };
 
 /// One picture of a run.

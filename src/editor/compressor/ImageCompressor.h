@@ -53,7 +53,8 @@ class ImageCompressor {
     std::vector<std::byte> data;  ///< the source's own bytes when `isOriginal`
     int width = 0;
     int height = 0;
-    bool isOriginal = false;  ///< nothing smaller was found, in the same type and size
+    bool isOriginal = false;   ///< nothing smaller was found, in the same type and size
+    bool isFlattened = false;  ///< transparency became white, which the type cannot hold
   };
 
   /// A whole file, smaller. When type and size stay and nothing smaller was found the source's bytes come back, without
