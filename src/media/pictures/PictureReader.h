@@ -28,7 +28,8 @@ struct PictureInfo {
   bool hasAlpha = false;
   int orientation = 1;  ///< of Exif, 1 to 8: how the stored pixels have to be turned
   bool hasProfile = false;
-  bool hasMetadata = false;  ///< Exif, XMP, IPTC, comments
+  bool hasMetadata = false;      ///< Exif, XMP, IPTC, comments
+  std::size_t workingBytes = 0;  ///< what the decoder needs beside the pixels
 };
 
 /// What goes with the pixels. Blocks as they stand in a file, without the file's framing; empty for none.
