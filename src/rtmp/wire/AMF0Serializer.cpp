@@ -297,7 +297,8 @@ bool AMF0Serializer::readECMAArray(AMFValue& value, int depth) {
     bool isEnd = false;
     if (!readProperty(key, held, isEnd, depth)) return false;
     if (isEnd) break;
-    if (key == IndexText(array.values.size())) {
+    // Positions that come later stay names, so that the order is kept.
+    if (array.named.empty() && key == IndexText(array.values.size())) {
       array.values.push_back(std::move(held));
     } else {
       array.named.append(std::string(key), std::move(held));
