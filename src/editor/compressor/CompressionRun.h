@@ -64,6 +64,10 @@ class CompressionRun {
   const std::vector<CompressionItem>& items() const;
   const CompressionItem* find(std::uint64_t id) const;
 
+  /// Reads size and thumbnail of an item that has none yet, for a row that is seen; on a thread, told by
+  /// `onItemChanged`.
+  void requestThumbnail(std::uint64_t id);
+
   /// Runs every item that waits, and those done with other options; nothing while running.
   void start(const CompressOptions& options, const CompressDestination& destination);
   /// Failed or cancelled items again, also while others run.

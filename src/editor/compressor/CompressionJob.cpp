@@ -1,0 +1,97 @@
+#include "editor/compressor/CompressionJob.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <QFile>
+#include <array>
+#include <utility>
+
+#include "base/AtomicFile.h"
+#include "base/FileName.h"
+#include "editor/compressor/PictureFolder.h"
+
+namespace vellora {
+namespace {
+
+namespace fs = std::filesystem;
+
+QString qPath(const fs::path& path) {
+  return QFile::decodeName(path.c_str());
+}
+
+PictureFailure writeFailure(const FileError& error) {
+  PictureError kind = PictureError::WriteFailed;
+  if (error.kind == FileError::Kind::NoSpace) kind = PictureError::DiskFull;
+  return {kind, error.description().toStdString()};
+}
+
+std::string extensionFor(const fs::path& source, PictureType type) {
+  std::string own = source.extension().string();
+  if (!own.empty()) own.erase(0, 1);
+  return isExtensionOf(type, own) ? own : std::string(fileExtension(type));
+}
+
+Result<fs::path, PictureFailure> write(const CompressionJob& job, const ImageCompressor::Output& output) {
+  const CompressDestination& destination = job.destination;
+  const bool isBeside = destination.mode == CompressOutputMode::sourceFolder;
+  const bool isPasted = job.source.empty();
+  const fs::path folder =
+      !isBeside ? destination.folder : (isPasted ? destination.pastedFolder : job.source.parent_path());
+  QString stem = isPasted ? sanitizedFileName(QString::fromStdString(job.displayName)) : qPath(job.source.stem());
+  if (isBeside && !isPasted) stem += QLatin1String(compressedSuffix);
+  const std::string extension = extensionFor(job.source, output.type);
+  const auto written =
+      AtomicFile::writeNew(qPath(folder), stem, QString::fromStdString(extension), std::span(output.data));
+  if (!written) return failure(writeFailure(written.error()));
+  return fs::path(QFile::encodeName(*written).toStdString());
+}
+
+void copyDates(const fs::path& from, const fs::path& to) {
+  struct stat status {};
+  if (::stat(from.c_str(), &status) != 0) return;
+  const std::array<timespec, 2> dates{status.st_atim, status.st_mtim};
+  ::utimensat(AT_FDCWD, to.c_str(), dates.data(), 0);
+}
+
+}  // namespace
+
+std::size_t workingBytes(std::size_t decodedBytes) {
+  return decodedBytes + decodedBytes / 2 * 3;
+}
+
+Result<CompressionResult, PictureFailure> carryOut(const CompressionJob& job, MemoryGate& gate) {
+  if (job.isCancelled()) return failure(PictureFailure{PictureError::Cancelled});
+  const CompressControl control{job.threads, job.isCancelled};
+  CompressionResult result;
+  Result<ImageCompressor::Output, PictureFailure> output = failure(PictureFailure{});
+  if (job.source.empty()) {
+    const MemoryGate::Share share(gate, workingBytes(job.image.bytes()));
+    result.sourceSize = {job.image.width(), job.image.height()};
+    result.sourceBytes = job.image.bytes();
+    output = ImageCompressor::compress(job.image, job.options, control);
+  } else {
+    const auto file = readPictureFile(job.source);
+    if (!file) return failure(file.error());
+    result.sourceBytes = file->size();
+    const auto info = inspectPicture(*file);
+    if (!info) return failure(info.error());
+    result.sourceSize = {info->width, info->height};
+    result.sourceType = info->type;
+    DecodeOptions decoding;
+    decoding.neededEdge = job.options.maxEdge.value_or(0);
+    const MemoryGate::Share share(gate, file->size() + workingBytes(decodedBytesOf(*info, decoding)));
+    output = ImageCompressor::compress(*file, job.options, control);
+  }
+  if (!output) return failure(std::move(output.error()));
+  if (job.isCancelled()) return failure(PictureFailure{PictureError::Cancelled});
+  auto written = write(job, *output);
+  if (!written) return failure(std::move(written.error()));
+  if (job.options.keepsDates && !job.source.empty()) copyDates(job.source, *written);
+  result.isOriginal = output->isOriginal;
+  result.output = {std::move(*written), output->type,   output->data.size(),
+                   output->width,       output->height, output->isFlattened};
+  return result;
+}
+
+}  // namespace vellora

@@ -1,0 +1,454 @@
+#include "editor/compressor/CompressionRun.h"
+
+#include <algorithm>
+#include <atomic>
+#include <set>
+#include <thread>
+#include <unordered_map>
+#include <utility>
+
+#include "base/SerialQueue.h"
+#include "editor/compressor/CompressionJob.h"
+#include "editor/compressor/CompressionWorkers.h"
+#include "editor/compressor/PictureFolder.h"
+#include "media/pictures/Resampler.h"
+
+namespace vellora {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int thumbnailEdge = 96;
+
+int defaultJobs() {
+  return static_cast<int>(std::clamp(std::thread::hardware_concurrency(), 1U, 16U));
+}
+
+bool isFinished(CompressionState state) {
+  return state != CompressionState::waiting && state != CompressionState::running;
+}
+
+bool isSuccess(CompressionState state) {
+  return state == CompressionState::done || state == CompressionState::unchanged;
+}
+
+struct Glance {
+  std::optional<PictureType> type;
+  ImageCompressor::Size size;
+  Raster thumbnail;
+};
+
+Raster reduced(const Raster& raster, int edge) {
+  const ImageCompressor::Size size = ImageCompressor::resizedSize(raster.width(), raster.height(), edge);
+  return resampled(raster, size.width, size.height).value_or(Raster());
+}
+
+Glance glanceAt(const fs::path& source, const Raster& image, MemoryGate& gate) {
+  if (source.empty()) return {std::nullopt, {image.width(), image.height()}, reduced(image, thumbnailEdge)};
+  const auto file = readPictureFile(source);
+  if (!file) return {};
+  const auto info = inspectPicture(*file);
+  if (!info) return {};
+  DecodeOptions decoding;
+  decoding.neededEdge = thumbnailEdge;
+  const MemoryGate::Share share(gate, file->size() + decodedBytesOf(*info, decoding));
+  const auto picture = decodePicture(*file, decoding);
+  return {info->type, {info->width, info->height}, picture ? reduced(picture->raster, thumbnailEdge) : Raster()};
+}
+
+Result<CompressionRun::Preview, PictureFailure> makePreview(const fs::path& source, const Raster& image,
+                                                            const CompressOptions& options, MemoryGate& gate) {
+  CompressionRun::Preview preview;
+  Result<ImageCompressor::Output, PictureFailure> output = failure(PictureFailure{});
+  if (source.empty()) {
+    preview.before = image;
+    output = ImageCompressor::compress(image, options);
+  } else {
+    const auto file = readPictureFile(source);
+    if (!file) return failure(file.error());
+    const auto info = inspectPicture(*file);
+    if (!info) return failure(info.error());
+    const MemoryGate::Share share(gate, file->size() + workingBytes(2 * decodedBytesOf(*info)));
+    auto before = decodePicture(*file);
+    if (!before) return failure(before.error());
+    preview.before = std::move(before->raster);
+    output = ImageCompressor::compress(*file, options);
+  }
+  if (!output) return failure(output.error());
+  auto after = decodePicture(output->data);
+  if (!after) return failure(after.error());
+  preview.after = std::move(after->raster);
+  preview.bytes = output->data.size();
+  return preview;
+}
+
+}  // namespace
+
+class CompressionRun::State : public std::enable_shared_from_this<State> {
+ public:
+  State(RunLoop& runLoop, Callbacks callbacks, int jobs)
+      : runLoop_(runLoop), callbacks_(std::move(callbacks)), jobs_(jobs > 0 ? jobs : defaultJobs()) {
+    workers_ = std::make_unique<CompressionWorkers>(jobs_);
+    lookingQueue_ = std::make_unique<SerialQueue>("dev.orlo.vellora.compressor-looking", SerialQueue::Quality::Utility);
+    previewQueue_ = std::make_unique<SerialQueue>("dev.orlo.vellora.compressor-preview");
+  }
+
+  /// Called by the owner: ends the threads, after which nothing is called back any more.
+  void end() {
+    isEnding_ = true;
+    ++cancellation_;
+    ++previewNumber_;
+    workers_.reset();
+    lookingQueue_.reset();
+    previewQueue_.reset();
+    callbacks_ = {};
+  }
+
+  void addPaths(std::vector<fs::path> paths, bool recursive) {
+    lookingQueue_->async([this, paths = std::move(paths), recursive] {
+      std::vector<CompressionItem> found;
+      for (const fs::path& path : paths) {
+        if (isEnding_) return;
+        std::error_code error;
+        const bool isFolder = fs::is_directory(path, error);
+        for (const fs::path& file : isFolder ? picturesIn(path, recursive, maximumItems) : std::vector{path}) {
+          if (found.size() >= maximumItems) break;
+          CompressionItem item;
+          item.sourceURL = file.lexically_normal();
+          item.displayName = file.filename().string();
+          const std::uintmax_t bytes = fs::file_size(file, error);
+          item.originalBytes = error ? 0 : bytes;
+          found.push_back(std::move(item));
+        }
+      }
+      post([found = std::move(found)](State& self) mutable { self.add(std::move(found)); });
+    });
+  }
+
+  void addPixels(Raster raster, std::string displayName) {
+    CompressionItem item;
+    item.displayName = std::move(displayName);
+    item.pixelSize = {raster.width(), raster.height()};
+    item.originalBytes = raster.bytes();
+    item.image = std::move(raster);
+    std::vector<CompressionItem> one;
+    one.push_back(std::move(item));
+    add(std::move(one));
+  }
+
+  void remove(std::uint64_t id) {
+    const auto found = position(id);
+    if (found == items_.end() || found->state == CompressionState::running) return;
+    forget(*found);
+    items_.erase(found);
+    reindex();
+    tell(callbacks_.onListChanged);
+    finishIfDone();
+  }
+
+  void clear() {
+    std::erase_if(items_, [this](const CompressionItem& item) {
+      if (item.state == CompressionState::running) return false;
+      forget(item);
+      return true;
+    });
+    reindex();
+    tell(callbacks_.onListChanged);
+    finishIfDone();
+  }
+
+  const std::vector<CompressionItem>& items() const { return items_; }
+
+  const CompressionItem* find(std::uint64_t id) const {
+    const auto found = index_.find(id);
+    return found == index_.end() ? nullptr : &items_[found->second];
+  }
+
+  void requestThumbnail(std::uint64_t id) {
+    const CompressionItem* item = find(id);
+    if (!item || !item->thumbnail.isNull() || !requested_.insert(id).second) return;
+    lookingQueue_->async([this, id, source = item->sourceURL, image = item->image] {
+      if (isEnding_) return;
+      post([id, glance = glanceAt(source, image, gate_)](State& self) { self.glanced(id, glance); });
+    });
+  }
+
+  void start(const CompressOptions& options, const CompressDestination& destination) {
+    if (isRunning_) return;
+    options_ = options;
+    destination_ = destination;
+    std::vector<std::uint64_t> wanted;
+    for (const CompressionItem& item : items_) {
+      const auto last = doneWith_.find(item.id);
+      if (isSuccess(item.state) && last != doneWith_.end() && last->second == options) continue;
+      wanted.push_back(item.id);
+    }
+    if (wanted.empty()) return;
+    beginRun();
+    progress_.total = wanted.size();
+    for (const std::uint64_t id : wanted) enqueue(id);
+    tell(callbacks_.onProgress, progress());
+  }
+
+  void retry(std::uint64_t id) {
+    const auto found = position(id);
+    if (found == items_.end() || !isFinished(found->state) || isSuccess(found->state)) return;
+    if (!isRunning_) beginRun();
+    ++progress_.total;
+    enqueue(id);
+    tell(callbacks_.onProgress, progress());
+  }
+
+  void cancel() {
+    if (isRunning_) ++cancellation_;
+  }
+
+  bool isRunning() const { return isRunning_; }
+
+  CompressionProgress progress() const {
+    CompressionProgress progress = progress_;
+    const double elapsed = runLoop_.hostTime() - startedAt_;
+    if (isRunning_ && bytesOver_ > 0 && elapsed > 1) {
+      const double rest = elapsed * static_cast<double>(bytesAhead_) / static_cast<double>(bytesOver_);
+      progress.remaining = std::chrono::milliseconds(static_cast<std::int64_t>(rest * 1000));
+    }
+    return progress;
+  }
+
+  void preview(std::uint64_t id, const CompressOptions& options,
+               std::function<void(Result<Preview, PictureFailure>)> then) {
+    const CompressionItem* item = find(id);
+    if (!item) return;
+    const std::uint64_t number = ++previewNumber_;
+    previewQueue_->async(
+        [this, number, source = item->sourceURL, image = item->image, options, then = std::move(then)] {
+          if (number != previewNumber_) return;
+          post([number, then, preview = makePreview(source, image, options, gate_)](State& self) {
+            if (number == self.previewNumber_) then(preview);
+          });
+        });
+  }
+
+ private:
+  std::vector<CompressionItem>::iterator position(std::uint64_t id) {
+    const auto found = index_.find(id);
+    return found == index_.end() ? items_.end() : items_.begin() + static_cast<std::ptrdiff_t>(found->second);
+  }
+
+  void reindex() {
+    index_.clear();
+    for (std::size_t i = 0; i < items_.size(); ++i) index_[items_[i].id] = i;
+  }
+
+  template <class Callback, class... Arguments>
+  void tell(const Callback& callback, Arguments&&... arguments) {
+    if (const auto copy = callback) copy(std::forward<Arguments>(arguments)...);
+  }
+
+  /// Comes back from a thread; nothing happens once the owner has gone.
+  template <class Task>
+  void post(Task task) {
+    runLoop_.post([weak = weak_from_this(), task = std::move(task)]() mutable {
+      if (const auto self = weak.lock(); self && !self->isEnding_) task(*self);
+    });
+  }
+
+  void add(std::vector<CompressionItem> found) {
+    std::set<fs::path> known;
+    for (const CompressionItem& item : items_)
+      if (!item.sourceURL.empty()) known.insert(item.sourceURL);
+    for (CompressionItem& item : found) {
+      if (items_.size() >= maximumItems) break;
+      if (!item.sourceURL.empty() && !known.insert(item.sourceURL).second) continue;
+      item.id = ++lastId_;
+      items_.push_back(std::move(item));
+      index_[lastId_] = items_.size() - 1;
+    }
+    tell(callbacks_.onListChanged);
+  }
+
+  void glanced(std::uint64_t id, const Glance& glance) {
+    const auto item = position(id);
+    if (item == items_.end() || glance.size.width == 0) return;
+    item->pixelSize = glance.size;
+    item->thumbnail = glance.thumbnail;
+    if (glance.type) item->sourceUTType = glance.type;
+    tell(callbacks_.onItemChanged, id);
+  }
+
+  void beginRun() {
+    ++cancellation_;
+    progress_ = {};
+    bytesOver_ = 0;
+    bytesAhead_ = 0;
+    isRunning_ = true;
+    startedAt_ = runLoop_.hostTime();
+  }
+
+  void enqueue(std::uint64_t id) {
+    const auto item = position(id);
+    item->state = CompressionState::waiting;
+    item->failure.reset();
+    bytesAhead_ += item->originalBytes;
+    const auto isRemoved = std::make_shared<std::atomic<bool>>(false);
+    pending_[id] = isRemoved;
+    CompressionJob job;
+    job.source = item->sourceURL;
+    job.displayName = item->displayName;
+    job.image = item->image;
+    job.options = options_;
+    job.destination = destination_;
+    const int together = std::min(jobs_, static_cast<int>(std::min<std::size_t>(progress_.total, 64)));
+    job.threads = std::max(1, defaultJobs() / std::max(1, together));
+    job.isCancelled = [this, number = cancellation_.load(), isRemoved] {
+      return number != cancellation_ || *isRemoved;
+    };
+    workers_->add([this, id, job = std::move(job)] {
+      if (!job.isCancelled()) post([id](State& self) { self.began(id); });
+      auto result = carryOut(job, gate_);
+      post([id, options = job.options, result = std::move(result)](State& self) mutable {
+        self.ended(id, options, std::move(result));
+      });
+    });
+    tell(callbacks_.onItemChanged, id);
+  }
+
+  /// An item that goes before its turn has come.
+  void forget(const CompressionItem& item) {
+    const auto pending = pending_.find(item.id);
+    if (pending == pending_.end()) return;
+    *pending->second = true;
+    pending_.erase(pending);
+    ++progress_.finished;
+    bytesAhead_ -= std::min(bytesAhead_, item.originalBytes);
+  }
+
+  void began(std::uint64_t id) {
+    const auto item = position(id);
+    if (item == items_.end()) return;
+    item->state = CompressionState::running;
+    tell(callbacks_.onItemChanged, id);
+  }
+
+  void ended(std::uint64_t id, const CompressOptions& options, Result<CompressionResult, PictureFailure> result) {
+    const auto item = position(id);
+    if (item == items_.end() || pending_.erase(id) == 0) return;
+    ++progress_.finished;
+    bytesAhead_ -= std::min(bytesAhead_, item->originalBytes);
+    bytesOver_ += item->originalBytes;
+    if (result) {
+      item->state = result->isOriginal ? CompressionState::unchanged : CompressionState::done;
+      item->pixelSize = result->sourceSize;
+      item->originalBytes = result->sourceBytes;
+      if (result->sourceType) item->sourceUTType = result->sourceType;
+      progress_.bytesBefore += result->sourceBytes;
+      progress_.bytesAfter += result->output.bytes;
+      item->lastOutput = std::move(result->output);
+      doneWith_[id] = options;
+    } else if (result.error().error == PictureError::Cancelled) {
+      item->state = CompressionState::cancelled;
+    } else {
+      item->state = CompressionState::failed;
+      item->failure = std::move(result.error());
+      ++progress_.failed;
+    }
+    tell(callbacks_.onItemChanged, id);
+    tell(callbacks_.onProgress, progress());
+    finishIfDone();
+  }
+
+  void finishIfDone() {
+    if (!isRunning_ || !pending_.empty()) return;
+    isRunning_ = false;
+    tell(callbacks_.onFinished, progress_);
+  }
+
+  RunLoop& runLoop_;
+  Callbacks callbacks_;
+  const int jobs_;
+  std::vector<CompressionItem> items_;
+  std::unordered_map<std::uint64_t, std::size_t> index_;
+  std::uint64_t lastId_ = 0;
+  std::set<std::uint64_t> requested_;
+
+  CompressOptions options_;
+  CompressDestination destination_;
+  std::unordered_map<std::uint64_t, CompressOptions> doneWith_;
+  /// The items of this run that are not finished; true takes one out that has not begun.
+  std::unordered_map<std::uint64_t, std::shared_ptr<std::atomic<bool>>> pending_;
+  bool isRunning_ = false;
+  double startedAt_ = 0;
+  CompressionProgress progress_;
+  std::uintmax_t bytesOver_ = 0;
+  std::uintmax_t bytesAhead_ = 0;
+
+  std::atomic<bool> isEnding_ = false;
+  std::atomic<std::uint64_t> cancellation_ = 0;
+  std::atomic<std::uint64_t> previewNumber_ = 0;
+  MemoryGate gate_{maximumDecodedBytes};
+  std::unique_ptr<SerialQueue> lookingQueue_;
+  std::unique_ptr<SerialQueue> previewQueue_;
+  std::unique_ptr<CompressionWorkers> workers_;
+};
+
+CompressionRun::CompressionRun(RunLoop& runLoop, Callbacks callbacks, int jobs)
+    : state_(std::make_shared<State>(runLoop, std::move(callbacks), jobs)) {}
+
+CompressionRun::~CompressionRun() {
+  state_->end();
+}
+
+void CompressionRun::addPaths(std::vector<fs::path> paths, bool recursive) {
+  state_->addPaths(std::move(paths), recursive);
+}
+
+void CompressionRun::addPixels(Raster raster, std::string displayName) {
+  state_->addPixels(std::move(raster), std::move(displayName));
+}
+
+void CompressionRun::remove(std::uint64_t id) {
+  state_->remove(id);
+}
+
+void CompressionRun::clear() {
+  state_->clear();
+}
+
+const std::vector<CompressionItem>& CompressionRun::items() const {
+  return state_->items();
+}
+
+const CompressionItem* CompressionRun::find(std::uint64_t id) const {
+  return state_->find(id);
+}
+
+void CompressionRun::requestThumbnail(std::uint64_t id) {
+  state_->requestThumbnail(id);
+}
+
+void CompressionRun::start(const CompressOptions& options, const CompressDestination& destination) {
+  state_->start(options, destination);
+}
+
+void CompressionRun::retry(std::uint64_t id) {
+  state_->retry(id);
+}
+
+void CompressionRun::cancel() {
+  state_->cancel();
+}
+
+bool CompressionRun::isRunning() const {
+  return state_->isRunning();
+}
+
+CompressionProgress CompressionRun::progress() const {
+  return state_->progress();
+}
+
+void CompressionRun::preview(std::uint64_t id, const CompressOptions& options,
+                             std::function<void(Result<Preview, PictureFailure>)> then) {
+  state_->preview(id, options, std::move(then));
+}
+
+}  // namespace vellora
