@@ -51,6 +51,8 @@ class RTMPLink : public std::enable_shared_from_this<RTMPLink> {
   asio::awaitable<void> finish(std::chrono::milliseconds atMost);
   void close();
   bool isOpen() const { return isOpen_; }
+  /// Why it ended by itself.
+  const std::optional<RTMPFailure>& failure() const { return failure_; }
 
   void send(RTMPOutgoing message) { queue_->push(std::move(message)); }
   template <class Record>

@@ -86,6 +86,8 @@ asio::awaitable<Result<RTMPResponse, RTMPFailure>> RTMPConnection::Session::conn
     if (phase_ != Phase::connecting) co_return failure(notConnected());
     if (response) {
       phase_ = Phase::connected;
+      // It may have ended right behind the answer.
+      if (link_->failure()) end(*link_->failure());
       co_return response;
     }
     RTMPFailure why = std::move(response.error());
@@ -232,7 +234,9 @@ void RTMPConnection::Session::commandReceived(RTMPCommandMessage command) {
 }
 
 void RTMPConnection::Session::statusReceived(std::uint32_t streamId, const RTMPStatus& status) {
-  if (phase_ == Phase::connecting && isConnectionStatus(status)) {
+  const auto connecting = operations_.find(connectTransaction);
+  const bool isAnswer = connecting != operations_.end() && !connecting->second->outcome;
+  if (phase_ == Phase::connecting && isAnswer && isConnectionStatus(status)) {
     if (isSuccess(status))
       complete(connectTransaction, RTMPResponse{status, {}, {}});
     else
