@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace vellora {
+
+/// What matters of an Exif block (CIPA DC-008: a TIFF structure) for showing its picture.
+struct ExifFacts {
+  int orientation = 1;     ///< 1 to 8
+  double dotsPerInch = 0;  ///< 0: not said
+};
+
+/// Never fails: what cannot be understood is as if it were not there.
+ExifFacts exifFacts(std::span<const std::uint8_t> exif);
+
+/// Makes the block say that the picture and its thumbnail stand upright.
+void setUpright(std::vector<std::uint8_t>& exif);
+
+}  // namespace vellora
