@@ -21,10 +21,11 @@ std::unique_ptr<NetworkNamespace> NetworkNamespace::create() {
   std::unique_ptr<NetworkNamespace> network(new NetworkNamespace(name));
   // Packets of the size a real link has, or most would not fit into a shaper's bucket; and buffers that do not swallow
   // seconds of video before anybody notices that the link is slow.
-  const bool isReady =
-      network->run({"ip", "link", "set", "lo", "up"}) &&
-      network->run({"ip", "link", "set", "lo", "mtu", "1500", "gso_max_size", "1500"}) &&
-      network->run({"sysctl", "-qw", "net.ipv4.tcp_wmem=4096 16384 131072", "net.ipv4.tcp_rmem=4096 16384 131072"});
+  const std::string smallBuffers =
+      "for kind in tcp_wmem tcp_rmem; do echo 4096 16384 131072 > /proc/sys/net/ipv4/$kind; done";
+  const bool isReady = network->run({"ip", "link", "set", "lo", "up"}) &&
+                       network->run({"ip", "link", "set", "lo", "mtu", "1500", "gso_max_size", "1500"}) &&
+                       network->run({"sh", "-c", smallBuffers});
   return isReady ? std::move(network) : nullptr;
 }
 
@@ -40,8 +41,8 @@ void NetworkNamespace::limitRate(int kilobits) {
 }
 
 void NetworkNamespace::drop(int port, int ofHundred) {
-  const std::string rule =
-      "tcp dport " + std::to_string(port) + " numgen random mod 100 < " + std::to_string(ofHundred) + " counter drop";
+  const std::string chance = ofHundred < 100 ? " numgen random mod 100 < " + std::to_string(ofHundred) : "";
+  const std::string rule = "tcp dport " + std::to_string(port) + chance + " counter drop";
   run({"nft", "-f", "-"},
       "table inet lab {\n  chain in {\n    type filter hook input priority 0;\n    " + rule + "\n  }\n}\n");
 }
