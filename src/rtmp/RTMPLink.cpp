@@ -242,10 +242,9 @@ void RTMPLink::begin(RTMPOutgoing message) {
   std::uint32_t timestamp = 0;
   if (current_.clock) {
     RTMPMediaClock& clock = *current_.clock;
-    // Both kinds of media count from the start of the stream, whichever frame of theirs is the first to leave.
+    // Picture and sound both count from the start of the stream, whichever of their messages is the first to leave.
     if (!clock.hasStarted) clock.timestamp.update(std::chrono::microseconds::zero());
-    // A configuration is at the start of the stream, and so the first message, from which the first frame counts.
-    const std::uint32_t delta = clock.timestamp.update(current_.time.value_or(std::chrono::microseconds::zero()));
+    const std::uint32_t delta = current_.time ? clock.timestamp.update(*current_.time) : 0;
     const auto last = lastStreamIds_.find(current_.chunkStream);
     const bool continues = last != lastStreamIds_.end() && last->second == current_.streamId && clock.hasStarted;
     chunkType = continues ? RTMPChunkType::one : RTMPChunkType::zero;
