@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <asio/awaitable.hpp>
 #include <asio/bind_cancellation_slot.hpp>
 #include <asio/cancellation_signal.hpp>
@@ -99,12 +100,12 @@ class RTMPTest : public ::testing::Test {
     return stream;
   }
 
-  /// Closes the stream and waits until the server has read all of it.
-  void finish(const ScriptedIngest& ingest, RTMPStream& stream) {
+  /// Closes the stream, the last of `streams`, and waits until the server has read all of it.
+  void finish(const ScriptedIngest& ingest, RTMPStream& stream, int streams = 1) {
     run(stream.close());
     const auto isOver = [&] {
       const auto names = ingest.names();
-      return !names.empty() && names.back() == "deleteStream";
+      return std::count(names.begin(), names.end(), "deleteStream") == streams;
     };
     EXPECT_TRUE(ingest.waitUntil(isOver)) << "the stream was not deleted";
   }

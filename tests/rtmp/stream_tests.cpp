@@ -184,6 +184,25 @@ TEST_F(StreamTest, NeverGoesBackInTime) {
   EXPECT_EQ(ingest.complaints(), std::vector<std::string>());
 }
 
+/// Without a configuration in front, too, sound and picture keep their distance.
+TEST_F(StreamTest, CountsBothKindsOfMediaFromTheSameStart) {
+  ScriptedIngest ingest;
+  const auto connection = connected(ingest);
+  RTMPStream stream(connection);
+  stream.setVideoSettings({RTMPVideoCodec::h264, 640, 360, 25, 0, {}});
+  stream.setAudioSettings({RTMPAudioCodec::aac, 48000, 2, 0, {}});
+  ASSERT_TRUE(run(stream.createStream()));
+  ASSERT_TRUE(run(stream.publish("key")));
+  stream.append(RTMPAudioFrame{3000ms, Octets{1}});
+  stream.append(RTMPVideoFrame{3700ms, 3700ms, true, Octets{2}});
+  stream.append(RTMPVideoFrame{3740ms, 3740ms, false, Octets{3}});
+  finish(ingest, stream);
+  EXPECT_EQ(receivedOf(ingest, wire::audio).at(0).first, 0U);
+  const auto video = receivedOf(ingest, wire::video);
+  EXPECT_EQ(video.at(0).first, 700U);
+  EXPECT_EQ(video.at(1).first, 740U);
+}
+
 TEST_F(StreamTest, TellsOfNewSettingsBeforeTheNextFrame) {
   ScriptedIngest ingest;
   const auto connection = connected(ingest);
@@ -263,7 +282,7 @@ TEST_F(StreamTest, TwoStreamsShareAConnection) {
   }
   run(first->close());
   EXPECT_EQ(second->append(RTMPVideoFrame{1h + 600ms, 1h + 600ms, true, Octets{2}}), Append::queued);
-  finish(ingest, *second);
+  finish(ingest, *second, 2);
   std::size_t ofFirst = 0;
   std::size_t ofSecond = 0;
   for (const WireMessage& message : ingest.messages(wire::video)) {

@@ -94,7 +94,7 @@ void IngestPeer::readC0C1() {
   readAtLeast(1 + packet);
   const auto now = static_cast<std::uint32_t>(time(nullptr));
   if (handshake_[0] != 3) complain("version " + std::to_string(handshake_[0]));
-  if (now - numberAt(handshake_, 1) > 60) complain("C1 of another time");
+  if (now + 1 - numberAt(handshake_, 1) > 60) complain("C1 of another time");
   if (numberAt(handshake_, 5) != 0) complain("C1 without its zero bytes");
   std::set<std::uint8_t> values(handshake_.begin() + 9, handshake_.begin() + 1 + packet);
   if (values.size() < 200) complain("C1 is not random");
