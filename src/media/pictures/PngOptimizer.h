@@ -16,6 +16,9 @@ struct PngOptimizerOptions {
   /// How long to look for a smaller file, for each million pixels of the picture.
   std::chrono::milliseconds budgetPerMegapixel{900};
   int threads = 1;
+  /// Whether pixels that happen to be grey may be written as such: not beside an RGB profile (11.3.2.3), which allows
+  /// only RGB and palettes. Counts for rasters that are not grey themselves.
+  bool allowsGrey = true;
   std::function<bool()> isCancelled{};
 };
 
