@@ -277,11 +277,10 @@ bool AMF0Serializer::readObject(bool isTyped, AMFValue& value, int depth) {
   }
   while (true) {
     std::string_view key;
-    AMFValue held;
     bool isEnd = false;
-    if (!readProperty(key, held, isEnd, depth)) return false;
+    if (!readKey(key, isEnd)) return false;
     if (isEnd) break;
-    object.append(std::string(key), std::move(held));
+    if (!readValue(object.append(std::string(key), {}), depth + 1)) return false;
   }
   value = std::move(object);
   return true;
@@ -293,16 +292,13 @@ bool AMF0Serializer::readECMAArray(AMFValue& value, int depth) {
   AMFArray array;
   while (true) {
     std::string_view key;
-    AMFValue held;
     bool isEnd = false;
-    if (!readProperty(key, held, isEnd, depth)) return false;
+    if (!readKey(key, isEnd)) return false;
     if (isEnd) break;
-    // Positions that come later stay names, so that the order is kept.
-    if (array.named.empty() && key == IndexText(array.values.size())) {
-      array.values.push_back(std::move(held));
-    } else {
-      array.named.append(std::string(key), std::move(held));
-    }
+    // Positions that come after names stay names, so that the order is kept.
+    const bool isPosition = array.named.empty() && key == IndexText(array.values.size());
+    AMFValue& held = isPosition ? array.values.emplace_back() : array.named.append(std::string(key), {});
+    if (!readValue(held, depth + 1)) return false;
   }
   value = std::move(array);
   return true;
@@ -313,7 +309,7 @@ bool AMF0Serializer::readStrictArray(AMFValue& value, int depth) {
   if (!reader_.read(count) || !reader_.require(count)) return false;  // no value is shorter than a byte
   AMFArray array;
   array.isStrict = true;
-  array.values.reserve(std::min<std::size_t>(count, 16));
+  array.values.reserve(std::min<std::size_t>(count, 4));
   for (std::uint32_t i = 0; i < count; ++i) {
     if (!readValue(array.values.emplace_back(), depth + 1)) return false;
   }
@@ -321,14 +317,11 @@ bool AMF0Serializer::readStrictArray(AMFValue& value, int depth) {
   return true;
 }
 
-bool AMF0Serializer::readProperty(std::string_view& key, AMFValue& value, bool& isEnd, int depth) {
+bool AMF0Serializer::readKey(std::string_view& key, bool& isEnd) {
   if (!readUTF(key)) return false;
-  if (key.empty() && reader_.nextIs(static_cast<std::uint8_t>(Marker::objectEnd))) {
-    reader_.skip(1);
-    isEnd = true;
-    return true;
-  }
-  return readValue(value, depth + 1);
+  isEnd = key.empty() && reader_.nextIs(static_cast<std::uint8_t>(Marker::objectEnd));
+  if (isEnd) reader_.skip(1);
+  return true;
 }
 
 bool AMF0Serializer::readUTF(std::string_view& text) {

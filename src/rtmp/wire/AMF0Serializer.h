@@ -91,8 +91,8 @@ class AMF0Serializer {
   bool readObject(bool isTyped, AMFValue& value, int depth);
   bool readECMAArray(AMFValue& value, int depth);
   bool readStrictArray(AMFValue& value, int depth);
-  /// `isEnd` when there was no property any more.
-  bool readProperty(std::string_view& key, AMFValue& value, bool& isEnd, int depth);
+  /// The key of the next property; `isEnd` when there was none any more.
+  bool readKey(std::string_view& key, bool& isEnd);
   bool readUTF(std::string_view& text);
   bool readLongText(std::string_view& text);
   bool readDate(AMFValue& value);

@@ -278,7 +278,7 @@ bool AMF3Serializer::readArray(std::uint32_t count, AMFValue& value, int depth) 
   AMFArray array;
   if (!readNamed(array.named, depth) || !reader_.require(count)) return false;  // no value is shorter than a byte
   array.isStrict = array.named.empty();
-  array.values.reserve(std::min<std::size_t>(count, 16));
+  array.values.reserve(std::min<std::size_t>(count, 4));
   for (std::uint32_t i = 0; i < count; ++i) {
     if (!readValue(array.values.emplace_back(), depth + 1)) return false;
   }
@@ -301,9 +301,8 @@ bool AMF3Serializer::readObject(std::uint32_t header, AMFValue& value, int depth
   AMFObject object;
   object.className = traits->className;
   for (const std::string_view key : traits->sealed) {
-    AMFValue held;
-    if (!reader_.countBytes(key.size()) || !readValue(held, depth + 1)) return false;
-    object.append(std::string(key), std::move(held));
+    if (!reader_.countBytes(key.size())) return false;
+    if (!readValue(object.append(std::string(key), {}), depth + 1)) return false;
   }
   if (traits->isDynamic && !readNamed(object, depth)) return false;
   value = std::move(object);
@@ -331,9 +330,8 @@ bool AMF3Serializer::readNamed(AMFObject& object, int depth) {
     std::string_view key;
     if (!readUTF(key)) return false;
     if (key.empty()) return true;
-    AMFValue held;
-    if (!reader_.countBytes(key.size()) || !readValue(held, depth + 1)) return false;
-    object.append(std::string(key), std::move(held));
+    if (!reader_.countBytes(key.size())) return false;
+    if (!readValue(object.append(std::string(key), {}), depth + 1)) return false;
   }
 }
 
@@ -378,9 +376,8 @@ bool AMF3Serializer::readDictionary(std::uint32_t count, AMFValue& value, int de
     std::string_view key;
     if (!reader_.read(marker)) return false;
     if (static_cast<Marker>(marker) != Marker::string) return reader_.fail(AMFSerializerError::deserialize);
-    AMFValue held;
-    if (!readUTF(key) || !reader_.countBytes(key.size()) || !readValue(held, depth + 1)) return false;
-    object.append(std::string(key), std::move(held));
+    if (!readUTF(key) || !reader_.countBytes(key.size())) return false;
+    if (!readValue(object.append(std::string(key), {}), depth + 1)) return false;
   }
   value = std::move(object);
   return true;

@@ -30,10 +30,11 @@ void AMFObject::set(std::string key, AMFValue value) {
   }
 }
 
-void AMFObject::append(std::string key, AMFValue value) {
+AMFValue& AMFObject::append(std::string key, AMFValue value) {
   // Most objects have several properties, hardly any has one.
   if (properties_.capacity() == 0) properties_.reserve(4);
   properties_.push_back({std::move(key), std::move(value)});
+  return properties_.back().value;
 }
 
 AMFArray::AMFArray() = default;

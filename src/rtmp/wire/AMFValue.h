@@ -30,8 +30,8 @@ class AMFObject {
   const AMFValue* find(std::string_view key) const;
   /// Replaces the value of `key`, or adds it at the end.
   void set(std::string key, AMFValue value);
-  /// Adds without looking for the key, for readers.
-  void append(std::string key, AMFValue value);
+  /// Adds without looking for the key, for readers. The value stays where it is until the next change.
+  AMFValue& append(std::string key, AMFValue value);
   const std::vector<AMFProperty>& properties() const { return properties_; }
   bool empty() const { return properties_.empty(); }
 
@@ -104,6 +104,10 @@ class AMFValue {
   /// The value when it is a T, else null.
   template <class T>
   const T* as() const {
+    return std::get_if<T>(&storage_);
+  }
+  template <class T>
+  T* as() {
     return std::get_if<T>(&storage_);
   }
   /// The text, or "" for anything else.

@@ -34,8 +34,9 @@ ByteView valuesOf(const Bytes& payload, RTMPObjectEncoding encoding) {
 
 std::optional<std::string> readText(AMF0Serializer& serializer) {
   auto value = serializer.deserialize();
-  if (!value || value->as<std::string>() == nullptr) return std::nullopt;
-  return std::string(value->text());
+  auto* text = value ? value->as<std::string>() : nullptr;
+  if (text == nullptr) return std::nullopt;
+  return std::move(*text);
 }
 
 /// False when something else than values is among them.
@@ -55,9 +56,9 @@ std::int64_t transactionIdFrom(double number) {
 }
 
 /// Some servers send an array of names here.
-std::optional<AMFObject> commandObjectFrom(const AMFValue& value) {
-  if (const auto* object = value.as<AMFObject>()) return *object;
-  if (const auto* array = value.as<AMFArray>(); array != nullptr && !array->isStrict) return array->named;
+std::optional<AMFObject> commandObjectFrom(AMFValue value) {
+  if (auto* object = value.as<AMFObject>()) return std::move(*object);
+  if (auto* array = value.as<AMFArray>(); array != nullptr && !array->isStrict) return std::move(array->named);
   return std::nullopt;
 }
 
@@ -117,9 +118,9 @@ std::optional<RTMPCommandMessage> RTMPCommandMessage::from(RTMPObjectEncoding en
   if (!transaction || transaction->as<double>() == nullptr) return std::nullopt;
   message.transactionId = transactionIdFrom(*transaction->as<double>());
   if (serializer.atEnd()) return message;
-  const auto object = serializer.deserialize();
+  auto object = serializer.deserialize();
   if (!object || !readArguments(serializer, message.arguments)) return std::nullopt;
-  message.commandObject = commandObjectFrom(*object);
+  message.commandObject = commandObjectFrom(std::move(*object));
   return message;
 }
 
