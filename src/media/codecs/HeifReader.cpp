@@ -1,98 +1,57 @@
 #include "media/codecs/HeifReader.h"
 
-#include <dlfcn.h>
-
 #include <QColorSpace>
-#include <QFile>
-#include <QFileInfo>
 #include <memory>
+#include <span>
 
-#include "base/Log.h"
-#include "media/codecs/heif/HeifModule.h"
+#include "media/pictures/ForeignCodec.h"
 
 namespace vellora {
 namespace {
 
-struct Module {
-  VelloraHeifDecode decode = nullptr;
-  VelloraHeifRelease release = nullptr;
-};
-
-Module openModule(const QString& path) {
-  void* library = ::dlopen(QFile::encodeName(path).constData(), RTLD_NOW | RTLD_LOCAL);
-  if (library == nullptr) {
-    log::warning(QStringLiteral("image module failed: %1").arg(QString::fromLocal8Bit(::dlerror())));
-    return {};
-  }
-  return {reinterpret_cast<VelloraHeifDecode>(::dlsym(library, velloraHeifDecodeName)),
-          reinterpret_cast<VelloraHeifRelease>(::dlsym(library, velloraHeifReleaseName))};
-}
-
-/// Stays loaded once it was needed.
-const Module& module() {
-  static const Module loaded = [] {
-    const QString program = QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).path();
-    const QString name = QStringLiteral("/libvellora_heif.so");
-    for (const QString& folder : {program, program + u'/' + QStringLiteral(VELLORA_MODULE_FOLDER)}) {
-      if (QFileInfo::exists(folder + name)) return openModule(folder + name);
-    }
-    log::warning(QStringLiteral("image module failed: libvellora_heif.so is not installed"));
-    return Module{};
-  }();
-  return loaded;
-}
-
-ImageLoadError errorOf(int status) {
-  switch (status) {
-    case VelloraHeifUnsupported:
+ImageLoadError errorOf(PictureError error) {
+  switch (error) {
+    case PictureError::Unsupported:
       return ImageLoadError::Unsupported;
-    case VelloraHeifTooLarge:
+    case PictureError::TooLarge:
       return ImageLoadError::TooLarge;
-    case VelloraHeifOutOfMemory:
+    case PictureError::OutOfMemory:
       return ImageLoadError::OutOfMemory;
     default:
       return ImageLoadError::Damaged;
   }
 }
 
-QImage::Format formatOf(const VelloraHeifPicture& picture) {
-  if (picture.hasAlpha == 0) return QImage::Format_RGBX8888;
-  return picture.isPremultiplied != 0 ? QImage::Format_RGBA8888_Premultiplied : QImage::Format_RGBA8888;
+bool isTooLarge(const PictureInfo& info) {
+  return info.width > imageLimits::edge || info.height > imageLimits::edge ||
+         qint64{info.width} * info.height * 4 > imageLimits::decodedBytes;
 }
 
-QColorSpace colorSpaceOf(const VelloraHeifPicture& picture) {
-  if (picture.profile != nullptr) {
-    return QColorSpace::fromIccProfile(
-        QByteArray(reinterpret_cast<const char*>(picture.profile), static_cast<qsizetype>(picture.profileBytes)));
-  }
-  if (picture.primaries == VelloraHeifPrimariesDisplayP3) return QColorSpace(QColorSpace::DisplayP3);
-  return QColorSpace(QColorSpace::SRgb);
+QColorSpace colorSpaceOf(const PictureMetadata& metadata) {
+  if (metadata.profile.empty()) return QColorSpace(QColorSpace::SRgb);
+  return QColorSpace::fromIccProfile(QByteArray(reinterpret_cast<const char*>(metadata.profile.data()),
+                                                static_cast<qsizetype>(metadata.profile.size())));
 }
 
 }  // namespace
 
 Result<QImage, ImageLoadError> readHeif(const QByteArray& data) {
-  const Module& reader = module();
-  if (reader.decode == nullptr || reader.release == nullptr) return failure(ImageLoadError::Unsupported);
-  auto picture = std::make_unique<VelloraHeifPicture>();
-  const int status =
-      reader.decode(reinterpret_cast<const uint8_t*>(data.constData()), static_cast<size_t>(data.size()),
-                    static_cast<size_t>(imageLimits::decodedBytes / 4), imageLimits::edge, picture.get());
-  if (status != VelloraHeifDone) return failure(errorOf(status));
+  const ForeignCodec* codec = foreignCodecFor(PictureType::Heic);
+  if (codec == nullptr) return failure(ImageLoadError::Unsupported);
+  const auto file = std::as_bytes(std::span(data.constData(), static_cast<std::size_t>(data.size())));
+  const auto info = codec->inspect(file);
+  if (!info) return failure(errorOf(info.error().error));
+  if (isTooLarge(*info)) return failure(ImageLoadError::TooLarge);
+  auto picture = codec->decode(file, {});
+  if (!picture) return failure(errorOf(picture.error().error));
+  auto raster = std::make_unique<Raster>(picture->raster);
+  const auto format = hasAlpha(raster->layout()) ? QImage::Format_RGBA8888 : QImage::Format_RGB888;
   QImage image(
-      picture->pixels, picture->width, picture->height, picture->stride, formatOf(*picture),
-      [](void* kept) {
-        const std::unique_ptr<VelloraHeifPicture> owned(static_cast<VelloraHeifPicture*>(kept));
-        module().release(owned.get());
-      },
-      picture.get());
-  if (image.isNull()) {
-    reader.release(picture.get());
-    return failure(ImageLoadError::OutOfMemory);
-  }
-  const QColorSpace colorSpace = colorSpaceOf(*picture);
-  (void)picture.release();  // the image's cleanup owns it now
-  image.setColorSpace(colorSpace);
+      std::as_const(*raster).row(0), raster->width(), raster->height(), static_cast<qsizetype>(raster->stride()),
+      format, [](void* kept) { delete static_cast<Raster*>(kept); }, raster.get());
+  if (image.isNull()) return failure(ImageLoadError::OutOfMemory);
+  (void)raster.release();  // the image's cleanup owns it now
+  image.setColorSpace(colorSpaceOf(picture->metadata));
   return image;
 }
 

@@ -3,18 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <iterator>
 #include <string>
 
 #include "media/pictures/FileBytes.h"
-#include "media/pictures/ForeignCodec.h"
 
 namespace vellora {
 namespace {
-
-constexpr std::array allTypes{PictureType::Jpeg, PictureType::Png,  PictureType::WebP,
-                              PictureType::Tiff, PictureType::Bmp,  PictureType::Gif,
-                              PictureType::Heic, PictureType::Avif, PictureType::JpegXL};
 
 /// "BM" alone begins many texts: the header behind has to have one of the lengths that exist.
 bool isBmp(FileBytes file) {
@@ -120,21 +114,6 @@ bool isExtensionOf(PictureType type, std::string_view extension) {
     default:
       return false;
   }
-}
-
-bool canWrite(PictureType type) {
-  if (type < PictureType::Heic) return true;
-  const ForeignCodec* codec = foreignCodecFor(type);
-  return codec != nullptr && codec->canEncode(type);
-}
-
-const std::vector<PictureType>& writableTypes() {
-  static const std::vector<PictureType> writable = [] {
-    std::vector<PictureType> types;
-    std::copy_if(allTypes.begin(), allTypes.end(), std::back_inserter(types), canWrite);
-    return types;
-  }();
-  return writable;
 }
 
 bool isLossy(PictureType type) {

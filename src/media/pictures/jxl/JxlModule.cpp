@@ -1,0 +1,42 @@
+#include <new>
+
+#include "media/pictures/ForeignCodec.h"
+#include "media/pictures/jxl/JxlCoding.h"
+
+namespace vellora {
+namespace {
+
+class JxlCodec final : public ForeignCodec {
+ public:
+  Result<PictureInfo, PictureFailure> inspect(FileBytes file) const override {
+    try {
+      return jxl::inspect(file);
+    } catch (const std::bad_alloc&) {
+      return refused(PictureError::OutOfMemory);
+    }
+  }
+  Result<DecodedPicture, PictureFailure> decode(FileBytes file, const DecodeOptions& options) const override {
+    try {
+      return jxl::decode(file, options);
+    } catch (const std::bad_alloc&) {
+      return refused(PictureError::OutOfMemory);
+    }
+  }
+  bool canEncode(PictureType type) const override { return type == PictureType::JpegXL; }
+  Result<std::vector<std::byte>, PictureFailure> encode(const Raster& raster, const PictureMetadata& metadata,
+                                                        PictureType, const WriteOptions& options) const override {
+    try {
+      return jxl::encode(raster, metadata, options);
+    } catch (const std::bad_alloc&) {
+      return refused(PictureError::OutOfMemory);
+    }
+  }
+};
+
+}  // namespace
+}  // namespace vellora
+
+extern "C" __attribute__((visibility("default"))) const vellora::ForeignCodec* vellora_foreign_codec() {
+  static const vellora::JxlCodec codec;
+  return &codec;
+}
