@@ -54,8 +54,9 @@ struct MediaPacket {
 };
 
 /// Reads a media file's first video and its best audio track, as packets in the order of decode time, both kinds mixed.
-/// H.264 and HEVC packets come as length-prefixed NAL units and AAC without ADTS, whatever the file has. Used by one
-/// thread.
+/// H.264 and HEVC packets come as length-prefixed NAL units and AAC without ADTS, whatever the file has. Decode times
+/// grow within a track, and no picture is shown before it is decoded. What cannot be read is left out; `damaged` comes
+/// where nothing more can be got. No file but this one is opened, whatever it refers to. Used by one thread.
 class MediaReader {
  public:
   static Result<std::unique_ptr<MediaReader>, MediaFailure> open(const std::filesystem::path& file);
@@ -72,7 +73,10 @@ class MediaReader {
 };
 
 /// A reader for what a streaming server takes: tracks in H.264, HEVC, AAC or Opus pass through untouched, others are
-/// encoded again as H.264 and AAC while reading.
+/// encoded again as H.264 and AAC while reading, which may use several threads of its own. Untouched means also that a
+/// rotation the file asks for is lost, as servers know none, and that H.264 of a profile a server refuses (4:4:4, 10
+/// bits) stays what it is. The one exception: H.264 and HEVC with B-frames in a file that says nothing of when pictures
+/// are shown (AVI, bare streams) is encoded again.
 Result<std::unique_ptr<MediaReader>, MediaFailure> openForStreaming(const std::filesystem::path& file);
 
 }  // namespace vellora

@@ -12,6 +12,8 @@ constexpr AVRational microsecond{1, 1000000};
 /// Time stamps further back than this are a clock that started anew, nearer ones are small faults.
 constexpr Microseconds furthestBack = 1000000;
 constexpr Microseconds furthestAhead = 10000000;
+/// Where a clock does not jump, a longer pause, an hour, is damage.
+constexpr Microseconds longestPause = 3600000000;
 /// How well one track's jump has to explain the other's.
 constexpr Microseconds sameJump = 1000000;
 /// Beyond this, about 30 years, a time stamp is no time. Leaves room to add.
@@ -37,7 +39,6 @@ PacketTimes MovieClock::next(MediaKind kind, const AVPacket& packet) {
   const auto presentationStamp = inMicroseconds(packet.pts, track.kind.timeBase);
   Microseconds duration = inMicroseconds(packet.duration, track.kind.timeBase).value_or(0);
   if (duration <= 0) duration = track.kind.nominal.count();
-  if (duration <= 0) duration = track.step;
 
   Microseconds stamp = track.hasStarted ? track.decode + track.step - track.offset : 0;
   if (decodeStamp) {
@@ -51,6 +52,7 @@ PacketTimes MovieClock::next(MediaKind kind, const AVPacket& packet) {
 
   Microseconds decode = stamp + track.offset;
   if (track.hasStarted) decode = std::max(decode, track.decode + 1);
+  if (duration <= 0 && track.hasStarted) duration = decode - track.decode;
   const Microseconds presentation = std::max(decode, presentationStamp.value_or(stamp) + track.offset);
   track.step = duration;
   track.decode = decode;
@@ -63,7 +65,7 @@ void MovieClock::followJump(Track& track, const Track& other, Microseconds stamp
   const Microseconds decode = stamp + track.offset;
   const Microseconds expected = track.decode + track.step;
   const bool isBack = decode < track.decode - furthestBack;
-  const bool isAhead = track.kind.mayJump && decode > expected + furthestAhead;
+  const bool isAhead = decode > expected + (track.kind.mayJump ? furthestAhead : longestPause);
   if (!isBack && !isAhead) return;
   const bool explained = other.hasStarted && std::abs(stamp + other.offset - expected) <= sameJump;
   track.offset = explained ? other.offset : expected - stamp;

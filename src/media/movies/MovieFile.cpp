@@ -14,6 +14,12 @@ using std::chrono::microseconds;
 
 /// How often in a row a file may have nothing readable before it counts as damaged for good.
 constexpr int mostErrors = 256;
+/// Samples in an AAC frame, as good as always.
+constexpr int aacFrame = 1024;
+/// How far to look for a track that starts late, whose delay is not known otherwise.
+constexpr std::int64_t analyzedTime = 30 * AV_TIME_BASE;
+/// Frames per second; what is above is the resolution of the file's clock.
+constexpr int mostFrameRate = 1000;
 /// What one piece of memory may take: a picture of 8192 × 8192 with 16 bits a sample, or the index of a day.
 constexpr std::size_t mostMemory = std::size_t{512} << 20;
 
@@ -36,14 +42,30 @@ std::string reasonOf(int error) {
   return text.data();
 }
 
+/// Frames per second; 0 when it is not known.
+AVRational frameRateOf(const AVStream& stream) {
+  for (const AVRational rate : {stream.avg_frame_rate, stream.r_frame_rate}) {
+    if (rate.num > 0 && rate.den > 0 && av_cmp_q(rate, {mostFrameRate, 1}) <= 0) return rate;
+  }
+  return {0, 1};
+}
+
+/// How many pictures may come before the first one is shown. Where a file says neither this nor decode times, there are
+/// usually two.
+int delayOf(const AVCodecParameters& codec) {
+  if (codec.codec_type != AVMEDIA_TYPE_VIDEO) return 0;
+  const bool mayReorder = codec.codec_id == AV_CODEC_ID_H264 || codec.codec_id == AV_CODEC_ID_HEVC;
+  return std::max(codec.video_delay, mayReorder ? 2 : 0);
+}
+
 microseconds nominalDuration(const AVStream& stream) {
   const AVCodecParameters& codec = *stream.codecpar;
   if (codec.codec_type == AVMEDIA_TYPE_AUDIO) {
-    if (codec.frame_size <= 0 || codec.sample_rate <= 0) return {};
-    return microseconds(std::int64_t{codec.frame_size} * 1000000 / codec.sample_rate);
+    const int samples = codec.frame_size <= 0 && codec.codec_id == AV_CODEC_ID_AAC ? aacFrame : codec.frame_size;
+    return microseconds(samples > 0 ? std::int64_t{samples} * 1000000 / codec.sample_rate : 0);
   }
-  if (stream.avg_frame_rate.num <= 0 || stream.avg_frame_rate.den <= 0) return {};
-  return microseconds(av_rescale(1000000, stream.avg_frame_rate.den, stream.avg_frame_rate.num));
+  const AVRational rate = frameRateOf(stream);
+  return microseconds(rate.num > 0 ? av_rescale(1000000, rate.den, rate.num) : 0);
 }
 
 bool isPicture(const AVStream& stream) {
@@ -84,6 +106,7 @@ bool headerSaysAll(const AVFormatContext& format, const Choice& choice) {
     if (type == AVMEDIA_TYPE_VIDEO && choice.video < 0 && !isPicture(*format.streams[i])) return false;
     if (type == AVMEDIA_TYPE_AUDIO && choice.audio < 0) return false;
     if (!isChosen) continue;
+    if (type == AVMEDIA_TYPE_VIDEO && format.streams[i]->avg_frame_rate.num <= 0) return false;
     const AVCodecParameters& codec = *format.streams[i]->codecpar;
     switch (codec.codec_id) {
       case AV_CODEC_ID_H264:
@@ -135,6 +158,7 @@ Result<void, MediaFailure> MovieFile::start() {
   context->flags |= AVFMT_FLAG_CUSTOM_IO;
   context->io_open = refuseToOpen;
   context->protocol_whitelist = av_strdup("file");
+  context->max_analyze_duration = analyzedTime;
   const int opened = avformat_open_input(&context, name_.c_str(), *kind, nullptr);
   if (opened < 0) {
     return failure(MediaFailure{MediaError::damaged, name_ + " is damaged: its header cannot be read"});
@@ -145,7 +169,8 @@ Result<void, MediaFailure> MovieFile::start() {
 
 Result<const AVInputFormat*, MediaFailure> MovieFile::probe() {
   const AVInputFormat* kind = nullptr;
-  const int score = av_probe_input_buffer2(input_.get(), &kind, name_.c_str(), nullptr, 0, 0);
+  // Without a name, only what the file has in it counts.
+  const int score = av_probe_input_buffer2(input_.get(), &kind, "", nullptr, 0, 0);
   if (input_->error != 0) {
     return failure(MediaFailure{MediaError::unreadable, "Cannot read " + name_ + ": " + reasonOf(input_->error)});
   }
@@ -212,8 +237,7 @@ void MovieFile::describe(MediaKind kind, int index) {
   if (kind == MediaKind::video) {
     description.width = codec.width;
     description.height = codec.height;
-    const AVRational rate = stream.avg_frame_rate.num > 0 ? stream.avg_frame_rate : stream.r_frame_rate;
-    if (rate.num > 0 && rate.den > 0) description.frameRate = av_q2d(rate);
+    description.frameRate = av_q2d(frameRateOf(stream));
     lacksPresentationTimes_ = codec.video_delay > 0 && hasDecodeTimesOnly(*format_->iformat);
   } else {
     description.sampleRate = codec.sample_rate;
@@ -225,7 +249,7 @@ void MovieFile::describe(MediaKind kind, int index) {
   }
   clock_.addTrack(kind, {.timeBase = stream.time_base,
                          .nominal = nominalDuration(stream),
-                         .delay = kind == MediaKind::video ? codec.video_delay : 0,
+                         .delay = delayOf(codec),
                          .mayJump = (format_->iformat->flags & AVFMT_TS_DISCONT) != 0});
   interleaver_.expect(kind);
   formats_.at(static_cast<std::size_t>(kind)) = std::move(form);

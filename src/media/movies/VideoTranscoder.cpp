@@ -94,7 +94,8 @@ VideoTranscoder::VideoTranscoder(FrameDecoder decoder, FrameEncoder encoder, Pic
       converter_(std::move(converter)),
       description_(std::move(description)),
       lacksPresentationTimes_(lacksPresentationTimes),
-      nominal_(std::llround(1e6 / rateOf(description_))) {}
+      nominal_(std::llround(1e6 / rateOf(description_))),
+      step_(nominal_) {}
 
 Result<void, MediaFailure> VideoTranscoder::put(QueuedPacket packet, Interleaver& output) {
   if (!firstDecode_) firstDecode_ = packet.times.decode.count();
@@ -112,7 +113,7 @@ Result<void, MediaFailure> VideoTranscoder::finish(Interleaver& output) {
 }
 
 std::int64_t VideoTranscoder::timeOf(const AVFrame& frame) {
-  if (frame.best_effort_timestamp == AV_NOPTS_VALUE) return last_ ? *last_ + nominal_ : *firstDecode_;
+  if (frame.best_effort_timestamp == AV_NOPTS_VALUE) return last_ ? *last_ + step_ : *firstDecode_;
   if (!lacksPresentationTimes_) return frame.best_effort_timestamp;
   // What is known is when the frame left the decoder.
   if (!decoderDelay_) decoderDelay_ = frame.best_effort_timestamp - *firstDecode_;
@@ -129,6 +130,7 @@ Result<void, MediaFailure> VideoTranscoder::encodeDecoded(Interleaver& output) {
     }
     const bool isKey = !lastKey_ || time - *lastKey_ >= keyInterval - nominal_ / 2;
     if (isKey) lastKey_ = time;
+    step_ = last_ ? time - *last_ : nominal_;
     last_ = time;
     picture->pts = time;
     picture->pict_type = isKey ? AV_PICTURE_TYPE_I : AV_PICTURE_TYPE_NONE;

@@ -38,6 +38,7 @@ class VideoTranscoder : public Transcoder {
   MediaTrack description_;
   bool lacksPresentationTimes_;
   std::int64_t nominal_;  // all microseconds
+  std::int64_t step_;     // between the last two frames
   std::optional<std::int64_t> firstDecode_, decoderDelay_;
   std::optional<std::int64_t> last_, lastKey_;
   std::deque<std::int64_t> durations_;  // of the frames in the encoder
