@@ -1,0 +1,51 @@
+#include "media/pictures/PictureWriter.h"
+
+#include <new>
+
+#include "media/pictures/FileBytes.h"
+#include "media/pictures/ForeignCodec.h"
+#include "media/pictures/PictureEncoders.h"
+
+namespace vellora {
+namespace {
+
+EncodedPicture write(const Raster& raster, const PictureMetadata& metadata, PictureType type,
+                     const WriteOptions& options) {
+  switch (type) {
+    case PictureType::Jpeg:
+      return writeJpeg(raster, metadata, options);
+    case PictureType::Png:
+      return writePng(raster, metadata, options);
+    case PictureType::WebP:
+      return writeWebP(raster, metadata, options);
+    case PictureType::Tiff:
+      return writeTiff(raster, metadata, options);
+    case PictureType::Bmp:
+      return writeBmp(raster, metadata, options);
+    case PictureType::Gif:
+      return writeGif(raster, metadata, options);
+    case PictureType::Heic:
+    case PictureType::Avif:
+    case PictureType::JpegXL:
+      break;
+  }
+  if (!canWrite(type)) return refused(PictureError::CannotEncode, "no encoder for it is installed");
+  return foreignCodecFor(type)->encode(raster, metadata, type, options);
+}
+
+}  // namespace
+
+Result<std::vector<std::byte>, PictureFailure> writePicture(const Raster& raster, const PictureMetadata& metadata,
+                                                            PictureType type, const WriteOptions& options) {
+  if (raster.isNull()) return refused(PictureError::CannotEncode, "no pixels");
+  try {
+    if (isCancelled(options)) return refused(PictureError::Cancelled);
+    auto file = write(raster, metadata, type, options);
+    if (file && isCancelled(options)) return refused(PictureError::Cancelled);
+    return file;
+  } catch (const std::bad_alloc&) {
+    return refused(PictureError::OutOfMemory);
+  }
+}
+
+}  // namespace vellora
