@@ -76,7 +76,7 @@ if [ "$minutes" != 0 ]; then
     awk -v second="$second" '/^VmRSS/ {print second, $2}' "/proc/$publisher/status" >> "$folder/memory" ||
       { cat "$folder/errors" >&2; exit 1; }
   done
-  kill -INT "$publisher"
+  kill "$publisher"
   wait "$publisher"
   # The first half minute fills the queues and the allocator.
   awk '$1 <= 30 {next}
