@@ -21,7 +21,7 @@ class IndexText {
   operator std::string_view() const { return {digits_, static_cast<std::size_t>(end_ - digits_)}; }
 
  private:
-  char digits_[20];
+  char digits_[20]{};
   char* end_;
 };
 
