@@ -1,2 +1,1 @@
 #include <asio/impl/src.hpp>
-#include <asio/ssl/impl/src.hpp>

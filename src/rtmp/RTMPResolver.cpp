@@ -4,6 +4,7 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <asio/ip/address.hpp>
 #include <asio/redirect_error.hpp>
 #include <asio/this_coro.hpp>

@@ -9,6 +9,7 @@
 #include <asio/this_coro.hpp>
 #include <asio/use_awaitable.hpp>
 #include <atomic>
+#include <cerrno>
 #include <optional>
 #include <utility>
 
@@ -32,18 +33,26 @@ RTMPSocketFailure notConnected() {
 
 RTMPSocketFailure networkFailure(const asio::error_code& error, const std::string& host) {
   if (error == asio::error::operation_aborted) return cancelled();
-  if (error == asio::error::connection_refused)
-    return {RTMPSocketError::connectionRefused, host + " refused the connection"};
-  if (error == asio::error::timed_out) return {RTMPSocketError::timedOut, host + " did not answer in time"};
-  if (error == asio::error::connection_reset || error == asio::error::broken_pipe ||
-      error == asio::error::connection_aborted)
-    return {RTMPSocketError::connectionReset, host + " broke the connection"};
-  for (const auto code : {std::errc::host_unreachable, std::errc::network_unreachable, std::errc::network_down,
-                          std::errc::address_not_available, std::errc::address_family_not_supported,
-                          std::errc::operation_not_permitted, std::errc::permission_denied}) {
-    if (error == code) return {RTMPSocketError::unreachable, "there is no way to " + host + ": " + error.message()};
+  switch (error.value()) {
+    case ECONNREFUSED:
+      return {RTMPSocketError::connectionRefused, host + " refused the connection"};
+    case ETIMEDOUT:
+      return {RTMPSocketError::timedOut, host + " did not answer in time"};
+    case ECONNRESET:
+    case ECONNABORTED:
+    case EPIPE:
+      return {RTMPSocketError::connectionReset, host + " broke the connection"};
+    case EHOSTUNREACH:
+    case ENETUNREACH:
+    case ENETDOWN:
+    case EADDRNOTAVAIL:
+    case EAFNOSUPPORT:
+    case EACCES:
+    case EPERM:
+      return {RTMPSocketError::unreachable, "there is no way to " + host + ": " + error.message()};
+    default:
+      return {RTMPSocketError::other, "the connection to " + host + " failed: " + error.message()};
   }
-  return {RTMPSocketError::other, "the connection to " + host + " failed: " + error.message()};
 }
 
 bool isCancelled(const asio::cancellation_state& state) {
@@ -82,6 +91,7 @@ class RTMPSocket::Transport : public std::enable_shared_from_this<Transport> {
   static asio::awaitable<Outcome> shakeHands(Self self);
   static asio::awaitable<Outcome> sendPlain(Self self, ByteView data);
   static asio::awaitable<Outcome> sendSecure(Self self, ByteView data);
+  static asio::awaitable<Result<ByteView, RTMPSocketFailure>> recvPlain(Self self);
   static asio::awaitable<Result<ByteView, RTMPSocketFailure>> recvSecure(Self self);
   static asio::awaitable<asio::error_code> fillSession(Self self);
   static asio::awaitable<asio::error_code> flushSession(Self self);
@@ -101,6 +111,9 @@ class RTMPSocket::Transport : public std::enable_shared_from_this<Transport> {
   bool isClosed_ = false;
   bool isFlushing_ = false;
   AsyncSignal flushed_;
+  // Once a direction has failed, the kernel tells nothing new, and an operation more would wait for ever.
+  std::optional<RTMPSocketFailure> sendFailure_;
+  std::optional<RTMPSocketFailure> recvFailure_;
 };
 
 RTMPSocketFailure RTMPSocket::Transport::failureOf(const asio::error_code& error) const {
@@ -178,6 +191,7 @@ asio::awaitable<RTMPSocket::Transport::Outcome> RTMPSocket::Transport::send(Self
   const asio::cancellation_state cancellation = co_await asio::this_coro::cancellation_state;
   if (self->isClosed_ || isCancelled(cancellation)) co_return failure(cancelled());
   if (!self->isConnected_) co_return failure(notConnected());
+  if (self->sendFailure_) co_return failure(*self->sendFailure_);
   Outcome outcome;
   if (self->session_)
     outcome = co_await sendSecure(self, data);
@@ -187,6 +201,7 @@ asio::awaitable<RTMPSocket::Transport::Outcome> RTMPSocket::Transport::send(Self
     self->close();
     outcome = failure(cancelled());
   }
+  if (!outcome && !self->isClosed_) self->sendFailure_ = outcome.error();
   co_return outcome;
 }
 
@@ -224,16 +239,26 @@ asio::awaitable<Result<ByteView, RTMPSocketFailure>> RTMPSocket::Transport::recv
   const asio::cancellation_state cancellation = co_await asio::this_coro::cancellation_state;
   if (self->isClosed_ || isCancelled(cancellation)) co_return failure(cancelled());
   if (!self->isConnected_) co_return failure(notConnected());
-  if (self->session_) {
-    auto received = co_await recvSecure(self);
-    co_return received;
-  }
+  if (self->recvFailure_) co_return failure(*self->recvFailure_);
+  Result<ByteView, RTMPSocketFailure> received;
+  if (self->session_)
+    received = co_await recvSecure(self);
+  else
+    received = co_await recvPlain(self);
+  if (!received && isCancelled(cancellation)) received = failure(cancelled());
+  if (received)
+    self->receivedBytes.fetch_add(received->size(), std::memory_order_relaxed);
+  else if (!self->isClosed_ && !isCancelled(cancellation))
+    self->recvFailure_ = received.error();
+  co_return received;
+}
+
+asio::awaitable<Result<ByteView, RTMPSocketFailure>> RTMPSocket::Transport::recvPlain(Self self) {
   asio::error_code error;
   const std::size_t size = co_await self->socket_.async_read_some(asio::buffer(self->block_),
                                                                   asio::redirect_error(asio::use_awaitable, error));
   if (error) co_return failure(self->failureOf(error));
   if (self->isClosed_) co_return failure(cancelled());
-  self->receivedBytes.fetch_add(size, std::memory_order_relaxed);
   co_return ByteView(self->block_.data(), size);
 }
 
@@ -242,10 +267,7 @@ asio::awaitable<Result<ByteView, RTMPSocketFailure>> RTMPSocket::Transport::recv
   while (true) {
     std::size_t size = 0;
     const Status status = self->session_->read(self->block_, size);
-    if (status == Status::done) {
-      self->receivedBytes.fetch_add(size, std::memory_order_relaxed);
-      co_return ByteView(self->block_.data(), size);
-    }
+    if (status == Status::done) co_return ByteView(self->block_.data(), size);
     if (status == Status::failed) {
       self->flushAtOnce();
       co_return failure(self->session_->takeFailure());

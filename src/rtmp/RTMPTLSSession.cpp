@@ -96,7 +96,7 @@ void RTMPTLSSession::fail() {
     std::string message = "the certificate of " + host_ + " was refused: " + refusal_->reason;
     if (!refusal_->issuer.empty()) message += " (issued by " + refusal_->issuer + ")";
     failure_ = {RTMPSocketError::certificateRefused, std::move(message), *refusal_};
-  } else if (!isEstablished()) {
+  } else if (!isEstablished_) {
     failure_ = handshakeFailure(error, host_);
   } else {
     failure_ = {RTMPSocketError::connectionReset, "the TLS connection to " + host_ + " broke: " + reasonText(error)};
@@ -105,7 +105,9 @@ void RTMPTLSSession::fail() {
 
 RTMPTLSSession::Status RTMPTLSSession::handshake() {
   ERR_clear_error();
-  return statusOf(SSL_do_handshake(ssl_.get()));
+  const Status status = statusOf(SSL_do_handshake(ssl_.get()));
+  isEstablished_ = status == Status::done;
+  return status;
 }
 
 RTMPTLSSession::Status RTMPTLSSession::write(ByteView& data) {
@@ -137,7 +139,7 @@ RTMPTLSSession::Status RTMPTLSSession::read(std::span<std::uint8_t> block, std::
 
 void RTMPTLSSession::finish() {
   ERR_clear_error();
-  if (isEstablished()) SSL_shutdown(ssl_.get());
+  if (isEstablished_) SSL_shutdown(ssl_.get());
   ERR_clear_error();
 }
 

@@ -53,7 +53,6 @@ class RTMPTLSSession {
   std::span<std::uint8_t> inputSpace() const;
   void received(std::size_t bytes);
 
-  bool isEstablished() const { return SSL_is_init_finished(ssl_.get()) == 1; }
   RTMPSocketFailure takeFailure() { return std::move(failure_); }
 
  private:
@@ -71,6 +70,7 @@ class RTMPTLSSession {
   std::optional<RTMPCertificateRefusal> refusal_;
   std::optional<Status> end_;  ///< of what is received
   RTMPSocketFailure failure_;
+  bool isEstablished_ = false;
 };
 
 }  // namespace vellora

@@ -4,7 +4,9 @@
 #include <openssl/pem.h>
 #include <openssl/x509v3.h>
 
+#include <algorithm>
 #include <asio/ip/address.hpp>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <utility>
@@ -51,6 +53,25 @@ Result<void, RTMPSocketFailure> trustFile(X509_STORE* store, const std::filesyst
   if (!hasCertificate || !isAtEnd)
     return failure(trustFailure(file, hasCertificate ? "holds a broken certificate" : "holds no certificate"));
   return {};
+}
+
+/// Whether the system keeps its authorities one by one, under the hashes of their names (openssl-rehash).
+bool hasHashedAuthorities() {
+  std::error_code error;
+  for (std::filesystem::directory_iterator it(X509_get_default_cert_dir(), error), end; !error && it != end;
+       it.increment(error)) {
+    if (it->path().extension() == ".0") return true;
+  }
+  return false;
+}
+
+/// The authorities of the system. Where it allows that, only those that are asked for are read, instead of all of them
+/// for every connection. The variables of OpenSSL that name other places hold as ever.
+bool trustSystem(SSL_CTX* context) {
+  const bool isElsewhere =
+      std::getenv(X509_get_default_cert_file_env()) || std::getenv(X509_get_default_cert_dir_env());
+  if (!isElsewhere && hasHashedAuthorities()) return SSL_CTX_set_default_verify_dir(context) == 1;
+  return SSL_CTX_set_default_verify_paths(context) == 1;
 }
 
 /// The address without its zone, or nothing for a name.
@@ -130,7 +151,7 @@ Result<RTMPTransportSecurity::Context, RTMPSocketFailure> RTMPTransportSecurity:
   Context context(SSL_CTX_new(TLS_client_method()), SSL_CTX_free);
   if (!context) return failure(noContext());
   if (SSL_CTX_set_min_proto_version(context.get(), TLS1_2_VERSION) != 1) return failure(noContext());
-  if (SSL_CTX_set_default_verify_paths(context.get()) != 1) return failure(noContext());
+  if (!trustSystem(context.get())) return failure(noContext());
   SSL_CTX_set_verify(context.get(), SSL_VERIFY_PEER, nullptr);
   SSL_CTX_set_options(context.get(), SSL_OP_NO_RENEGOTIATION | SSL_OP_NO_COMPRESSION);
   SSL_CTX_set_mode(context.get(),
