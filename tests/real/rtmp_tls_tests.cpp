@@ -7,6 +7,7 @@
 #include "real/PublishRun.h"
 #include "support/FreePort.h"
 #include "support/NginxIngest.h"
+#include "support/TestAuthority.h"
 #include "support/XServer.h"
 
 namespace vellora::test {
@@ -14,69 +15,15 @@ namespace {
 
 using testing::HasSubstr;
 
-/// An authority of our own and two servers' certificates by it.
-class Authority {
- public:
-  Authority() {
-    openssl({"req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:P-256", "-nodes", "-days", "2", "-subj",
-             "/CN=Test Authority", "-addext", "basicConstraints=critical,CA:TRUE", "-keyout", path("ca.key"), "-out",
-             path("ca.pem")});
-    issue("here", "DNS:localhost,IP:127.0.0.1");
-    issue("elsewhere", "DNS:elsewhere.test");
-  }
-
-  std::string path(const std::string& name) const { return (folder_ / name).string(); }
-
- private:
-  void issue(const std::string& name, const std::string& hosts) const {
-    openssl({"req",
-             "-x509",
-             "-CA",
-             path("ca.pem"),
-             "-CAkey",
-             path("ca.key"),
-             "-newkey",
-             "ec",
-             "-pkeyopt",
-             "ec_paramgen_curve:P-256",
-             "-nodes",
-             "-days",
-             "2",
-             "-subj",
-             "/CN=" + name,
-             "-addext",
-             "subjectAltName=" + hosts,
-             "-addext",
-             "basicConstraints=CA:FALSE",
-             "-keyout",
-             path(name + ".key"),
-             "-out",
-             path(name + ".pem")});
-  }
-
-  static void openssl(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), "openssl");
-    const Finished finished = runProgram(arguments, {});
-    EXPECT_EQ(finished.exitCode, 0) << finished.errors;
-  }
-
-  TemporaryFolder folder_;
-};
-
 class RtmpTls : public testing::Test {
  protected:
-  static void SetUpTestSuite() { authority_ = std::make_unique<Authority>(); }
-  static void TearDownTestSuite() { authority_.reset(); }
-
-  std::unique_ptr<NginxIngest> serve(const std::string& certificate, const std::string& protocols) {
-    return NginxIngest::start({.certificate = authority_->path(certificate + ".pem"),
-                               .key = authority_->path(certificate + ".key"),
-                               .protocols = protocols});
+  std::unique_ptr<NginxIngest> serve(const TestAuthority::Identity& identity, const std::string& protocols) {
+    return NginxIngest::start({.certificate = identity.certificate, .key = identity.key, .protocols = protocols});
   }
 
   Finished publish(const std::string& url, bool knowsAuthority = true) {
     std::vector<std::string> arguments{"--as-fast-as-possible", "--json", samples::classic().string(), url};
-    if (knowsAuthority) arguments.insert(arguments.end(), {"--ca-file", authority_->path("ca.pem")});
+    if (knowsAuthority) arguments.insert(arguments.end(), {"--ca-file", authority_.certificate().string()});
     return PublishRun(arguments).finish();
   }
 
@@ -95,15 +42,15 @@ class RtmpTls : public testing::Test {
     return lines[0]["error"].value("message", "");
   }
 
-  static std::unique_ptr<Authority> authority_;
+  TestAuthority authority_;
+  const TestAuthority::Identity here_ = authority_.issue({.hosts = {"localhost"}, .addresses = {"127.0.0.1"}});
+  const TestAuthority::Identity elsewhere_ = authority_.issue({.hosts = {"elsewhere.test"}});
 };
-
-std::unique_ptr<Authority> RtmpTls::authority_;
 
 TEST_F(RtmpTls, EveryFrameArrivesWithEitherVersion) {
   for (const std::string version : {"TLSv1.2", "TLSv1.3"}) {
     SCOPED_TRACE(version);
-    const auto server = serve("here", version);
+    const auto server = serve(here_, version);
     ASSERT_TRUE(server);
     for (const std::string host : {"127.0.0.1", "localhost"}) {
       const Finished run = publish(server->secureUrl(host, host));
@@ -121,8 +68,8 @@ TEST_F(RtmpTls, EveryFrameArrivesThroughAnotherTlsServer) {
   std::ofstream(folder / "stunnel.conf") << "foreground = yes\npid =\nsyslog = no\noutput = "
                                          << (folder / "log").string() << "\n[rtmps]\naccept = 127.0.0.1:" << port
                                          << "\nconnect = 127.0.0.1:" << server->port()
-                                         << "\ncert = " << authority_->path("here.pem")
-                                         << "\nkey = " << authority_->path("here.key") << "\n";
+                                         << "\ncert = " << here_.certificate.string()
+                                         << "\nkey = " << here_.key.string() << "\n";
   const auto tunnel = ChildProcess::start({"stunnel4", (folder / "stunnel.conf").string()}, {});
   ASSERT_TRUE(waitFor([&] {
     return !runProgram({"ss", "-tlnH", "sport", "=", ":" + port}, {}).output.empty() || !tunnel->isRunning();
@@ -133,14 +80,14 @@ TEST_F(RtmpTls, EveryFrameArrivesThroughAnotherTlsServer) {
 }
 
 TEST_F(RtmpTls, AnUnknownAuthorityAndAnotherHostsCertificateAreRefused) {
-  const auto server = serve("here", "TLSv1.2 TLSv1.3");
+  const auto server = serve(here_, "TLSv1.2 TLSv1.3");
   ASSERT_TRUE(server);
   const std::string unknown = refusalOf(publish(server->secureUrl("x"), false));
   EXPECT_THAT(unknown, HasSubstr("127.0.0.1"));
   EXPECT_THAT(unknown, HasSubstr("Test Authority"));
   EXPECT_THAT(unknown, HasSubstr("unable to get local issuer certificate"));
 
-  const auto stranger = serve("elsewhere", "TLSv1.2 TLSv1.3");
+  const auto stranger = serve(elsewhere_, "TLSv1.2 TLSv1.3");
   ASSERT_TRUE(stranger);
   EXPECT_THAT(refusalOf(publish(stranger->secureUrl("x", "localhost"))), HasSubstr("localhost"));
   EXPECT_THAT(refusalOf(publish(stranger->secureUrl("x"))), HasSubstr("127.0.0.1"));
