@@ -138,8 +138,9 @@ RTMPTLSSession::Status RTMPTLSSession::read(std::span<std::uint8_t> block, std::
 }
 
 void RTMPTLSSession::finish() {
-  ERR_clear_error();
-  if (isEstablished_) SSL_shutdown(ssl_.get());
+  // A second call would read instead.
+  const bool isFinished = (SSL_get_shutdown(ssl_.get()) & SSL_SENT_SHUTDOWN) != 0;
+  if (isEstablished_ && !isFinished) SSL_shutdown(ssl_.get());
   ERR_clear_error();
 }
 

@@ -50,6 +50,19 @@ TEST_F(TLSTest, acceptsWhatATrustedAuthorityVouchesFor) {
   }
 }
 
+TEST_F(TLSTest, checksAnAddressOfIPv6) {
+  std::unique_ptr<ByteServer> server;
+  try {
+    server =
+        std::make_unique<ByteServer>(ByteServer::Options{.identity = authority_.issue({{}, {"::1"}}), .address = "::1"},
+                                     [](BytePeer& peer) { peer.readAll(); });
+  } catch (const std::runtime_error&) {
+    GTEST_SKIP() << "this machine has no IPv6";
+  }
+  const Outcome outcome = run(make(trusting(authority_.certificate()))->connect("::1", server->port()));
+  EXPECT_TRUE(outcome) << outcome.error().message;
+}
+
 TEST_F(TLSTest, refusesEveryOtherCertificateAndSaysWhy) {
   struct Case {
     const char* reason;

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "rtmp/RTMPConnection.h"
 #include "rtmp/RTMPURL.h"
 
 namespace vellora {
@@ -21,8 +22,8 @@ TEST(RTMPURL, takesAddressesApart) {
     std::string password = "";
   };
   const std::vector<Case> cases{
-      {"rtmp://host/live", false, "host", 1935, "live", "rtmp://host/live"},
-      {"rtmps://host/live", true, "host", 443, "live", "rtmps://host/live"},
+      {"rtmp://host/live", false, "host", RTMPConnection::defaultPort, "live", "rtmp://host/live"},
+      {"rtmps://host/live", true, "host", RTMPConnection::defaultSecurePort, "live", "rtmps://host/live"},
       {" \n RTMPS://Host.Example:8443/live/inst/ \r\n", true, "Host.Example", 8443, "live/inst",
        "rtmps://Host.Example:8443/live/inst"},
       {"rtmp://host:/live", false, "host", 1935, "live", "rtmp://host/live"},
