@@ -10,10 +10,14 @@ namespace {
 
 /// From this quality on, colors keep the resolution of the brightness, as colored text needs.
 constexpr int fullChromaQuality = 90;
-constexpr int deepBits = 10;
 
 heif_compression_format formatOf(PictureType type) {
   return type == PictureType::Avif ? heif_compression_AV1 : heif_compression_HEVC;
+}
+
+/// What 16-bit samples become: HEIC is shown with 10 bits everywhere, and AV1 encoders of libheif fail at 10.
+int deepBitsOf(PictureType type) {
+  return type == PictureType::Avif ? 12 : 10;
 }
 
 PictureFailure failureOf(const heif_error& error) {
@@ -25,14 +29,14 @@ bool isCancelled(const WriteOptions& options) {
   return options.isCancelled && options.isCancelled();
 }
 
-/// A row of the raster as red, green, blue and maybe alpha; 16-bit samples become ones of `deepBits`.
+/// A row of the raster as red, green, blue and maybe alpha; 16-bit samples come as ones of `bits`.
 template <class Sample>
-void writeRow(const Raster& raster, int y, Sample* target) {
+void writeRow(const Raster& raster, int y, int bits, Sample* target) {
   const auto* source = reinterpret_cast<const Sample*>(raster.row(y));
   const bool isGrey = samplesOf(raster.layout()) < 3, withAlpha = hasAlpha(raster.layout());
-  const auto level = [](Sample sample) {
+  const auto level = [highest = (1U << bits) - 1](Sample sample) {
     if constexpr (sizeof(Sample) == 1) return sample;
-    return static_cast<Sample>((sample * ((1U << deepBits) - 1) + 32767U) / 65535U);
+    return static_cast<Sample>((sample * highest + 32767U) / 65535U);
   };
   for (int x = 0; x < raster.width(); ++x) {
     for (int part = 0; part < 3; ++part) *target++ = level(isGrey ? *source : *source++);
@@ -41,16 +45,16 @@ void writeRow(const Raster& raster, int y, Sample* target) {
   }
 }
 
-Result<Image, PictureFailure> imageOf(const Raster& raster) {
+Result<Image, PictureFailure> imageOf(const Raster& raster, PictureType type) {
   const bool isDeep = raster.bitsPerSample() == 16, withAlpha = hasAlpha(raster.layout());
+  const int bits = isDeep ? deepBitsOf(type) : 8;
   heif_chroma chroma = withAlpha ? heif_chroma_interleaved_RGBA : heif_chroma_interleaved_RGB;
   if (isDeep) chroma = withAlpha ? heif_chroma_interleaved_RRGGBBAA_LE : heif_chroma_interleaved_RRGGBB_LE;
   heif_image* created = nullptr;
   heif_error error = heif_image_create(raster.width(), raster.height(), heif_colorspace_RGB, chroma, &created);
   Image image(created);
   if (error.code == heif_error_Ok) {
-    error =
-        heif_image_add_plane(created, heif_channel_interleaved, raster.width(), raster.height(), isDeep ? deepBits : 8);
+    error = heif_image_add_plane(created, heif_channel_interleaved, raster.width(), raster.height(), bits);
   }
   if (error.code != heif_error_Ok) return failure(failureOf(error));
   int stride = 0;
@@ -58,9 +62,9 @@ Result<Image, PictureFailure> imageOf(const Raster& raster) {
   if (plane == nullptr) return refused(PictureError::OutOfMemory);
   for (int y = 0; y < raster.height(); ++y, plane += stride) {
     if (isDeep) {
-      writeRow(raster, y, reinterpret_cast<std::uint16_t*>(plane));
+      writeRow(raster, y, bits, reinterpret_cast<std::uint16_t*>(plane));
     } else {
-      writeRow(raster, y, plane);
+      writeRow(raster, y, bits, plane);
     }
   }
   return image;
@@ -131,7 +135,7 @@ Result<std::vector<std::byte>, PictureFailure> encode(const Raster& raster, cons
   const Encoder encoder(found);
   if (error.code != heif_error_Ok) return failure(failureOf(error));
   configure(encoder.get(), options);
-  const auto image = imageOf(raster);
+  const auto image = imageOf(raster, type);
   if (!image) return failure(image.error());
   const Nclx nclx = srgb(!options.quality.has_value());
   const EncodingOptions encoding(heif_encoding_options_alloc());
