@@ -78,11 +78,11 @@ asio::awaitable<Result<void, RTMPFailure>> RTMPLink::open(std::string host, std:
   block_.clear();
   isReceiving_ = true;
   asio::co_spawn(strand_, receiveLoop(shared_from_this()), asio::detached);
+  const asio::cancellation_state cancellation = co_await asio::this_coro::cancellation_state;
   while (isOpen_ && !timedOut && readyState_ != RTMPReadyState::handshakeDone) {
-    co_await handshakeMoved_.wait();
-    const asio::cancellation_state cancellation = co_await asio::this_coro::cancellation_state;
     if (cancellation.cancelled() != asio::cancellation_type::none)
       co_return outcome({RTMPConnection::Error::invalidState, "connecting was cancelled"});
+    co_await handshakeMoved_.wait();
   }
   if (failure_) co_return outcome(*failure_);
   if (!isOpen_ || timedOut) co_return outcome({RTMPConnection::Error::invalidState, "the connection was closed"});

@@ -163,6 +163,9 @@ asio::awaitable<Result<RTMPResponse, RTMPFailure>> RTMPConnection::Session::call
 asio::awaitable<Result<RTMPResponse, RTMPFailure>> RTMPConnection::Session::request(std::string commandName,
                                                                                     std::optional<AMFObject> object,
                                                                                     std::vector<AMFValue> arguments) {
+  const RTMPFailure cancelled{Error::invalidState, "the request was cancelled"};
+  const asio::cancellation_state cancellation = co_await asio::this_coro::cancellation_state;
+  if (cancellation.cancelled() != asio::cancellation_type::none) co_return failure(cancelled);
   if (operations_.size() >= maximumRequests)
     co_return failure(RTMPFailure{Error::invalidState, "too many requests wait for their answers"});
   const std::int64_t transactionId = ++currentTransactionId_;
@@ -174,7 +177,7 @@ asio::awaitable<Result<RTMPResponse, RTMPFailure>> RTMPConnection::Session::requ
   co_await operation->timer.async_wait(asio::redirect_error(asio::use_awaitable, error));
   operations_.erase(transactionId);
   if (operation->outcome) co_return std::move(*operation->outcome);
-  if (error) co_return failure(RTMPFailure{Error::invalidState, "the request was cancelled"});
+  if (error) co_return failure(cancelled);
   co_return failure(RTMPFailure{Error::requestTimedOut, "the server did not answer in time"});
 }
 
@@ -307,10 +310,10 @@ void RTMPConnection::Session::abandon() {
 }
 
 asio::awaitable<std::optional<RTMPStatus>> RTMPConnection::Session::nextStatus() {
+  const asio::cancellation_state cancellation = co_await asio::this_coro::cancellation_state;
   while (statuses_.empty() && phase_ != Phase::closed) {
-    co_await statusChanged_.wait();
-    const asio::cancellation_state cancellation = co_await asio::this_coro::cancellation_state;
     if (cancellation.cancelled() != asio::cancellation_type::none) co_return std::nullopt;
+    co_await statusChanged_.wait();
   }
   if (statuses_.empty()) co_return std::nullopt;
   RTMPStatus status = std::move(statuses_.front());

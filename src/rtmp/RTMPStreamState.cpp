@@ -39,6 +39,9 @@ asio::awaitable<Result<RTMPResponse, RTMPFailure>> RTMPStream::State::publish(st
   if (!session_->isConnected()) co_return failure(session_->notConnected());
   if (streamId_ == 0 || publishTimer_)
     co_return failure(RTMPFailure{Error::invalidState, "only a stream that was just created can be published"});
+  const RTMPFailure cancelled{Error::invalidState, "publishing was cancelled"};
+  const asio::cancellation_state cancellation = co_await asio::this_coro::cancellation_state;
+  if (cancellation.cancelled() != asio::cancellation_type::none) co_return failure(cancelled);
   name_ = std::move(name);
   // Some servers want these before a stream of that name may be published; the others ignore them.
   session_->send(0, "releaseStream", {name_});
@@ -49,8 +52,8 @@ asio::awaitable<Result<RTMPResponse, RTMPFailure>> RTMPStream::State::publish(st
   asio::error_code error;
   co_await publishTimer_->async_wait(asio::redirect_error(asio::use_awaitable, error));
   if (!publishOutcome_) {
-    publishOutcome_ = failure(error ? RTMPFailure{Error::invalidState, "publishing was cancelled"}
-                                    : RTMPFailure{Error::requestTimedOut, "the server did not answer in time"});
+    publishOutcome_ =
+        failure(error ? cancelled : RTMPFailure{Error::requestTimedOut, "the server did not answer in time"});
   }
   if (*publishOutcome_) startPublishing();
   co_return *publishOutcome_;
@@ -121,11 +124,11 @@ asio::awaitable<void> RTMPStream::State::close() {
 }
 
 asio::awaitable<void> RTMPStream::State::waitUntilQueuedBelow(std::size_t bytes) {
+  const asio::cancellation_state cancellation = co_await asio::this_coro::cancellation_state;
   const std::shared_ptr<RTMPLink> link = session_->link();
   while (link && link->isOpen() && session_->queue()->state().bytes >= std::max<std::size_t>(bytes, 1)) {
-    co_await link->nextProgress();
-    const asio::cancellation_state cancellation = co_await asio::this_coro::cancellation_state;
     if (cancellation.cancelled() != asio::cancellation_type::none) co_return;
+    co_await link->nextProgress();
   }
 }
 
