@@ -10,8 +10,8 @@
 #include <asio/post.hpp>
 #include <asio/strand.hpp>
 #include <asio/thread_pool.hpp>
-#include <asio/use_future.hpp>
 #include <chrono>
+#include <exception>
 #include <future>
 #include <memory>
 #include <stdexcept>
@@ -34,7 +34,14 @@ template <class T>
 class Started {
  public:
   Started(asio::thread_pool& pool, asio::awaitable<T> work) : strand_(asio::make_strand(pool.get_executor())) {
-    result_ = asio::co_spawn(strand_, std::move(work), asio::bind_cancellation_slot(signal_->slot(), asio::use_future));
+    // Lives as long as the coroutine, also when the test has given up waiting.
+    const auto done = [signal = signal_, promise = promise_](std::exception_ptr error, auto... result) {
+      if (error)
+        promise->set_exception(error);
+      else
+        promise->set_value(std::move(result)...);
+    };
+    asio::co_spawn(strand_, std::move(work), asio::bind_cancellation_slot(signal_->slot(), done));
   }
   void cancel() {
     asio::post(strand_, [signal = signal_] { signal->emit(asio::cancellation_type::all); });
@@ -49,7 +56,8 @@ class Started {
  private:
   asio::strand<asio::thread_pool::executor_type> strand_;
   std::shared_ptr<asio::cancellation_signal> signal_ = std::make_shared<asio::cancellation_signal>();
-  std::future<T> result_;
+  std::shared_ptr<std::promise<T>> promise_ = std::make_shared<std::promise<T>>();
+  std::future<T> result_ = promise_->get_future();
 };
 
 /// Two threads that run the coroutines of a test.
