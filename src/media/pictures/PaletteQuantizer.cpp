@@ -19,6 +19,9 @@ constexpr double exactShare = 0.3;
 /// Passing on the whole of each difference makes noise where colors are far apart.
 constexpr float diffusedShare = 0.9F;
 constexpr float largestError = 48;
+constexpr int knownBits = 16;
+/// The answer for white and the last color, which is asked again each time.
+constexpr std::uint32_t unknown = 0xFFFFFFFF;
 
 /// A group of bins, to be cut where that takes away most of the variance.
 class Box {
@@ -151,7 +154,7 @@ std::uint8_t rounded(float value) {
 }  // namespace
 
 PaletteQuantizer::PaletteQuantizer(const Raster& raster, std::size_t most, std::uint32_t leastAlpha)
-    : leastAlpha_(leastAlpha), known_(std::size_t{1} << 18) {
+    : leastAlpha_(leastAlpha), known_(std::size_t{1} << knownBits, unknown) {
   auto bins = ColorHistogram::of(raster, leastAlpha);
   auto points = cutApart(bins, most);
   const auto nearest = refine(bins, points);
@@ -180,13 +183,14 @@ PaletteQuantizer::PaletteQuantizer(const Raster& raster, std::size_t most, std::
 }
 
 std::uint8_t PaletteQuantizer::nearest(int red, int green, int blue) {
-  const auto cell = static_cast<std::size_t>((red >> 2) << 12 | (green >> 2) << 6 | blue >> 2);
-  if (known_[cell] == 0) {
+  const auto color = static_cast<std::uint32_t>(red << 24 | green << 16 | blue << 8);
+  std::uint32_t& known = known_[color * 0x9E3779B1U >> (32 - knownBits)];
+  if ((known & 0xFFFFFF00U) != color || known == unknown) {
     const Point wanted{static_cast<float>(red) * colorWeights[0], static_cast<float>(green) * colorWeights[1],
                        static_cast<float>(blue) * colorWeights[2]};
-    known_[cell] = static_cast<std::uint16_t>(nearestOf(weighted_, wanted) + 1);
+    known = color | static_cast<std::uint32_t>(nearestOf(weighted_, wanted));
   }
-  return static_cast<std::uint8_t>(known_[cell] - 1);
+  return static_cast<std::uint8_t>(known);
 }
 
 void PaletteQuantizer::quantizeRow(const std::uint8_t* rgba, std::span<std::uint8_t> indexes,

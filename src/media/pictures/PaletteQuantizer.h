@@ -37,7 +37,7 @@ class PaletteQuantizer {
   const std::uint32_t leastAlpha_;
   std::vector<Color> colors_;
   std::array<std::vector<float>, 3> weighted_;  // the colors' parts, scaled as they count
-  std::vector<std::uint16_t> known_;            // the nearest of each cell of 6 bits a part, plus 1; 0: not asked yet
+  std::vector<std::uint32_t> known_;            // a color, and the nearest to it in the lowest byte
   std::vector<Error> errors_, nextErrors_;
   bool isBackward_ = false;
 };

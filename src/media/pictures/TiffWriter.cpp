@@ -18,7 +18,9 @@ namespace {
 
 constexpr std::uint32_t deflateCompression = 8, horizontalPredictor = 2, unassociatedAlpha = 2;
 constexpr std::size_t stripBytes = std::size_t{1} << 20;
-constexpr int deflateLevel = 9;
+constexpr int quickLevel = 2, finalLevel = 9;
+/// Offsets have 32 bits; what comes behind the pixels is short.
+constexpr std::size_t mostBytes = std::size_t{0xF0000000};
 constexpr std::size_t headerBytes = 8, entryBytes = 12;
 
 struct Entry {
@@ -136,11 +138,11 @@ void takeDifferences(Sample* row, std::size_t samples, std::size_t step) {
 /// The strips' bytes, before and after compression.
 class StripEncoder {
  public:
-  StripEncoder(const Raster& raster, bool isLittle, bool hasPredictor)
+  StripEncoder(const Raster& raster, bool isLittle, bool hasPredictor, int level)
       : raster_(raster),
         isLittle_(isLittle),
         hasPredictor_(hasPredictor),
-        compressor_(libdeflate_alloc_compressor(deflateLevel), libdeflate_free_compressor) {
+        compressor_(libdeflate_alloc_compressor(level), libdeflate_free_compressor) {
     if (!compressor_) throw std::bad_alloc();
   }
 
@@ -207,32 +209,40 @@ void describe(TiffFileWriter& file, const Raster& raster, const PictureMetadata&
   file.addBlock(tiff::profile, tiff::undefinedType, metadata.profile);
 }
 
-EncodedPicture encode(const Raster& raster, const PictureMetadata& metadata, bool hasPredictor,
-                      const WriteOptions& options) {
-  TiffFileWriter file(metadata.exif);
-  StripEncoder encoder(raster, file.isLittle(), hasPredictor);
-  Strips strips;
-  strips.rows = static_cast<std::uint32_t>(
-      std::clamp<std::size_t>(stripBytes / raster.stride(), 1, static_cast<std::size_t>(raster.height())));
-  for (int y = 0; y < raster.height(); y += static_cast<int>(strips.rows)) {
-    if (isCancelled(options)) return refused(PictureError::Cancelled);
-    const FileBytes strip = encoder.encode(y, std::min(raster.height(), y + static_cast<int>(strips.rows)));
-    strips.offsets.push_back(file.append(strip));
-    strips.sizes.push_back(static_cast<std::uint32_t>(strip.size()));
+/// Whether differences of neighbors get shorter than the samples themselves, as seen in some of the strips.
+bool isPredictable(const Raster& raster, const Strips& layout) {
+  constexpr int tried = 6;
+  const int strips = (raster.height() + static_cast<int>(layout.rows) - 1) / static_cast<int>(layout.rows);
+  std::size_t plain = 0, predicted = 0;
+  StripEncoder plainly(raster, true, false, quickLevel), predicting(raster, true, true, quickLevel);
+  for (int i = 0; i < std::min(strips, tried); ++i) {
+    const int strip = strips <= tried ? i : static_cast<int>(std::int64_t{i} * (strips - 1) / (tried - 1));
+    const int begin = strip * static_cast<int>(layout.rows);
+    const int end = std::min(raster.height(), begin + static_cast<int>(layout.rows));
+    plain += plainly.encode(begin, end).size();
+    predicted += predicting.encode(begin, end).size();
   }
-  describe(file, raster, metadata, strips, hasPredictor);
-  if (file.size() > UINT32_MAX - stripBytes) return refused(PictureError::CannotEncode, "more than 4 GB");
-  return file.finish();
+  return predicted <= plain;
 }
 
 }  // namespace
 
-EncodedPicture writeTiff(const Raster& source, const PictureMetadata& metadata, const WriteOptions& options) {
-  auto predicted = encode(source, metadata, true, options);
-  if (!predicted) return predicted;
-  auto plain = encode(source, metadata, false, options);
-  if (!plain) return plain;
-  return predicted->size() <= plain->size() ? predicted : plain;
+EncodedPicture writeTiff(const Raster& raster, const PictureMetadata& metadata, const WriteOptions& options) {
+  Strips strips;
+  strips.rows = static_cast<std::uint32_t>(
+      std::clamp<std::size_t>(stripBytes / raster.stride(), 1, static_cast<std::size_t>(raster.height())));
+  const bool hasPredictor = isPredictable(raster, strips);
+  TiffFileWriter file(metadata.exif);
+  StripEncoder encoder(raster, file.isLittle(), hasPredictor, finalLevel);
+  for (int y = 0; y < raster.height(); y += static_cast<int>(strips.rows)) {
+    if (isCancelled(options)) return refused(PictureError::Cancelled);
+    const FileBytes strip = encoder.encode(y, std::min(raster.height(), y + static_cast<int>(strips.rows)));
+    if (file.size() + strip.size() > mostBytes) return refused(PictureError::CannotEncode, "more than 4 GB");
+    strips.offsets.push_back(file.append(strip));
+    strips.sizes.push_back(static_cast<std::uint32_t>(strip.size()));
+  }
+  describe(file, raster, metadata, strips, hasPredictor);
+  return file.finish();
 }
 
 }  // namespace vellora
