@@ -14,6 +14,7 @@ namespace {
 
 using test::Bytes;
 using test::ReaderSamples;
+using test::rgbaOf;
 
 Bytes bytesOf(std::string_view text) {
   const auto bytes = std::as_bytes(std::span(text));
@@ -34,15 +35,19 @@ class ReaderDamage : public testing::TestWithParam<std::pair<const char*, const 
 
 TEST_P(ReaderDamage, ACutFileIsNeverHalfAPicture) {
   const Bytes whole = sample();
-  ASSERT_TRUE(decodePicture(whole));
+  const auto complete = decodePicture(whole);
+  ASSERT_TRUE(complete);
   for (std::size_t percent = 0; percent < 100; ++percent) {
     const Bytes cut(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(whole.size() * percent / 100));
     const auto picture = decodePicture(cut);
     EXPECT_FALSE(picture) << percent << " %";
     (void)inspectPicture(cut);
   }
-  const Bytes almost(whole.begin(), whole.end() - 1);
-  EXPECT_FALSE(decodePicture(almost));
+  // The last byte may only pad the file.
+  const auto almost = decodePicture(std::span(whole).first(whole.size() - 1));
+  if (almost) {
+    EXPECT_EQ(rgbaOf(almost->raster), rgbaOf(complete->raster));
+  }
 }
 
 TEST_P(ReaderDamage, WrongBytesAreSurvived) {
