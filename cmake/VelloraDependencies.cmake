@@ -17,7 +17,9 @@ find_package(OpenSSL 3.0 REQUIRED)
 find_path(ASIO_INCLUDE_DIR asio.hpp REQUIRED)
 add_library(vellora_asio INTERFACE)
 target_include_directories(vellora_asio SYSTEM INTERFACE "${ASIO_INCLUDE_DIR}")
-target_compile_definitions(vellora_asio INTERFACE ASIO_STANDALONE ASIO_SEPARATE_COMPILATION ASIO_NO_DEPRECATED)
+# Whether Asio finds aligned_alloc depends on what was included before it; it has to be the same everywhere.
+target_compile_definitions(vellora_asio INTERFACE ASIO_STANDALONE ASIO_SEPARATE_COMPILATION ASIO_NO_DEPRECATED
+  ASIO_DISABLE_STD_ALIGNED_ALLOC)
 target_link_libraries(vellora_asio INTERFACE OpenSSL::SSL Threads::Threads)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb xcb-shm xcb-randr xcb-xfixes xcb-composite xcb-damage xcb-render)
 pkg_check_modules(XKB REQUIRED IMPORTED_TARGET xkbcommon xkbcommon-x11 xcb-xkb)
