@@ -120,15 +120,16 @@ class HeifStripper {
   void fill(const HeifItem& item) {
     if (!item.isMetadata()) return;
     static constexpr std::string_view emptyExif("\0\0\0\0II*\0\x08\0\0\0\0\0\0\0\0\0", 18);
-    for (const auto& extent : item.extents) {
-      if (!kept_.isFree(extent.at, extent.size)) continue;
-      const auto start = out_.begin() + static_cast<std::ptrdiff_t>(extent.at);
-      if (item.type == "Exif") {
-        if (item.extents.size() > 1 || extent.size < emptyExif.size()) return;
-        std::copy_n(std::as_bytes(std::span(emptyExif)).begin(), emptyExif.size(), start);
-      } else {
-        std::fill_n(start, extent.size, std::byte{' '});
-      }
+    static constexpr std::string_view emptyXmp(
+        "<x:xmpmeta xmlns:x='adobe:ns:meta/'>"
+        "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'/></x:xmpmeta>");
+    const std::string_view nothing = item.type == "Exif" ? emptyExif : emptyXmp;
+    for (const auto& [at, size] : item.extents) {
+      if (!kept_.isFree(at, size)) return;
+      const auto start = out_.begin() + static_cast<std::ptrdiff_t>(at);
+      if (item.type != "Exif") std::fill_n(start, size, std::byte{' '});
+      if (item.extents.size() > 1 || size < nothing.size()) continue;
+      std::copy_n(std::as_bytes(std::span(nothing)).begin(), nothing.size(), start);
     }
   }
 

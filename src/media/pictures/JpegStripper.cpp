@@ -60,8 +60,7 @@ class JpegStripper {
         facts_ = exifFacts({octets(exif), exif.size()});
       }
     }
-    constexpr double usualDensity = 72;
-    if (hasDensity || facts_.dotsPerInch == usualDensity) facts_.dotsPerInch = 0;
+    if (hasDensity) facts_.dotsPerInch = 0;
   }
 
   static bool isJfif(FileBytes payload) { return payload.size() >= jfifBytes && holdsAt(payload, 0, jfifStart); }

@@ -45,7 +45,8 @@ std::optional<std::vector<std::byte>> withoutMetadata(std::span<const std::byte>
 
 std::vector<std::byte> minimalExif(const ExifFacts& facts) {
   const bool isTurned = facts.orientation != 1;
-  const bool hasResolution = facts.dotsPerInch > 0 && facts.dotsPerInch < 1e5;
+  constexpr double usualResolution = 72;
+  const bool hasResolution = facts.dotsPerInch > 0 && facts.dotsPerInch != usualResolution && facts.dotsPerInch < 1e5;
   if (!isTurned && !hasResolution) return {};
   const std::size_t entries = (isTurned ? 1U : 0U) + (hasResolution ? 3U : 0U);
   const std::size_t end = 8 + 2 + 12 * entries + 4;

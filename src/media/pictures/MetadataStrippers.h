@@ -24,8 +24,8 @@ StrippedFile strippedBmp(FileBytes file);
 StrippedFile strippedHeif(FileBytes file);
 StrippedFile strippedJpegXL(FileBytes file);
 
-/// An Exif block that says nothing but how the picture stands and, where that is not 0, its resolution; empty when
-/// there is nothing to say.
+/// An Exif block that says nothing but how the picture stands and its resolution; empty when it stands upright and has
+/// no resolution, or the usual 72 dots per inch. Pass 0 dots where the file says it elsewhere.
 std::vector<std::byte> minimalExif(const ExifFacts& facts);
 
 void append(std::vector<std::byte>& file, FileBytes bytes);

@@ -1,7 +1,9 @@
 #include "media/pictures/PictureWriter.h"
 
+#include <algorithm>
 #include <new>
 
+#include "media/pictures/ColorConversion.h"
 #include "media/pictures/FileBytes.h"
 #include "media/pictures/ForeignCodec.h"
 #include "media/pictures/PictureEncoders.h"
@@ -33,6 +35,22 @@ EncodedPicture write(const Raster& raster, const PictureMetadata& metadata, Pict
   return foreignCodecFor(type)->encode(raster, metadata, type, options);
 }
 
+/// Profiles of grey go with few kinds of files, and those of RGB with grey pixels in none.
+bool fitsProfile(const Raster& raster, const std::vector<std::uint8_t>& profile) {
+  constexpr std::size_t colorSpaceAt = 16;  // ICC.1, 7.2
+  return profile.empty() || (samplesOf(raster.layout()) >= 3 && holdsAt(bytesOf(profile), colorSpaceAt, "RGB "));
+}
+
+EncodedPicture writeAsSrgb(const Raster& raster, PictureMetadata metadata, PictureType type,
+                           const WriteOptions& options) {
+  auto own = Raster::create(raster.width(), raster.height(), raster.layout(), raster.bitsPerSample());
+  if (!own) return refused(PictureError::OutOfMemory);
+  std::copy_n(raster.row(0), raster.bytes(), own->row(0));
+  convertToSrgb(*own, metadata.profile);
+  metadata.profile.clear();
+  return write(*own, metadata, type, options);
+}
+
 }  // namespace
 
 Result<std::vector<std::byte>, PictureFailure> writePicture(const Raster& raster, const PictureMetadata& metadata,
@@ -40,7 +58,8 @@ Result<std::vector<std::byte>, PictureFailure> writePicture(const Raster& raster
   if (raster.isNull()) return refused(PictureError::CannotEncode, "no pixels");
   try {
     if (isCancelled(options)) return refused(PictureError::Cancelled);
-    auto file = write(raster, metadata, type, options);
+    auto file = fitsProfile(raster, metadata.profile) ? write(raster, metadata, type, options)
+                                                      : writeAsSrgb(raster, metadata, type, options);
     if (file && isCancelled(options)) return refused(PictureError::Cancelled);
     return file;
   } catch (const std::bad_alloc&) {

@@ -21,7 +21,8 @@ struct WriteOptions {
 };
 
 /// The picture as a file of `type`, in memory. Types without alpha get a white ground; GIF gets a palette of 256
-/// colors. Metadata goes along as far as the type can hold it; what is empty is not written. Any thread.
+/// colors. Metadata goes along as far as the type can hold it; what is empty is not written. Grey pictures with a
+/// profile become sRGB. Any thread.
 Result<std::vector<std::byte>, PictureFailure> writePicture(const Raster& raster, const PictureMetadata& metadata,
                                                             PictureType type, const WriteOptions& options = {});
 

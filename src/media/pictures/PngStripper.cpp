@@ -37,14 +37,15 @@ std::optional<Chunk> nextChunk(FileBytes rest) {
   return Chunk{{type, 4}, rest.subspan(8, length), rest.first(length + chunkOverhead)};
 }
 
-void appendExif(std::vector<std::byte>& file, int orientation) {
+std::vector<std::byte> exifChunk(int orientation) {
+  std::vector<std::byte> chunk;
   const std::vector<std::byte> exif = minimalExif({orientation});
-  if (exif.empty()) return;
-  appendBig(file, exif.size(), 4);
-  const std::size_t start = file.size();
-  append(file, "eXIf");
-  append(file, exif);
-  appendBig(file, libdeflate_crc32(0, &file[start], file.size() - start), 4);
+  if (exif.empty()) return chunk;
+  appendBig(chunk, exif.size(), 4);
+  append(chunk, "eXIf");
+  append(chunk, exif);
+  appendBig(chunk, libdeflate_crc32(0, &chunk[4], chunk.size() - 4), 4);
+  return chunk;
 }
 
 }  // namespace
@@ -53,7 +54,8 @@ StrippedFile strippedPng(FileBytes file) {
   std::vector<std::byte> out;
   out.reserve(file.size());
   append(out, file.first(signatureBytes));
-  int orientation = 1;
+  std::vector<std::byte> exif;
+  std::size_t exifAt = 0;
   bool hasPixels = false;
   for (FileBytes rest = file.subspan(signatureBytes);;) {
     const auto chunk = nextChunk(rest);
@@ -62,17 +64,15 @@ StrippedFile strippedPng(FileBytes file) {
     if (isFirst != (chunk->type == "IHDR")) return std::nullopt;
     hasPixels = hasPixels || chunk->type == "IDAT";
     if (chunk->type == "eXIf" && chunk->isIntact()) {
-      orientation = exifFacts({octets(chunk->data), chunk->data.size()}).orientation;
-    }
-    if (chunk->type == "IEND") {
-      appendExif(out, orientation);
-      append(out, chunk->whole);
-      break;
+      exif = exifChunk(exifFacts({octets(chunk->data), chunk->data.size()}).orientation);
+      exifAt = out.size();
     }
     if (isKept(chunk->type)) append(out, chunk->whole);
+    if (chunk->type == "IEND") break;
     rest = rest.subspan(chunk->whole.size());
   }
   if (!hasPixels) return std::nullopt;
+  out.insert(out.begin() + static_cast<std::ptrdiff_t>(exifAt), exif.begin(), exif.end());
   return out;
 }
 

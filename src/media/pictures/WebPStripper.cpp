@@ -61,7 +61,7 @@ StrippedFile strippedWebP(FileBytes file) {
   append(out, file.first(riffHeaderBytes));
   std::byte flags{};
   bool isExtended = false, hasPixels = false, hasExif = false;
-  int orientation = 1;
+  ExifFacts facts;
   const FileBytes chunks = file.subspan(riffHeaderBytes, size - 4);
   const bool isWhole = forEachChunk(chunks, [&](std::string_view name, FileBytes data) {
     const bool isFirst = out.size() == riffHeaderBytes;
@@ -83,14 +83,14 @@ StrippedFile strippedWebP(FileBytes file) {
     } else if (name == "EXIF" && (flags & exifFlag) != std::byte{0} && !hasExif) {
       hasExif = true;
       if (holdsAt(data, 0, std::string_view("Exif\0\0", 6))) data = data.subspan(6);
-      orientation = exifFacts({octets(data), data.size()}).orientation;
+      facts = exifFacts({octets(data), data.size()});
     }
     return true;
   });
   if (!isWhole || !hasPixels) return std::nullopt;
-  if (orientation != 1) {
+  if (const auto exif = minimalExif(facts); !exif.empty()) {
     out[riffHeaderBytes + chunkHeaderBytes] |= exifFlag;
-    appendChunk(out, "EXIF", minimalExif({orientation}));
+    appendChunk(out, "EXIF", exif);
   }
   const std::size_t riffSize = out.size() - 8;
   for (std::size_t i = 0; i < 4; ++i) out[4 + i] = static_cast<std::byte>(riffSize >> (8 * i));
