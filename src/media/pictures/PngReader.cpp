@@ -6,6 +6,7 @@
 #include <memory>
 #include <utility>
 
+#include "base/PixelMemory.h"
 #include "media/ByteBuffer.h"
 #include "media/PngUnfilter.h"
 #include "media/pictures/ExifBlock.h"
@@ -130,11 +131,7 @@ class RowDecoder {
   /// From blue, green, red, alpha.
   void takeWords(const std::uint32_t* row, std::uint8_t* target) const {
     if (png_.color == PngColor::Rgb && png_.transparency.empty()) {
-      for (std::size_t x = 0; x < width_; ++x, target += 3) {
-        target[0] = static_cast<std::uint8_t>(row[x] >> 16);
-        target[1] = static_cast<std::uint8_t>(row[x] >> 8);
-        target[2] = static_cast<std::uint8_t>(row[x]);
-      }
+      packRgb(row, target);
       return;
     }
     const bool isKeyed = png_.color == PngColor::Rgb;
@@ -146,6 +143,21 @@ class RowDecoder {
       target[1] = static_cast<std::uint8_t>(word >> 8);
       target[2] = static_cast<std::uint8_t>(word);
       target[3] = isKeyed && word == clear ? 0 : static_cast<std::uint8_t>(word >> 24);
+    }
+  }
+
+  /// Four pixels at a time, which fill three words.
+  void packRgb(const std::uint32_t* row, std::uint8_t* target) const {
+    const auto rgb = [](std::uint32_t word) { return __builtin_bswap32(word) >> 8; };
+    std::size_t x = 0;
+    for (; x + 4 <= width_; x += 4, target += 12) {
+      const std::uint32_t a = rgb(row[x]), b = rgb(row[x + 1]), c = rgb(row[x + 2]), d = rgb(row[x + 3]);
+      const std::array<std::uint32_t, 3> words{a | b << 24, b >> 8 | c << 16, c >> 16 | d << 8};
+      std::memcpy(target, words.data(), sizeof(words));
+    }
+    for (; x < width_; ++x, target += 3) {
+      const std::uint32_t last = rgb(row[x]);
+      std::memcpy(target, &last, 3);
     }
   }
 
@@ -207,11 +219,11 @@ class RowDecoder {
   bool isOdd_ = false;
 };
 
-Result<ByteBuffer, PictureFailure> inflate(const PngFile& png) {
+Result<std::shared_ptr<std::byte[]>, PictureFailure> inflate(const PngFile& png) {
   const std::size_t bytes = inflatedBytesOf(png);
   if (bytes / mostInflated > png.deflatedBytes) return refused(PictureError::Damaged, "too little data");
   FileBytes deflated = png.deflated.front();
-  ByteBuffer joined, pixels;
+  ByteBuffer joined;
   if (png.deflated.size() > 1) {
     if (joined.reserve(png.deflatedBytes) == nullptr) return refused(PictureError::OutOfMemory);
     for (const FileBytes piece : png.deflated) {
@@ -221,14 +233,13 @@ Result<ByteBuffer, PictureFailure> inflate(const PngFile& png) {
   }
   const std::unique_ptr<libdeflate_decompressor, void (*)(libdeflate_decompressor*)> decompressor(
       libdeflate_alloc_decompressor(), libdeflate_free_decompressor);
-  std::byte* const target = pixels.reserve(bytes);
-  if (!decompressor || target == nullptr) return refused(PictureError::OutOfMemory);
+  auto pixels = allocatePixels(bytes);
+  if (!decompressor || !pixels) return refused(PictureError::OutOfMemory);
   // Without a place for the actual size, any other size is an error.
-  if (libdeflate_zlib_decompress(decompressor.get(), deflated.data(), deflated.size(), target, bytes, nullptr) !=
+  if (libdeflate_zlib_decompress(decompressor.get(), deflated.data(), deflated.size(), pixels.get(), bytes, nullptr) !=
       LIBDEFLATE_SUCCESS) {
     return refused(PictureError::Damaged, "corrupt compressed data");
   }
-  pixels.commit(bytes);
   return pixels;
 }
 
@@ -271,7 +282,7 @@ Result<DecodedPicture, PictureFailure> decodePngPicture(FileBytes file, const De
   if (!pixels) return failure(pixels.error());
   auto raster = rasterFor(png->width, png->height, layoutOf(*png), png->depth == 16 ? 16 : 8);
   if (!raster) return failure(raster.error());
-  if (!decodePasses(*png, pixels->bytes().data(), *raster)) return refused(PictureError::Damaged, "unknown filter");
+  if (!decodePasses(*png, pixels->get(), *raster)) return refused(PictureError::Damaged, "unknown filter");
   picture.raster = std::move(*raster);
   picture.metadata = {copyOf(png->exif), png->xmp, png->profile, png->dotsPerInch};
   if (png->color == PngColor::Indexed) picture.palette = static_cast<int>(png->palette.size() / 3);

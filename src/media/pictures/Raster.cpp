@@ -1,6 +1,6 @@
 #include "media/pictures/Raster.h"
 
-#include <cstdlib>
+#include "base/PixelMemory.h"
 
 namespace vellora {
 
@@ -13,10 +13,8 @@ std::optional<Raster> Raster::create(int width, int height, RasterLayout layout,
   raster.layout_ = layout;
   raster.bitsPerSample_ = bitsPerSample;
   if (raster.bytes() > maximumBytes) return std::nullopt;
-  // Large blocks come from calloc as fresh pages, which nobody has to clear.
-  auto* samples = static_cast<std::uint8_t*>(std::calloc(raster.bytes(), 1));
-  if (samples == nullptr) return std::nullopt;
-  raster.samples_ = std::shared_ptr<std::uint8_t[]>(samples, [](std::uint8_t* memory) { std::free(memory); });
+  raster.samples_ = allocatePixels(raster.bytes());
+  if (!raster.samples_) return std::nullopt;
   return raster;
 }
 

@@ -36,11 +36,15 @@ class Raster {
   std::size_t bytesPerPixel() const { return static_cast<std::size_t>(samplesOf(layout_) * bitsPerSample_ / 8); }
   std::size_t stride() const { return static_cast<std::size_t>(width_) * bytesPerPixel(); }
   std::size_t bytes() const { return stride() * static_cast<std::size_t>(height_); }
-  const std::uint8_t* row(int y) const { return samples_.get() + stride() * static_cast<std::size_t>(y); }
-  std::uint8_t* row(int y) { return samples_.get() + stride() * static_cast<std::size_t>(y); }
+  const std::uint8_t* row(int y) const {
+    return reinterpret_cast<const std::uint8_t*>(samples_.get()) + stride() * static_cast<std::size_t>(y);
+  }
+  std::uint8_t* row(int y) {
+    return reinterpret_cast<std::uint8_t*>(samples_.get()) + stride() * static_cast<std::size_t>(y);
+  }
 
  private:
-  std::shared_ptr<std::uint8_t[]> samples_;
+  std::shared_ptr<std::byte[]> samples_;
   int width_ = 0;
   int height_ = 0;
   RasterLayout layout_ = RasterLayout::Rgba;
