@@ -18,4 +18,8 @@ ExifFacts exifFacts(std::span<const std::uint8_t> exif);
 /// Makes the block say that the picture and its thumbnail stand upright.
 void setUpright(std::vector<std::uint8_t>& exif);
 
+/// The block that says about a TIFF file what Exif says: the tags about the picture's making, with the directories of
+/// Exif and GPS. Empty when there is nothing of the kind, and for BigTIFF.
+std::vector<std::uint8_t> exifOfTiff(std::span<const std::uint8_t> file);
+
 }  // namespace vellora

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "media/pictures/ColorConversion.h"
+#include "media/pictures/ExifBlock.h"
 #include "media/pictures/Orientation.h"
 #include "media/pictures/PictureFormats.h"
 #include "media/pictures/TiffFile.h"
@@ -416,7 +417,7 @@ Result<PictureInfo, PictureFailure> inspectTiff(FileBytes bytes) {
   return info;
 }
 
-Result<DecodedPicture, PictureFailure> decodeTiff(FileBytes bytes, const DecodeOptions&) {
+Result<DecodedPicture, PictureFailure> decodeTiff(FileBytes bytes, const DecodeOptions& options) {
   TiffFile file(bytes);
   if (file.handle() == nullptr || file.isHurt()) return failure(damaged(file));
   const auto page = readPage(file);
@@ -428,6 +429,7 @@ Result<DecodedPicture, PictureFailure> decodeTiff(FileBytes bytes, const DecodeO
   if (fault) return failure(std::move(*fault));
   picture.raster = std::move(*raster);
   readMetadata(file, *page, picture.metadata);
+  if (options.keepsMetadata) picture.metadata.exif = exifOfTiff({octets(bytes), bytes.size()});
   if (page->photometric == PHOTOMETRIC_PALETTE) picture.palette = 1 << page->bits;
   picture.info.frames = countPages(file);
   return picture;

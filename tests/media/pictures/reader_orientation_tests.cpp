@@ -1,7 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <string_view>
+
 #include "media/pictures/ExifBlock.h"
 #include "media/pictures/ReaderSamples.h"
+#include "support/ChildProcess.h"
 
 namespace vellora {
 namespace {
@@ -20,6 +26,7 @@ class ReaderOrientation : public testing::TestWithParam<Turned> {};
 
 TEST_P(ReaderOrientation, IsAppliedToThePixelsAndGoneFromTheMetadata) {
   const auto& [ending, make] = GetParam();
+  constexpr std::string_view artist = "Somebody";
   for (int orientation = 1; orientation <= 8; ++orientation) {
     SCOPED_TRACE(orientation);
     const std::string name = "turned" + std::to_string(orientation) + ending;
@@ -42,6 +49,8 @@ TEST_P(ReaderOrientation, IsAppliedToThePixelsAndGoneFromTheMetadata) {
         name, 8, std::string("-orient undefined ") + turns[static_cast<std::size_t>(orientation)]);
     EXPECT_EQ(greatestDifference(rgbaOf(picture->raster), reference), 0);
     EXPECT_EQ(exifFacts(picture->metadata.exif).orientation, 1);
+    EXPECT_NE(std::search(picture->metadata.exif.begin(), picture->metadata.exif.end(), artist.begin(), artist.end()),
+              picture->metadata.exif.end());
     const auto bare = decodePicture(file);
     ASSERT_TRUE(bare);
     EXPECT_TRUE(bare->metadata.exif.empty() && bare->metadata.xmp.empty() && bare->metadata.profile.empty());
@@ -64,6 +73,22 @@ TEST(ReaderOrientation, DeepSamplesAreTurnedWhole) {
   const auto picture = decodePicture(file, {.keepsDepth = true});
   ASSERT_TRUE(picture) << picture.error().detail;
   EXPECT_EQ(greatestDifference(rgbaOf(picture->raster), ReaderSamples::reference("deepturned.tiff", 16), 16), 0);
+}
+
+TEST(ReaderOrientation, ATiffGivesItsExifAndPlaceAsABlockThatAnotherProgramReads) {
+  const auto file = ReaderSamples::file(
+      "placed.tiff",
+      "convert base.png -endian MSB placed.tiff && exiftool -q -overwrite_original -Make=Maker -ISO=320 "
+      "-GPSLatitude=48.5 -GPSLatitudeRef=N -LensModel='A long enough name of a lens' placed.tiff");
+  const auto picture = decodePicture(file, {.keepsMetadata = true});
+  ASSERT_TRUE(picture) << picture.error().detail;
+  const auto& exif = picture->metadata.exif;
+  std::ofstream(ReaderSamples::path("block.exif"), std::ios::binary)
+      .write(reinterpret_cast<const char*>(exif.data()), static_cast<std::streamsize>(exif.size()));
+  const auto read = test::runProgram({"exiftool", "-s3", "-n", "-Make", "-ISO", "-GPSLatitude", "-LensModel",
+                                      "-ImageWidth", ReaderSamples::path("block.exif")},
+                                     {});
+  EXPECT_EQ(read.output, "Maker\n320\n48.5\nA long enough name of a lens\n");
 }
 
 TEST(ReaderOrientation, ExifThatIsNotUnderstoodIsLeftAlone) {
