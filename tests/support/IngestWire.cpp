@@ -332,7 +332,6 @@ bool StrictChunkReader::takeChunk(std::vector<WireMessage>& messages, std::vecto
     stream.started = true;
     stream.inMessage = true;
     stream.isExtended = isExtended;
-    ++unfinished_;
     message.payload.clear();
     message.values.clear();
     message.chunkStream = id;
@@ -356,7 +355,6 @@ bool StrictChunkReader::takeChunk(std::vector<WireMessage>& messages, std::vecto
   if (message.payload.size() < length) return true;
 
   stream.inMessage = false;
-  --unfinished_;
   if (message.type == wire::command || message.type == wire::data)
     message.values = readAmf0(message.payload, complaints);
   check(message, complaints);

@@ -76,9 +76,6 @@ class StrictChunkReader {
   void feed(const std::uint8_t* bytes, std::size_t count) { input_.insert(input_.end(), bytes, bytes + count); }
   /// The messages that are complete by now.
   std::vector<WireMessage> take(std::vector<std::string>& complaints);
-  std::size_t chunkSize() const { return chunkSize_; }
-  /// No message is under way.
-  bool isIdle() const { return input_.empty() && unfinished_ == 0; }
 
  private:
   struct Stream {
@@ -94,7 +91,6 @@ class StrictChunkReader {
   Octets input_;
   std::map<std::uint32_t, Stream> streams_;
   std::size_t chunkSize_ = 128;
-  int unfinished_ = 0;
   bool isLost_ = false;  ///< what follows makes no sense any more
 };
 
