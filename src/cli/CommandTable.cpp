@@ -93,8 +93,8 @@ VerbDescription publishVerb() {
   verb.summary = "stream a video or audio file to an RTMP server";
   verb.description =
       "Streams as fast as the file plays. H.264, HEVC, AAC and Opus leave as they are, everything else is encoded "
-      "again "
-      "as H.264 and AAC. URL is rtmp://HOST[:PORT]/APPLICATION/STREAM, or rtmps:// for a secure connection, whose "
+      "again as H.264 and AAC. URL is rtmp://HOST[:PORT]/APPLICATION/STREAM, or rtmps:// for a secure connection, "
+      "whose "
       "certificate is always checked. Ctrl-C ends the stream properly, a second one at once. Secrets need not stand on "
       "the command line: the password, then the stream name, are lines of standard input, which a terminal asks for.";
   verb.arguments = {{"FILE", "the file to stream", true, {}, false, ValueHint::File},

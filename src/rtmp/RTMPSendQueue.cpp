@@ -14,8 +14,10 @@ bool RTMPSendQueue::push(RTMPOutgoing message) {
   std::function<void()> wake;
   {
     const std::lock_guard lock(mutex_);
-    if (isClosed_ || message.payload.size() > maximumBytes_ - std::min(bytes_, maximumBytes_)) return false;
     const bool isControl = message.kind == RTMPOutgoing::Kind::control;
+    // What the protocol needs leaves also while media fills its own bound.
+    const std::size_t bound = maximumBytes_ + (isControl ? maximumControlBytes : 0);
+    if (isClosed_ || message.payload.size() > bound - std::min(bytes_, bound)) return false;
     if (isControl && control_.size() >= maximumControl) return false;
     bytes_ += message.payload.size();
     if (message.kind == RTMPOutgoing::Kind::videoFrame) ++videoFrames_;

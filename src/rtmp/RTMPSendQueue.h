@@ -42,6 +42,8 @@ class RTMPSendQueue {
  public:
   /// Control messages that may wait; a server that asks for more answers than it reads gets none for the rest.
   static constexpr std::size_t maximumControl = 1024;
+  /// What they may take beyond the bound of all payloads.
+  static constexpr std::size_t maximumControlBytes = 1U << 20;
 
   struct State {
     std::size_t bytes = 0;
