@@ -21,6 +21,7 @@ void put32(std::vector<std::byte>& file, std::size_t at, std::uint32_t number) {
 StrippedFile strippedBmp(FileBytes file) {
   const std::size_t header = little32(file, fileHeaderBytes);
   if (header < infoHeaderBytes || file.size() < fileHeaderBytes + header) return std::nullopt;
+  std::uint64_t colors = little32(file, 46);
   const std::uint64_t width = little32(file, 18), bits = little16(file, 28), compression = little32(file, 30);
   const auto signedHeight = static_cast<std::int32_t>(little32(file, 22));
   const std::uint64_t height = static_cast<std::uint64_t>(std::abs(std::int64_t{signedHeight}));
@@ -28,7 +29,13 @@ StrippedFile strippedBmp(FileBytes file) {
   std::uint64_t end = file.size();
   if (compression == uncompressed || compression == bitFields) {
     if (width > INT32_MAX) return std::nullopt;
-    end = little32(file, 10) + (width * bits + 31) / 32 * 4 * height;
+    constexpr std::uint64_t masks = 4;
+    if (bits > 8) {
+      colors = compression == bitFields ? masks : 0;
+    } else if (colors == 0 || colors > 256) {
+      colors = std::uint64_t{1} << bits;
+    }
+    end = std::max(little32(file, 10) + (width * bits + 31) / 32 * 4 * height, fileHeaderBytes + header + 4 * colors);
   }
   std::vector<std::byte> out(file.begin(), file.end());
   if (header >= version5Bytes) {

@@ -68,6 +68,8 @@ class GifStripper {
   bool skipImage() {
     constexpr std::size_t descriptorBytes = 9;
     if (!skip(descriptorBytes)) return false;
+    // Readers disagree on what follows an image of no pixels.
+    if (little16(file_, at_ - 5) == 0 || little16(file_, at_ - 3) == 0) return false;
     return skip(tableBytes(byteAt(file_, at_ - 1)) + 1) && skipSubBlocks();
   }
 
