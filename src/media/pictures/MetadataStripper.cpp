@@ -45,8 +45,10 @@ std::optional<std::vector<std::byte>> withoutMetadata(std::span<const std::byte>
 
 std::vector<std::byte> minimalExif(const ExifFacts& facts) {
   const bool isTurned = facts.orientation != 1;
-  constexpr double usualResolution = 72;
-  const bool hasResolution = facts.dotsPerInch > 0 && facts.dotsPerInch != usualResolution && facts.dotsPerInch < 1e5;
+  constexpr std::int64_t perDot = 10000, usual = 72 * perDot, most = 100000 * perDot;
+  const bool isSensible = facts.dotsPerInch >= 1 && facts.dotsPerInch < 1e5;
+  const std::int64_t resolution = isSensible ? std::llround(facts.dotsPerInch * perDot) : usual;
+  const bool hasResolution = resolution != usual && resolution < most;
   if (!isTurned && !hasResolution) return {};
   const std::size_t entries = (isTurned ? 1U : 0U) + (hasResolution ? 3U : 0U);
   const std::size_t end = 8 + 2 + 12 * entries + 4;
@@ -69,9 +71,8 @@ std::vector<std::byte> minimalExif(const ExifFacts& facts) {
   }
   appendBig(exif, 0, 4);
   if (hasResolution) {
-    constexpr std::size_t denominator = 10000;
-    appendBig(exif, static_cast<std::size_t>(std::llround(facts.dotsPerInch * denominator)), 4);
-    appendBig(exif, denominator, 4);
+    appendBig(exif, static_cast<std::size_t>(resolution), 4);
+    appendBig(exif, static_cast<std::size_t>(perDot), 4);
   }
   return exif;
 }
