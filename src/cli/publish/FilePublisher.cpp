@@ -108,7 +108,9 @@ asio::awaitable<void> FilePublisher::establish() {
   const auto connected = co_await connection_->connect(request_.server.text);
   if (isOver()) co_return;
   if (!connected) {
-    fail(publishFailure(connected.error(), PublishStep::connecting, request_.server));
+    const bool isShaken = connection_->readyState() == RTMPConnection::ReadyState::handshakeDone;
+    fail(publishFailure(connected.error(), isShaken ? PublishStep::connecting : PublishStep::shakingHands,
+                        request_.server));
     co_return;
   }
   stream_ = std::make_unique<RTMPStream>(connection_);

@@ -25,12 +25,22 @@ bool mentions(const std::optional<RTMPStatus>& status, const char* word) {
   return status && status->description.find(word) != std::string::npos;
 }
 
+/// What helps where the authority is not known here; nothing helps where the certificate itself is wrong.
+std::string certificateAdvice(const std::string& reason) {
+  const bool isUnknownIssuer = reason.find("issuer") != std::string::npos || reason.find("self") != std::string::npos;
+  return isUnknownIssuer ? "; --ca-file names an authority to trust" : "";
+}
+
 bool isEndByServer(RTMPSocketError error) {
   return error == RTMPSocketError::closedByPeer || error == RTMPSocketError::connectionReset;
 }
 
 /// Servers that do not know an application or a stream name often say so by closing the connection.
 PublishFailure closedBeforeStreaming(PublishStep step, const RTMPURL& server) {
+  if (step == PublishStep::shakingHands) {
+    return {"protocolBroken", hostAndPort(server) + " closed the connection: it may not speak RTMP" +
+                                  (server.isSecure ? "" : ", or only rtmps://")};
+  }
   if (step == PublishStep::connecting) {
     return {"applicationRefused",
             hostAndPort(server) + " closed the connection: it may not know " + quoted(server.path)};
@@ -53,7 +63,8 @@ PublishFailure transportFailure(const RTMPSocketFailure& failure, const RTMPURL&
       const RTMPCertificateRefusal& certificate = failure.certificate;
       const std::string issuer = certificate.issuer.empty() ? "an unnamed authority" : quoted(certificate.issuer);
       return {"certificateRefused", "the certificate of " + quoted(certificate.host) + ", issued by " + issuer +
-                                        ", is not accepted: " + certificate.reason};
+                                        ", is not accepted: " + certificate.reason +
+                                        certificateAdvice(certificate.reason)};
     }
     case RTMPSocketError::tlsFailed:
       return {"tlsFailed", "no secure connection to " + place + " can be made: " + failure.message};
@@ -70,7 +81,7 @@ PublishFailure transportFailure(const RTMPSocketFailure& failure, const RTMPURL&
 }
 
 PublishFailure refusal(const RTMPFailure& failure, PublishStep step, const RTMPURL& server) {
-  if (step != PublishStep::connecting) {
+  if (step == PublishStep::startingStream || step == PublishStep::streaming) {
     return {"streamRefused", hostAndPort(server) + " refused the stream" + saidBy(failure.status)};
   }
   // The words of the "adobe" scheme of logging in.

@@ -15,7 +15,7 @@ struct PublishFailure {
 };
 
 /// What a failure of the connection interrupted.
-enum class PublishStep { connecting, startingStream, streaming };
+enum class PublishStep { shakingHands, connecting, startingStream, streaming };
 
 PublishFailure publishFailure(const MediaFailure& failure);
 PublishFailure publishFailure(const RTMPFailure& failure, PublishStep step, const RTMPURL& server);

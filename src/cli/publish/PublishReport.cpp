@@ -27,9 +27,11 @@ Json codecJson(const std::optional<MediaTrack>& track) {
   return track ? Json(track->codec) : Json();
 }
 
-std::string megabytes(std::uint64_t bytes) {
+std::string amount(std::uint64_t bytes) {
   std::array<char, 32> text{};
-  std::snprintf(text.data(), text.size(), "%.1f MB", static_cast<double>(bytes) / 1e6);
+  const bool isLarge = bytes >= 1'000'000;
+  std::snprintf(text.data(), text.size(), isLarge ? "%.1f MB" : "%.0f kB",
+                static_cast<double>(bytes) / (isLarge ? 1e6 : 1e3));
   return text.data();
 }
 
@@ -73,7 +75,7 @@ std::string reportText(const PublishReport& report) {
   const PublishProgress& progress = report.progress;
   if (progress.videoFrames + progress.audioFrames + progress.droppedFrames == 0) return {};
   std::string text = report.outcome.state == PublishOutcome::State::interrupted ? "interrupted: " : "";
-  text += mediaTimeText(progress.time) + " published to " + report.server + ", " + megabytes(progress.bytes) + "\n";
+  text += mediaTimeText(progress.time) + " published to " + report.server + ", " + amount(progress.bytes) + "\n";
   if (report.video) text += trackText(progress.videoFrames, "video", *report.video);
   if (report.video && report.audio) text += ", ";
   if (report.audio) text += trackText(progress.audioFrames, "audio", *report.audio);

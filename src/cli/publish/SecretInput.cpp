@@ -52,9 +52,9 @@ class HiddenTyping {
 
 Result<std::string, std::string> SecretInput::read(std::string_view name) {
   if (::isatty(descriptor_) == 0) return readLine(name);
+  const HiddenTyping hidden(descriptor_);
   std::fprintf(stderr, "%.*s: ", static_cast<int>(name.size()), name.data());
   std::fflush(stderr);
-  const HiddenTyping hidden(descriptor_);
   return readLine(name);
 }
 

@@ -247,6 +247,12 @@ TEST(FilePublisher, TellsRefusalsApart) {
               peer.serve();
             }),
             "loginNeeded");
+  EXPECT_EQ(codeWith([](IngestPeer& peer) { peer.close(); }), "protocolBroken");
+  EXPECT_EQ(codeWith([](IngestPeer& peer) {
+              peer.expect("connect");
+              peer.close();
+            }),
+            "applicationRefused");
   EXPECT_EQ(codeWith([](IngestPeer& peer) {
               peer.readC0C1();
               peer.raw(Octets(4000, 'x'));
