@@ -31,7 +31,7 @@ class KeptRanges {
     ranges_ = std::move(joined);
   }
 
-  /// Whether nothing from `at` on is kept; once settled.
+  /// Whether nothing of a part is kept; once settled.
   bool isFree(std::uint64_t at, std::uint64_t size) const {
     const auto next = firstEndingBehind(at);
     return next == ranges_.end() || next->first >= at + size;
