@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -22,7 +23,7 @@ class SecretInput {
   Result<std::string, std::string> read(std::string_view name);
 
  private:
-  Result<std::string, std::string> readLine(std::string_view name);
+  Result<std::string, std::string> readLine(std::string_view name, const std::function<bool()>& wait);
   int descriptor_;
 };
 
