@@ -33,7 +33,7 @@ Result<std::vector<std::byte>, PictureFailure> encode(const Raster& raster, cons
 }
 
 bool holdsAlpha(PictureType type) {
-  return type != PictureType::Jpeg && type != PictureType::Bmp;
+  return type != PictureType::Jpeg;
 }
 
 template <class Sample>
