@@ -54,10 +54,10 @@ bool isTransparent(const Raster& raster) {
                                       : hasTransparentPixel<std::uint8_t>(raster);
 }
 
-/// A lossless file of the same kind keeps everything its pixels have: depth and color space.
-bool staysExact(const PictureInfo& info, const ImageCompressor::Codec& codec) {
+/// Lossless files that can hold all of what pixels have: depth and color space.
+bool staysExact(const ImageCompressor::Codec& codec) {
   const auto* platform = std::get_if<ImageCompressor::PlatformCodec>(&codec);
-  return platform && !platform->quality && platform->type == info.type;
+  return platform && (platform->type == PictureType::Png || platform->type == PictureType::Tiff);
 }
 
 Result<ImageCompressor::Output, PictureFailure> encoded(const DecodedPicture& picture, ImageCompressor::Size size,
@@ -133,6 +133,18 @@ ImageCompressor::Size ImageCompressor::resizedSize(int width, int height, std::o
   return {scaled(width), scaled(height)};
 }
 
+DecodeOptions ImageCompressor::decodingOf(const PictureInfo& source, const CompressOptions& options) {
+  const Codec codec = codecFor(source.type, options);
+  const Size size = resizedSize(source.width, source.height, options.maxEdge);
+  DecodeOptions decoding;
+  if (size != Size{source.width, source.height}) decoding.neededEdge = std::max(size.width, size.height);
+  // What more than 8 bits of lossy sources say is not worth the size of a lossless file.
+  decoding.keepsDepth = staysExact(codec) && !isLossy(source.type);
+  decoding.keepsProfile = staysExact(codec) || typeOf(codec) == PictureType::Bmp;
+  decoding.keepsMetadata = options.keepsMetadata;
+  return decoding;
+}
+
 Result<ImageCompressor::Output, PictureFailure> ImageCompressor::compress(std::span<const std::byte> file,
                                                                           const CompressOptions& options,
                                                                           const CompressControl& control) {
@@ -141,29 +153,22 @@ Result<ImageCompressor::Output, PictureFailure> ImageCompressor::compress(std::s
   const Codec codec = codecFor(info->type, options);
   const Size size = resizedSize(info->width, info->height, options.maxEdge);
   const bool keepsTypeAndSize = typeOf(codec) == info->type && size == Size{info->width, info->height};
+  auto unchanged = keepsTypeAndSize ? original(file, *info, options) : std::nullopt;
 
   if (info->frames > 1) {
-    if (keepsTypeAndSize)
-      if (auto output = original(file, *info, options)) return std::move(*output);
+    if (unchanged) return std::move(*unchanged);
     return failure(PictureFailure{PictureError::Animated,
                                   info->isAnimated ? "an animation of " + std::to_string(info->frames) + " frames"
                                                    : std::to_string(info->frames) + " pages"});
   }
 
-  DecodeOptions decoding;
-  decoding.neededEdge = keepsTypeAndSize || !options.maxEdge ? 0 : std::max(size.width, size.height);
-  decoding.keepsDepth = staysExact(*info, codec);
-  decoding.keepsProfile = decoding.keepsDepth;
-  decoding.keepsMetadata = options.keepsMetadata;
-  const auto picture = decodePicture(file, decoding);
+  const auto picture = decodePicture(file, decodingOf(*info, options));
   if (!picture) return failure(picture.error());
   if (isCancelled(control)) return failure(PictureFailure{PictureError::Cancelled});
   auto output = encoded(*picture, size, codec, control);
-  if (!keepsTypeAndSize || (output && output->data.size() < file.size())) return output;
+  if (!unchanged || (output && output->data.size() < unchanged->data.size())) return output;
   if (!output && output.error().error == PictureError::Cancelled) return output;
-  if (auto unchanged = original(file, *info, options))
-    if (!output || unchanged->data.size() <= output->data.size()) return std::move(*unchanged);
-  return output;
+  return std::move(*unchanged);
 }
 
 Result<ImageCompressor::Output, PictureFailure> ImageCompressor::compress(const Raster& raster,

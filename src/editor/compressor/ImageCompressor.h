@@ -49,18 +49,22 @@ class ImageCompressor {
   };
   static Size resizedSize(int width, int height, std::optional<int> maxEdge);
 
+  /// What has to be decoded of a picture to make the result.
+  static DecodeOptions decodingOf(const PictureInfo& source, const CompressOptions& options);
+
   struct Output {
     PictureType type = PictureType::Png;
-    std::vector<std::byte> data;  ///< the source's own bytes when `isOriginal`
+    std::vector<std::byte> data;
     int width = 0;
     int height = 0;
-    bool isOriginal = false;   ///< nothing smaller was found, in the same type and size
+    bool isOriginal = false;   ///< `data` is the source's own, at most without its metadata
     bool isFlattened = false;  ///< transparency became white, which the type cannot hold
   };
 
-  /// A whole file, smaller. When type and size stay and nothing smaller was found the source's bytes come back, without
-  /// its metadata unless that is kept or leaving it out cannot be done without decoding. Several frames or pages:
-  /// passed through with the format `original` and no resizing where possible, else refused as Animated.
+  /// A whole file, smaller. When type and size stay, the result is never larger than the source's own bytes without
+  /// their metadata, or with them if they are kept; those come back when nothing smaller was found. Only metadata that
+  /// cannot be taken out without decoding leaves no choice but the encoded picture. Several frames or pages pass
+  /// through in the same way when type and size stay, else they are refused as Animated.
   static Result<Output, PictureFailure> compress(std::span<const std::byte> file, const CompressOptions& options,
                                                  const CompressControl& control = {});
   /// Pixels without a file, as pasted ones.
