@@ -5,10 +5,12 @@
 
 #include <QFile>
 #include <array>
+#include <new>
 #include <utility>
 
 #include "base/AtomicFile.h"
 #include "base/FileName.h"
+#include "editor/compressor/AdmittedFile.h"
 #include "editor/compressor/PictureFolder.h"
 
 namespace vellora {
@@ -54,35 +56,13 @@ void copyDates(const fs::path& from, const fs::path& to) {
   ::utimensat(AT_FDCWD, to.c_str(), dates.data(), 0);
 }
 
-}  // namespace
-
-std::size_t workingBytes(std::size_t decodedBytes) {
-  return decodedBytes + decodedBytes / 2 * 3;
+CompressControl controlOf(const CompressionJob& job) {
+  return {job.threads, job.isCancelled};
 }
 
-Result<CompressionResult, PictureFailure> carryOut(const CompressionJob& job, MemoryGate& gate) {
-  if (job.isCancelled()) return failure(PictureFailure{PictureError::Cancelled});
-  const CompressControl control{job.threads, job.isCancelled};
-  CompressionResult result;
-  Result<ImageCompressor::Output, PictureFailure> output = failure(PictureFailure{});
-  if (job.source.empty()) {
-    const MemoryGate::Share share(gate, workingBytes(job.image.bytes()));
-    result.sourceSize = {job.image.width(), job.image.height()};
-    result.sourceBytes = job.image.bytes();
-    output = ImageCompressor::compress(job.image, job.options, control);
-  } else {
-    const auto file = readPictureFile(job.source);
-    if (!file) return failure(file.error());
-    result.sourceBytes = file->size();
-    const auto info = inspectPicture(*file);
-    if (!info) return failure(info.error());
-    result.sourceSize = {info->width, info->height};
-    result.sourceType = info->type;
-    DecodeOptions decoding;
-    decoding.neededEdge = job.options.maxEdge.value_or(0);
-    const MemoryGate::Share share(gate, file->size() + workingBytes(decodedBytesOf(*info, decoding)));
-    output = ImageCompressor::compress(*file, job.options, control);
-  }
+Result<CompressionResult, PictureFailure> finish(const CompressionJob& job,
+                                                 Result<ImageCompressor::Output, PictureFailure> output,
+                                                 CompressionResult result) {
   if (!output) return failure(std::move(output.error()));
   if (job.isCancelled()) return failure(PictureFailure{PictureError::Cancelled});
   auto written = write(job, *output);
@@ -92,6 +72,35 @@ Result<CompressionResult, PictureFailure> carryOut(const CompressionJob& job, Me
   result.output = {std::move(*written), output->type,   output->data.size(),
                    output->width,       output->height, output->isFlattened};
   return result;
+}
+
+}  // namespace
+
+std::size_t workingBytes(std::size_t decodedBytes) {
+  return decodedBytes + decodedBytes / 2 * 3;
+}
+
+Result<CompressionResult, PictureFailure> carryOut(const CompressionJob& job, MemoryGate& gate) try {
+  if (job.isCancelled()) return failure(PictureFailure{PictureError::Cancelled});
+  if (job.source.empty()) {
+    const MemoryGate::Share share(gate, workingBytes(job.image.bytes()));
+    CompressionResult result;
+    result.sourceSize = {job.image.width(), job.image.height()};
+    result.sourceBytes = job.image.bytes();
+    return finish(job, ImageCompressor::compress(job.image, job.options, controlOf(job)), std::move(result));
+  }
+  const auto file = admit(job.source, gate, [&job](const PictureInfo& info) {
+    return workingBytes(decodedBytesOf(info, ImageCompressor::decodingOf(info, job.options)));
+  });
+  if (!file) return failure(file.error());
+  if (job.isCancelled()) return failure(PictureFailure{PictureError::Cancelled});
+  CompressionResult result;
+  result.sourceSize = {file->info.width, file->info.height};
+  result.sourceType = file->info.type;
+  result.sourceBytes = file->data.size();
+  return finish(job, ImageCompressor::compress(file->data, job.options, controlOf(job)), std::move(result));
+} catch (const std::bad_alloc&) {
+  return failure(PictureFailure{PictureError::OutOfMemory});
 }
 
 }  // namespace vellora

@@ -35,8 +35,7 @@ struct CompressionResult {
   bool isOriginal = false;
 };
 
-/// Reads, compresses and writes; on failure no file is left. Waits at `gate` before anything large is taken. Any
-/// thread.
+/// Reads, compresses and writes; on failure no file is left. Waits at `gate` for its memory. Any thread.
 Result<CompressionResult, PictureFailure> carryOut(const CompressionJob& job, MemoryGate& gate);
 
 /// What compressing takes at most beside the file's own bytes: the decoded picture, a resized or converted copy, and

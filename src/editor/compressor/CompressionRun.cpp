@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "base/SerialQueue.h"
+#include "editor/compressor/AdmittedFile.h"
 #include "editor/compressor/CompressionJob.h"
 #include "editor/compressor/CompressionWorkers.h"
 #include "editor/compressor/PictureFolder.h"
@@ -45,38 +46,38 @@ Raster reduced(const Raster& raster, int edge) {
 
 Glance glanceAt(const fs::path& source, const Raster& image, MemoryGate& gate) {
   if (source.empty()) return {std::nullopt, {image.width(), image.height()}, reduced(image, thumbnailEdge)};
-  const auto file = readPictureFile(source);
-  if (!file) return {};
-  const auto info = inspectPicture(*file);
-  if (!info) return {};
   DecodeOptions decoding;
   decoding.neededEdge = thumbnailEdge;
-  const MemoryGate::Share share(gate, file->size() + decodedBytesOf(*info, decoding));
-  const auto picture = decodePicture(*file, decoding);
-  return {info->type, {info->width, info->height}, picture ? reduced(picture->raster, thumbnailEdge) : Raster()};
+  const auto file = admit(source, gate, [&](const PictureInfo& info) { return decodedBytesOf(info, decoding); });
+  if (!file) return {};
+  const auto picture = decodePicture(file->data, decoding);
+  return {file->info.type,
+          {file->info.width, file->info.height},
+          picture ? reduced(picture->raster, thumbnailEdge) : Raster()};
 }
 
 Result<CompressionRun::Preview, PictureFailure> makePreview(const fs::path& source, const Raster& image,
-                                                            const CompressOptions& options, MemoryGate& gate) {
+                                                            const CompressOptions& options,
+                                                            const CompressControl& control, MemoryGate& gate) {
   CompressionRun::Preview preview;
   Result<ImageCompressor::Output, PictureFailure> output = failure(PictureFailure{});
   if (source.empty()) {
+    const MemoryGate::Share share(gate, workingBytes(image.bytes()));
     preview.before = image;
-    output = ImageCompressor::compress(image, options);
+    output = ImageCompressor::compress(image, options, control);
   } else {
-    const auto file = readPictureFile(source);
+    const auto file =
+        admit(source, gate, [](const PictureInfo& info) { return workingBytes(2 * decodedBytesOf(info)); });
     if (!file) return failure(file.error());
-    const auto info = inspectPicture(*file);
-    if (!info) return failure(info.error());
-    const MemoryGate::Share share(gate, file->size() + workingBytes(2 * decodedBytesOf(*info)));
-    auto before = decodePicture(*file);
-    if (!before) return failure(before.error());
+    auto before = decodePicture(file->data);
+    if (!before) return failure(std::move(before.error()));
     preview.before = std::move(before->raster);
-    output = ImageCompressor::compress(*file, options);
+    if (control.isCancelled()) return failure(PictureFailure{PictureError::Cancelled});
+    output = ImageCompressor::compress(file->data, options, control);
   }
-  if (!output) return failure(output.error());
+  if (!output) return failure(std::move(output.error()));
   auto after = decodePicture(output->data);
-  if (!after) return failure(after.error());
+  if (!after) return failure(std::move(after.error()));
   preview.after = std::move(after->raster);
   preview.bytes = output->data.size();
   return preview;
@@ -222,8 +223,9 @@ class CompressionRun::State : public std::enable_shared_from_this<State> {
     const std::uint64_t number = ++previewNumber_;
     previewQueue_->async(
         [this, number, source = item->sourceURL, image = item->image, options, then = std::move(then)] {
-          if (number != previewNumber_) return;
-          post([number, then, preview = makePreview(source, image, options, gate_)](State& self) {
+          const CompressControl control{defaultJobs(), [this, number] { return number != previewNumber_; }};
+          if (control.isCancelled()) return;
+          post([number, then, preview = makePreview(source, image, options, control, gate_)](State& self) {
             if (number == self.previewNumber_) then(preview);
           });
         });

@@ -5,6 +5,11 @@
 
 namespace vellora {
 
+MemoryGate::Share::Share(MemoryGate& gate, Turn turn, std::size_t bytes) : gate_(gate), bytes_(bytes) {
+  const Turn whileWaiting = std::move(turn);
+  gate_.take(bytes_);
+}
+
 void MemoryGate::take(std::size_t bytes) {
   std::unique_lock lock(mutex_);
   freed_.wait(lock, [&] { return taken_ == 0 || (bytes <= limit_ && taken_ <= limit_ - bytes); });

@@ -6,27 +6,42 @@
 #include <functional>
 #include <mutex>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace vellora {
 
 /// A bound on the memory that several threads take together. What is larger than the bound alone waits until nobody
-/// else has any.
+/// else has any. Whoever asks first is first: large and small wait in one row.
 class MemoryGate {
  public:
   explicit MemoryGate(std::size_t bytes) : limit_(bytes) {}
 
+  /// The place at the head of the row. Held while finding out how much to ask for, it lets only one thread at a time
+  /// have what that takes.
+  class Turn {
+   public:
+    explicit Turn(MemoryGate& gate) : lock_(gate.turn_) {}
+
+   private:
+    std::unique_lock<std::mutex> lock_;
+  };
+
   /// Memory that is given back when this goes.
   class Share {
    public:
-    Share(MemoryGate& gate, std::size_t bytes) : gate_(gate), bytes_(bytes) { gate_.take(bytes_); }
-    ~Share() { gate_.giveBack(bytes_); }
-    Share(const Share&) = delete;
-    Share& operator=(const Share&) = delete;
+    Share(MemoryGate& gate, std::size_t bytes) : Share(gate, Turn(gate), bytes) {}
+    /// `turn` ends with the waiting.
+    Share(MemoryGate& gate, Turn turn, std::size_t bytes);
+    Share(Share&& other) noexcept : gate_(other.gate_), bytes_(std::exchange(other.bytes_, 0)) {}
+    Share& operator=(Share&&) = delete;
+    ~Share() {
+      if (bytes_ != 0) gate_.giveBack(bytes_);
+    }
 
    private:
     MemoryGate& gate_;
-    const std::size_t bytes_;
+    std::size_t bytes_;
   };
 
  private:
@@ -34,6 +49,7 @@ class MemoryGate {
   void giveBack(std::size_t bytes);
 
   const std::size_t limit_;
+  std::mutex turn_;
   std::mutex mutex_;
   std::condition_variable freed_;
   std::size_t taken_ = 0;
@@ -51,7 +67,6 @@ class CompressionWorkers {
   CompressionWorkers& operator=(const CompressionWorkers&) = delete;
 
   void add(Task task);
-  std::size_t threads() const { return limit_; }
 
  private:
   void work();
