@@ -42,7 +42,7 @@ void addVerb(CLI::App& parent, const std::string& parentPath, const VerbDescript
   for (const ArgumentDescription& argument : verb.arguments) {
     CLI::Option* option = app->add_option(argument.name, argument.help)->type_name("");
     if (argument.isRequired) option->required();
-    if (argument.isRepeated) option->expected(-1);
+    if (argument.isRepeated) option->expected(1, CLI::detail::expected_max_vector_size)->allow_extra_args();
     if (!argument.choices.empty()) option->check(CLI::IsMember(argument.choices));
     binding.arguments.push_back(option);
   }

@@ -87,6 +87,33 @@ VerbDescription annotateVerb() {
   return verb;
 }
 
+VerbDescription compressVerb() {
+  VerbDescription verb;
+  verb.name = "compress";
+  verb.summary = "make picture files smaller";
+  verb.description =
+      "Results stand beside their sources as NAME-compressed.EXT, or as NAME.EXT in --output-folder; nothing is ever "
+      "replaced. A result is never larger than a source of the same type and size: its own bytes are kept then. Exif, "
+      "XMP and places are left out unless --keep-metadata says otherwise. Animations and files of several pages keep "
+      "their type and size, or are refused.";
+  verb.arguments = {{"PATH", "a picture, or a folder of them", true, {}, true, ValueHint::File}};
+  verb.options = {
+      {"--recursive", "", "also the folders below a folder"},
+      {"--format",
+       "FORMAT",
+       "the type to write, by default that of each source",
+       ValueHint::None,
+       {"original", "jpeg", "png", "webp"}},
+      {"--quality", "N", "from 0 to 100, by default 75; for JPEG, WebP, HEIC, AVIF and JPEG XL"},
+      {"--max-edge", "N", "reduce pictures whose longer edge has more than N pixels"},
+      {"--output-folder", "DIR", "write there, and make the folder where it is missing", ValueHint::Folder},
+      {"--keep-metadata", "", "keep Exif, XMP and places"},
+      {"--keep-dates", "", "give results the dates of their sources"},
+      {"--jobs", "N", "pictures at a time, by default one for each core"},
+  };
+  return verb;
+}
+
 VerbDescription publishVerb() {
   VerbDescription verb;
   verb.name = "publish";
@@ -147,6 +174,7 @@ const std::vector<VerbDescription>& commandTable() {
       editVerb(),
       renderVerb(),
       annotateVerb(),
+      compressVerb(),
       publishVerb(),
       settingsVerb(),
       {"completion",

@@ -56,6 +56,10 @@ int becomePublishProgram(const QStringList& arguments) {
   return become(QStringLiteral("vellora-publish"), arguments);
 }
 
+int becomeCompressProgram(const QStringList& arguments) {
+  return become(QStringLiteral("vellora-compress"), arguments);
+}
+
 bool requireDesktop() {
   const bool isWayland = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
   if (!qEnvironmentVariableIsEmpty("DISPLAY")) {

@@ -15,6 +15,9 @@ int becomeRenderProgram(const QStringList& arguments);
 /// Becomes the program that streams files; as above.
 int becomePublishProgram(const QStringList& arguments);
 
+/// Becomes the program that makes pictures smaller; as above.
+int becomeCompressProgram(const QStringList& arguments);
+
 /// Whether there is a desktop at all; without one a message is printed.
 bool requireDesktop();
 

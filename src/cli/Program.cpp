@@ -37,6 +37,7 @@ const std::map<std::string, std::function<int(const Invocation&)>>& handlers() {
       {"render", render},
       {"annotate", annotate},
       {"publish", publish},
+      {"compress", compress},
       {"settings", [](const Invocation&) { return showSettings(); }},
       {"settings list", listSettings},
       {"settings get", getSetting},

@@ -17,6 +17,7 @@ int edit(const Invocation& invocation);
 int render(const Invocation& invocation);
 int annotate(const Invocation& invocation);
 int publish(const Invocation& invocation);
+int compress(const Invocation& invocation);
 int showSettings();
 int listSettings(const Invocation& invocation);
 int getSetting(const Invocation& invocation);

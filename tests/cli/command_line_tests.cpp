@@ -34,6 +34,8 @@ TEST(CommandLine, ReadsVerbsOptionsAndArguments) {
   EXPECT_EQ(parsed({"settings"})->verb, "settings");
   EXPECT_EQ(parsed({"settings", "set", "clipboardMode", "fileOnly"})->arguments,
             (std::vector<std::string>{"clipboardMode", "fileOnly"}));
+  EXPECT_EQ(parsed({"compress", "a.png", "b.png", "--quality", "60", "c.png"})->arguments,
+            (std::vector<std::string>{"a.png", "b.png", "c.png"}));
   EXPECT_EQ(parsed({"capture", "fullscreen", "--output=/tmp/x y.png"})->value("--output"), "/tmp/x y.png");
 }
 
