@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -11,6 +12,10 @@ namespace vellora {
 
 /// The kinds of picture files that are read, and most of them written.
 enum class PictureType : std::uint8_t { Jpeg, Png, WebP, Tiff, Bmp, Gif, Heic, Avif, JpegXL };
+
+inline constexpr std::array allPictureTypes{PictureType::Jpeg, PictureType::Png,  PictureType::WebP,
+                                            PictureType::Tiff, PictureType::Bmp,  PictureType::Gif,
+                                            PictureType::Heic, PictureType::Avif, PictureType::JpegXL};
 
 /// Told from the first bytes of a file; its name does not matter.
 std::optional<PictureType> pictureTypeOf(std::span<const std::byte> file);

@@ -1,18 +1,10 @@
 #include <algorithm>
-#include <array>
 #include <iterator>
 
 #include "media/pictures/ForeignCodec.h"
 #include "media/pictures/PictureType.h"
 
 namespace vellora {
-namespace {
-
-constexpr std::array allTypes{PictureType::Jpeg, PictureType::Png,  PictureType::WebP,
-                              PictureType::Tiff, PictureType::Bmp,  PictureType::Gif,
-                              PictureType::Heic, PictureType::Avif, PictureType::JpegXL};
-
-}  // namespace
 
 bool canWrite(PictureType type) {
   if (type < PictureType::Heic) return true;
@@ -23,7 +15,7 @@ bool canWrite(PictureType type) {
 const std::vector<PictureType>& writableTypes() {
   static const std::vector<PictureType> writable = [] {
     std::vector<PictureType> types;
-    std::copy_if(allTypes.begin(), allTypes.end(), std::back_inserter(types), canWrite);
+    std::copy_if(allPictureTypes.begin(), allPictureTypes.end(), std::back_inserter(types), canWrite);
     return types;
   }();
   return writable;
