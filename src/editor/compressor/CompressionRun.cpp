@@ -33,6 +33,13 @@ bool isSuccess(CompressionState state) {
   return state == CompressionState::done || state == CompressionState::unchanged;
 }
 
+/// What a result was made for.
+struct Wish {
+  CompressOptions options;
+  CompressDestination destination;
+  bool operator==(const Wish&) const = default;
+};
+
 struct Glance {
   std::optional<PictureType> type;
   ImageCompressor::Size size;
@@ -105,14 +112,15 @@ class CompressionRun::State : public std::enable_shared_from_this<State> {
     callbacks_ = {};
   }
 
-  void addPaths(std::vector<fs::path> paths, bool recursive) {
-    lookingQueue_->async([this, paths = std::move(paths), recursive] {
+  void addPaths(std::vector<fs::path> paths, bool recursive, const fs::path& leftOut) {
+    lookingQueue_->async([this, paths = std::move(paths), recursive, leftOut] {
       std::vector<CompressionItem> found;
       for (const fs::path& path : paths) {
         if (isEnding_) return;
         std::error_code error;
         const bool isFolder = fs::is_directory(path, error);
-        for (const fs::path& file : isFolder ? picturesIn(path, recursive, maximumItems) : std::vector{path}) {
+        for (const fs::path& file :
+             isFolder ? picturesIn(path, {recursive, leftOut, maximumItems}) : std::vector{path}) {
           if (found.size() >= maximumItems) break;
           CompressionItem item;
           item.sourceURL = file.lexically_normal();
@@ -181,7 +189,7 @@ class CompressionRun::State : public std::enable_shared_from_this<State> {
     std::vector<std::uint64_t> wanted;
     for (const CompressionItem& item : items_) {
       const auto last = doneWith_.find(item.id);
-      if (isSuccess(item.state) && last != doneWith_.end() && last->second == options) continue;
+      if (isSuccess(item.state) && last != doneWith_.end() && last->second == Wish{options, destination}) continue;
       wanted.push_back(item.id);
     }
     if (wanted.empty()) return;
@@ -308,8 +316,8 @@ class CompressionRun::State : public std::enable_shared_from_this<State> {
     workers_->add([this, id, job = std::move(job)] {
       if (!job.isCancelled()) post([id](State& self) { self.began(id); });
       auto result = carryOut(job, gate_);
-      post([id, options = job.options, result = std::move(result)](State& self) mutable {
-        self.ended(id, options, std::move(result));
+      post([id, wish = Wish{job.options, job.destination}, result = std::move(result)](State& self) mutable {
+        self.ended(id, wish, std::move(result));
       });
     });
     tell(callbacks_.onItemChanged, id);
@@ -332,7 +340,7 @@ class CompressionRun::State : public std::enable_shared_from_this<State> {
     tell(callbacks_.onItemChanged, id);
   }
 
-  void ended(std::uint64_t id, const CompressOptions& options, Result<CompressionResult, PictureFailure> result) {
+  void ended(std::uint64_t id, const Wish& wish, Result<CompressionResult, PictureFailure> result) {
     const auto item = position(id);
     if (item == items_.end() || pending_.erase(id) == 0) return;
     ++progress_.finished;
@@ -346,7 +354,7 @@ class CompressionRun::State : public std::enable_shared_from_this<State> {
       progress_.bytesBefore += result->sourceBytes;
       progress_.bytesAfter += result->output.bytes;
       item->lastOutput = std::move(result->output);
-      doneWith_[id] = options;
+      doneWith_[id] = wish;
     } else if (result.error().error == PictureError::Cancelled) {
       item->state = CompressionState::cancelled;
     } else {
@@ -375,7 +383,7 @@ class CompressionRun::State : public std::enable_shared_from_this<State> {
 
   CompressOptions options_;
   CompressDestination destination_;
-  std::unordered_map<std::uint64_t, CompressOptions> doneWith_;
+  std::unordered_map<std::uint64_t, Wish> doneWith_;
   /// The items of this run that are not finished; true takes one out that has not begun.
   std::unordered_map<std::uint64_t, std::shared_ptr<std::atomic<bool>>> pending_;
   bool isRunning_ = false;
@@ -400,8 +408,8 @@ CompressionRun::~CompressionRun() {
   state_->end();
 }
 
-void CompressionRun::addPaths(std::vector<fs::path> paths, bool recursive) {
-  state_->addPaths(std::move(paths), recursive);
+void CompressionRun::addPaths(std::vector<fs::path> paths, bool recursive, const fs::path& leftOut) {
+  state_->addPaths(std::move(paths), recursive, leftOut);
 }
 
 void CompressionRun::addPixels(Raster raster, std::string displayName) {

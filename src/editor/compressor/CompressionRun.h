@@ -22,6 +22,7 @@ struct CompressDestination {
   CompressOutputMode mode = CompressOutputMode::sourceFolder;
   std::filesystem::path folder{};        ///< for customFolder
   std::filesystem::path pastedFolder{};  ///< for pasted pixels in sourceFolder mode
+  bool operator==(const CompressDestination&) const = default;
 };
 
 struct CompressionProgress {
@@ -53,10 +54,11 @@ class CompressionRun {
   CompressionRun(RunLoop& runLoop, Callbacks callbacks, int jobs = 0);
   ~CompressionRun();
 
-  /// Files, and the picture files in folders (one level, or all below when `recursive`); looking into them happens on a
-  /// thread. What is no picture by its content becomes an item that fails when its turn comes, unless it came from a
-  /// folder.
-  void addPaths(std::vector<std::filesystem::path> paths, bool recursive);
+  /// Files, and the picture files in folders (one level, or all below when `recursive`, but never those in `leftOut`);
+  /// looking into them happens on a thread, and `onListChanged` tells when it is done, also when nothing was found.
+  /// Files that are no picture by their content become items that fail when their turn comes; of those in folders, only
+  /// the ones whose names promise a picture.
+  void addPaths(std::vector<std::filesystem::path> paths, bool recursive, const std::filesystem::path& leftOut = {});
   void addPixels(Raster raster, std::string displayName);
   void remove(std::uint64_t id);
   void clear();
@@ -68,7 +70,7 @@ class CompressionRun {
   /// `onItemChanged`.
   void requestThumbnail(std::uint64_t id);
 
-  /// Runs every item that waits, and those done with other options; nothing while running.
+  /// Runs every item but those done with the same options for the same destination; nothing while running.
   void start(const CompressOptions& options, const CompressDestination& destination);
   /// Failed or cancelled items again, also while others run.
   void retry(std::uint64_t id);
