@@ -18,6 +18,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// Leaves room for the suffix, a number and the extension in the 255 bytes of a name.
+constexpr qsizetype longestStem = 200;
+
 QString qPath(const fs::path& path) {
   return QFile::decodeName(path.c_str());
 }
@@ -40,7 +43,9 @@ Result<fs::path, PictureFailure> write(const CompressionJob& job, const ImageCom
   const bool isPasted = job.source.empty();
   const fs::path folder =
       !isBeside ? destination.folder : (isPasted ? destination.pastedFolder : job.source.parent_path());
-  QString stem = isPasted ? sanitizedFileName(QString::fromStdString(job.displayName)) : qPath(job.source.stem());
+  QString stem = isPasted ? QString::fromStdString(job.displayName) : qPath(job.source.stem());
+  // Names of files are kept as they are, unless what is added would make them too long.
+  if (isPasted || stem.toUtf8().size() > longestStem) stem = sanitizedFileName(stem);
   if (isBeside && !isPasted) stem += QLatin1String(compressedSuffix);
   const std::string extension = extensionFor(job.source, output.type);
   const auto written =
