@@ -32,3 +32,5 @@ unset XDG_CONFIG_HOME XDG_DATA_HOME WAYLAND_DISPLAY
 xclip -selection clipboard -o -t image/png >"$place/pasted.png"
 cmp "$place/pasted.png" "$(head -n 1 "$place/saved")" || fault "what is pasted is not what was saved"
 [ "$(identify -format '%wx%h' "$place/pasted.png")" = 640x480 ] || fault "the capture has another size"
+"$place/usr/bin/vellora" publish "$place/none.mp4" rtmp://127.0.0.1/live/none 2>"$place/said" && fault "published nothing"
+grep -q 'none.mp4' "$place/said" || fault "publishing: $(cat "$place/said")"

@@ -99,17 +99,17 @@ PublishFailure refusal(const RTMPFailure& failure, PublishStep step, const RTMPU
 PublishFailure publishFailure(const MediaFailure& failure) {
   switch (failure.error) {
     case MediaError::unreadable:
-      return {"fileUnreadable", failure.message};
+      return {"fileUnreadable", failure.message, true};
     case MediaError::notMedia:
-      return {"notMedia", failure.message};
+      return {"notMedia", failure.message, true};
     case MediaError::noStreams:
-      return {"noStreams", failure.message};
+      return {"noStreams", failure.message, true};
     case MediaError::damaged:
-      return {"fileDamaged", failure.message};
+      return {"fileDamaged", failure.message, true};
     case MediaError::unsupported:
-      return {"unsupported", failure.message};
+      return {"unsupported", failure.message, true};
   }
-  return {"failed", failure.message};
+  return {"failed", failure.message, true};
 }
 
 PublishFailure publishFailure(const RTMPFailure& failure, PublishStep step, const RTMPURL& server) {

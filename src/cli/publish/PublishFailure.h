@@ -10,8 +10,9 @@ namespace vellora {
 
 /// Why publishing ended early: a word for programs and a sentence for people.
 struct PublishFailure {
-  std::string code;     ///< "connectionRefused"
-  std::string message;  ///< without a full stop
+  std::string code;          ///< "connectionRefused"
+  std::string message;       ///< without a full stop
+  bool isAboutFile = false;  ///< nothing in it comes from the server, which could repeat secrets
 };
 
 /// What a failure of the connection interrupted.

@@ -135,7 +135,7 @@ int finish(const PublishReport& report, const Redaction& redaction, bool json) {
   if (!text.empty()) std::printf("%s\n", text.c_str());
   std::fflush(stdout);
   const auto& failed = report.outcome.failure;
-  return failed ? complain(Failed, redaction.clean(failed->message)) : int{Done};
+  return failed ? complain(Failed, printable(*failed, redaction)) : int{Done};
 }
 
 }  // namespace

@@ -47,6 +47,10 @@ std::string trackText(std::uint64_t frames, const char* kind, const MediaTrack& 
 
 }  // namespace
 
+std::string printable(const PublishFailure& failure, const Redaction& redaction) {
+  return (failure.isAboutFile ? Redaction() : redaction).clean(failure.message);
+}
+
 std::string reportJson(const PublishReport& report, const Redaction& redaction) {
   const PublishProgress& progress = report.progress;
   Json json{
@@ -66,7 +70,7 @@ std::string reportJson(const PublishReport& report, const Redaction& redaction) 
   if (report.audio && !report.audio->encodedFrom.empty()) transcoded["audio"] = report.audio->encodedFrom;
   json["transcoded"] = std::move(transcoded);
   if (const auto& failure = report.outcome.failure) {
-    json["error"] = {{"code", failure->code}, {"message", redaction.clean(failure->message)}};
+    json["error"] = {{"code", failure->code}, {"message", printable(*failure, redaction)}};
   }
   return json.dump(-1, ' ', false, Json::error_handler_t::replace);
 }

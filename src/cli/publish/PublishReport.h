@@ -18,6 +18,8 @@ struct PublishReport {
   std::optional<MediaTrack> audio;
 };
 
+/// The sentence of a failure without secrets. A file may be called like the stream; what is about it stays whole.
+std::string printable(const PublishFailure& failure, const Redaction& redaction);
 /// One JSON object in one line: {file, server, state: "done" | "interrupted" | "failed", seconds, bytes, videoFrames,
 /// audioFrames, droppedFrames, videoCodec, audioCodec, transcoded: {video, audio: the file's codec where it was encoded
 /// again}, error: {code, message} when failed}.

@@ -159,6 +159,14 @@ TEST(PublishReport, JsonHasEveryFieldAndNoSecret) {
   EXPECT_EQ(failed["error"], (nlohmann::json{{"code", "streamRefused"}, {"message", "… is taken"}}));
 }
 
+TEST(PublishReport, AFileCalledLikeTheStreamIsNamed) {
+  Redaction redaction;
+  redaction.add("movie");
+  const PublishFailure missing = publishFailure(MediaFailure{MediaError::unreadable, "there is no file /movie.mp4"});
+  EXPECT_EQ(printable(missing, redaction), "there is no file /movie.mp4");
+  EXPECT_EQ(printable({"streamRefused", "/live/movie is taken"}, redaction), "/live/… is taken");
+}
+
 TEST(PublishReport, TextTellsWhatMatters) {
   PublishReport report = sampleReport();
   EXPECT_EQ(reportText(report),
