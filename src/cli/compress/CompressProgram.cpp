@@ -1,33 +1,33 @@
 #include "cli/compress/CompressProgram.h"
 
-#include <unistd.h>
-
-#include <QCoreApplication>
 #include <csignal>
 #include <cstdio>
-#include <optional>
+#include <filesystem>
+#include <string>
 #include <system_error>
+#include <utility>
+
+#include <QCoreApplication>
 
 #include "base/QtRunLoop.h"
 #include "cli/compress/CompressReport.h"
 #include "cli/compress/CompressRequest.h"
+#include "cli/compress/ProgressLine.h"
+#include "cli/compress/StopSignals.h"
 
 namespace vellora {
 namespace {
 
-constexpr int done = 0;
-constexpr int failed = 1;
-constexpr int wrongUsage = 2;
-/// How soon a signal is heeded.
-constexpr double signalInterval = 0.05;
+namespace fs = std::filesystem;
 
-volatile std::sig_atomic_t wasInterrupted = 0;
+enum ExitCode : int { Done = 0, Failed = 1, WrongUsage = 2 };
 
-void complain(const std::string& message) {
+int complain(int code, const std::string& message) {
   std::fprintf(stderr, "vellora: %s\n", message.c_str());
+  return code;
 }
 
-/// One run from the first line to the last.
+/// One run, from looking for the pictures to the last line.
 class CompressProgram {
  public:
   explicit CompressProgram(CompressRequest request)
@@ -35,102 +35,86 @@ class CompressProgram {
         run_(runLoop_,
              {.onListChanged = [this] { begin(); },
               .onItemChanged = [this](std::uint64_t id) { tellOf(id); },
-              .onProgress = [this](const CompressionProgress& progress) { tellProgress(progress); },
-              .onFinished = [this](const CompressionProgress& progress) { end(progress); }},
-             request_.jobs) {}
+              .onProgress = [this](const CompressionProgress& progress) { line_.show(progress); },
+              .onFinished = [this](const CompressionProgress&) { end(); }},
+             request_.jobs) {
+    std::error_code ignored;
+    folder_ = fs::current_path(ignored);
+  }
 
+  /// The exit code.
   int carryOut() {
-    run_.addPaths(request_.paths, request_.isRecursive);
-    watch_ = runLoop_.every(signalInterval, [this] {
-      if (wasInterrupted != 0) interrupt();
-    });
+    run_.addPaths(request_.paths, request_.isRecursive, request_.destination.folder);
     return QCoreApplication::exec();
   }
 
  private:
   void begin() {
-    if (hasBegun_ || wasInterrupted != 0) return;
-    hasBegun_ = true;
-    if (run_.items().empty()) {
-      complain("there is no picture to compress");
-      if (request_.json) std::printf("%s\n", jsonOf(run_, {}, false).c_str());
-      QCoreApplication::exit(failed);
-      return;
-    }
+    if (isInterrupted_) return;
     run_.start(request_.options, request_.destination);
+    if (run_.isRunning()) return;
+    complain(Done, "there are no pictures");
+    end();
   }
 
   void interrupt() {
-    wasInterrupted = 0;
     isInterrupted_ = true;
-    if (!hasBegun_) return QCoreApplication::exit(failed);
-    run_.cancel();
+    if (run_.isRunning()) {
+      run_.cancel();
+    } else {
+      end();
+    }
   }
 
   void tellOf(std::uint64_t id) {
     const CompressionItem* item = run_.find(id);
-    if (!item) return;
-    if (item->state == CompressionState::failed) {
-      clearProgress();
-      complain(item->sourceURL.string() + ": " + describe(*item->failure));
-    } else if (!request_.json &&
-               (item->state == CompressionState::done || item->state == CompressionState::unchanged)) {
-      clearProgress();
-      std::printf("%s\n", lineOf(*item).c_str());
+    const bool isFailure = item->state == CompressionState::failed;
+    const bool isSuccess = item->state == CompressionState::done || item->state == CompressionState::unchanged;
+    if (!isFailure && (!isSuccess || request_.json)) return;
+    line_.clear();
+    if (isFailure) {
+      complain(Failed, lineOf(*item, folder_));
+    } else {
+      std::printf("%s\n", lineOf(*item, folder_).c_str());
       std::fflush(stdout);
     }
+    hasFailures_ = hasFailures_ || isFailure;
   }
 
-  void tellProgress(const CompressionProgress& progress) {
-    if (!isTerminal_) return;
-    std::fprintf(stderr, "\r%zu of %zu", progress.finished, progress.total);
-    if (progress.remaining)
-      std::fprintf(stderr, ", %lld s left", static_cast<long long>(progress.remaining->count() / 1000 + 1));
-    std::fprintf(stderr, "\x1b[K");
+  void end() {
+    line_.clear();
+    if (request_.json) {
+      std::printf("%s\n", jsonOf(run_.items(), isInterrupted_).c_str());
+    } else if (run_.items().size() > 1) {
+      std::printf("%s\n", summaryOf(run_.items()).c_str());
+    }
+    std::fflush(stdout);
+    if (isInterrupted_) complain(Failed, "interrupted");
+    QCoreApplication::exit(isInterrupted_ || hasFailures_ ? Failed : Done);
   }
 
-  void clearProgress() {
-    if (isTerminal_) std::fprintf(stderr, "\r\x1b[K");
-  }
-
-  void end(const CompressionProgress& progress) {
-    clearProgress();
-    if (request_.json)
-      std::printf("%s\n", jsonOf(run_, progress, isInterrupted_).c_str());
-    else if (isInterrupted_)
-      complain("interrupted");
-    else if (progress.total > 1)
-      std::printf("%s\n", summaryOf(progress).c_str());
-    QCoreApplication::exit(isInterrupted_ || progress.failed != 0 ? failed : done);
-  }
-
-  CompressRequest request_;
+  const CompressRequest request_;
+  fs::path folder_;  ///< where the user is
+  ProgressLine line_{stderr};
+  bool isInterrupted_ = false;
+  bool hasFailures_ = false;
   QtRunLoop runLoop_;
   CompressionRun run_;
-  TimerHandle watch_;
-  const bool isTerminal_ = ::isatty(STDERR_FILENO) != 0;
-  bool hasBegun_ = false;
-  bool isInterrupted_ = false;
+  const StopSignals signals_{[this] { interrupt(); }};
 };
 
 }  // namespace
 
 int runCompress(int argc, char** argv) {
+  // The files are what counts; who reads the lines may go.
+  ::signal(SIGPIPE, SIG_IGN);
   const QCoreApplication application(argc, argv);
   auto request = CompressRequest::from({argv + 1, argv + argc});
-  if (!request) {
-    complain(request.error());
-    return wrongUsage;
-  }
-  if (request->destination.mode == CompressOutputMode::customFolder) {
-    std::error_code error;
-    std::filesystem::create_directories(request->destination.folder, error);
-    if (error) {
-      complain(request->destination.folder.string() + ": " + error.message());
-      return failed;
-    }
-  }
-  for (const int number : {SIGINT, SIGTERM, SIGHUP}) std::signal(number, [](int) { wasInterrupted = 1; });
+  if (!request) return complain(WrongUsage, request.error());
+  const fs::path& folder = request->destination.folder;
+  std::error_code error;
+  if (!folder.empty() && !fs::is_directory(folder, error)) fs::create_directories(folder, error);
+  if (error) return complain(Failed, folder.string() + ": " + error.message());
   return CompressProgram(std::move(*request)).carryOut();
 }
 

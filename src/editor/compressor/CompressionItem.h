@@ -21,6 +21,7 @@ struct CompressionOutput {
   int width = 0;
   int height = 0;
   bool isFlattened = false;  ///< transparency became white
+  int frames = 1;            ///< of an animation, or pages, which have passed through as they are
 };
 
 /// One picture of a run.

@@ -74,8 +74,8 @@ Result<CompressionResult, PictureFailure> finish(const CompressionJob& job,
   if (!written) return failure(std::move(written.error()));
   if (job.options.keepsDates && !job.source.empty()) copyDates(job.source, *written);
   result.isOriginal = output->isOriginal;
-  result.output = {std::move(*written), output->type,   output->data.size(),
-                   output->width,       output->height, output->isFlattened};
+  result.output = {std::move(*written), output->type,        output->data.size(), output->width,
+                   output->height,      output->isFlattened, output->frames};
   return result;
 }
 

@@ -114,13 +114,13 @@ class CompressionRun::State : public std::enable_shared_from_this<State> {
 
   void addPaths(std::vector<fs::path> paths, bool recursive, const fs::path& leftOut) {
     lookingQueue_->async([this, paths = std::move(paths), recursive, leftOut] {
+      const PictureSearch search{recursive, leftOut, maximumItems, [this] { return isEnding_.load(); }};
       std::vector<CompressionItem> found;
       for (const fs::path& path : paths) {
         if (isEnding_) return;
         std::error_code error;
         const bool isFolder = fs::is_directory(path, error);
-        for (const fs::path& file :
-             isFolder ? picturesIn(path, {recursive, leftOut, maximumItems}) : std::vector{path}) {
+        for (const fs::path& file : isFolder ? picturesIn(path, search) : std::vector{path}) {
           if (found.size() >= maximumItems) break;
           CompressionItem item;
           item.sourceURL = file.lexically_normal();

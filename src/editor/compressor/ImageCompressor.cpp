@@ -89,6 +89,7 @@ std::optional<ImageCompressor::Output> original(std::span<const std::byte> file,
   output.width = info.width;
   output.height = info.height;
   output.isOriginal = true;
+  output.frames = info.frames;
   if (options.keepsMetadata || !info.hasMetadata) {
     output.data.assign(file.begin(), file.end());
     return output;

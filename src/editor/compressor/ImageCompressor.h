@@ -59,6 +59,7 @@ class ImageCompressor {
     int height = 0;
     bool isOriginal = false;   ///< `data` is the source's own, at most without its metadata
     bool isFlattened = false;  ///< transparency became white, which the type cannot hold
+    int frames = 1;            ///< of an animation, or pages
   };
 
   /// A whole file, smaller. When type and size stay, the result is never larger than the source's own bytes without

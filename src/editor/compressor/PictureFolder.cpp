@@ -45,6 +45,7 @@ std::string stemOfSource(std::string_view stem) {
 }
 
 void collect(const fs::path& folder, const PictureSearch& search, std::vector<fs::path>& found) {
+  if (search.isCancelled && search.isCancelled()) return;
   std::vector<fs::path> files;
   std::vector<fs::path> folders;
   std::set<std::string> stems;

@@ -2,14 +2,16 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <vector>
 
 namespace vellora {
 
 struct PictureSearch {
   bool isRecursive = false;
-  std::filesystem::path leftOut{};  ///< a folder that is not looked into; may be empty
-  std::size_t limit = 0;            ///< most files to find
+  std::filesystem::path leftOut{};      ///< a folder that is not looked into; may be empty
+  std::size_t limit = 0;                ///< most files to find
+  std::function<bool()> isCancelled{};  ///< asked for every folder; may be empty
 };
 
 /// The picture files in a folder, by content or by name and in the order of their names; those of folders below it too
