@@ -100,8 +100,8 @@ TEST_F(CompressVerb, ConvertsAndResizesIntoAFolder) {
   EXPECT_EQ(run.exitCode, 1);
   const auto report = json::parse(QByteArray::fromStdString(run.output));
   ASSERT_TRUE(report) << run.output;
-  EXPECT_EQ((*report)["failed"], 2);  // the animation and the cut file
-  EXPECT_EQ((*report)["files"].size(), 7U);
+  EXPECT_EQ((*report)["failed"], 3);  // the animation, the cut file, and what is no picture
+  EXPECT_EQ((*report)["files"].size(), 8U);
   EXPECT_EQ(names("out"), (std::set<std::string>{"photo.webp", "shot.webp", "alpha.webp", "named.webp", "deep.webp"}));
   EXPECT_EQ(tool({"identify", "-format", "%wx%h %m", path("out/photo.webp")}), "133x200 WEBP");
   EXPECT_EQ(tool({"identify", "-format", "%A", path("out/alpha.webp")}), "True");
