@@ -1,4 +1,4 @@
-#include <QDir>
+#include <filesystem>
 
 #include "cli/DesktopProgram.h"
 #include "cli/Verbs.h"
@@ -6,24 +6,29 @@
 namespace vellora::cli {
 namespace {
 
-QString pathFrom(const std::string& word) {
-  return QDir::cleanPath(QDir::current().absoluteFilePath(QString::fromStdString(word)));
+/// Names of files are bytes, not always text.
+std::string pathFrom(const std::string& word) {
+  std::error_code error;
+  const std::filesystem::path path = std::filesystem::absolute(word, error).lexically_normal();
+  return error ? word : path.string();
 }
 
 }  // namespace
 
 int compress(const Invocation& invocation) {
-  QStringList words;
-  for (const char* flag : {"--recursive", "--keep-metadata", "--keep-dates"})
-    if (invocation.has(flag)) words << QString::fromLatin1(flag);
-  for (const char* option : {"--format", "--quality", "--max-edge", "--jobs"})
-    if (const auto value = invocation.value(option))
-      words << QString::fromLatin1(option) << QString::fromStdString(*value);
-  if (const auto folder = invocation.value("--output-folder"))
-    words << QStringLiteral("--output-folder") << pathFrom(*folder);
-  if (invocation.json) words << QStringLiteral("--json");
-  words << QStringLiteral("--");
-  for (const std::string& path : invocation.arguments) words << pathFrom(path);
+  std::vector<std::string> words;
+  for (const char* flag : {"--recursive", "--keep-metadata", "--keep-dates"}) {
+    if (invocation.has(flag)) words.emplace_back(flag);
+  }
+  for (const char* option : {"--format", "--quality", "--max-edge", "--jobs"}) {
+    if (const auto value = invocation.value(option)) words.insert(words.end(), {option, *value});
+  }
+  if (const auto folder = invocation.value("--output-folder")) {
+    words.insert(words.end(), {"--output-folder", pathFrom(*folder)});
+  }
+  if (invocation.json) words.emplace_back("--json");
+  words.emplace_back("--");
+  for (const std::string& path : invocation.arguments) words.push_back(pathFrom(path));
   return becomeCompressProgram(words);
 }
 

@@ -4,7 +4,7 @@
 
 #include <cerrno>
 #include <cstring>
-#include <vector>
+#include <utility>
 
 #include <QFile>
 #include <QFileInfo>
@@ -25,20 +25,25 @@ QString pathOf(const QString& programName) {
   return {};
 }
 
-int become(const QString& programName, const QStringList& arguments) {
+int become(const QString& programName, std::vector<std::string> words) {
   const QString path = pathOf(programName);
   if (path.isEmpty()) {
     printError(QStringLiteral("%1 is missing from this installation").arg(programName));
     return Failed;
   }
-  std::vector<QByteArray> words{QFile::encodeName(path)};
-  for (const QString& argument : arguments) words.push_back(argument.toUtf8());
+  words.insert(words.begin(), QFile::encodeName(path).toStdString());
   std::vector<char*> pointers;
-  for (QByteArray& word : words) pointers.push_back(word.data());
+  for (std::string& word : words) pointers.push_back(word.data());
   pointers.push_back(nullptr);
-  ::execv(words.front().constData(), pointers.data());
+  ::execv(pointers.front(), pointers.data());
   printError(QStringLiteral("cannot start %1: %2").arg(path, QString::fromLocal8Bit(std::strerror(errno))));
   return Failed;
+}
+
+int become(const QString& programName, const QStringList& arguments) {
+  std::vector<std::string> words;
+  for (const QString& argument : arguments) words.push_back(argument.toStdString());
+  return become(programName, std::move(words));
 }
 
 }  // namespace
@@ -56,7 +61,7 @@ int becomePublishProgram(const QStringList& arguments) {
   return become(QStringLiteral("vellora-publish"), arguments);
 }
 
-int becomeCompressProgram(const QStringList& arguments) {
+int becomeCompressProgram(const std::vector<std::string>& arguments) {
   return become(QStringLiteral("vellora-compress"), arguments);
 }
 

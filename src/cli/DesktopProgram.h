@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include <QString>
 #include <QStringList>
 
@@ -15,8 +18,8 @@ int becomeRenderProgram(const QStringList& arguments);
 /// Becomes the program that streams files; as above.
 int becomePublishProgram(const QStringList& arguments);
 
-/// Becomes the program that makes pictures smaller; as above.
-int becomeCompressProgram(const QStringList& arguments);
+/// Becomes the program that makes pictures smaller; as above. Its arguments are bytes, as names of files are.
+int becomeCompressProgram(const std::vector<std::string>& arguments);
 
 /// Whether there is a desktop at all; without one a message is printed.
 bool requireDesktop();

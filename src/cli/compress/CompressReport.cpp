@@ -51,7 +51,7 @@ std::string amount(std::uintmax_t bytes) {
   const auto number = static_cast<double>(bytes);
   if (bytes >= 999'950'000) return formatted("%.1f GB", number / 1e9);
   if (bytes >= 999'500) return formatted("%.1f MB", number / 1e6);
-  if (bytes >= 1000) return formatted("%.0f kB", number / 1e3);
+  if (bytes >= 1000) return formatted(bytes < 9950 ? "%.1f kB" : "%.0f kB", number / 1e3);
   return formatted("%.0f B", number);
 }
 
