@@ -5,6 +5,7 @@
 #include <set>
 #include <thread>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 #include "base/SerialQueue.h"
@@ -145,25 +146,13 @@ class CompressionRun::State : public std::enable_shared_from_this<State> {
     add(std::move(one));
   }
 
-  void remove(std::uint64_t id) {
-    const auto found = position(id);
-    if (found == items_.end() || found->state == CompressionState::running) return;
-    forget(*found);
-    items_.erase(found);
-    reindex();
-    tell(callbacks_.onListChanged);
-    finishIfDone();
+  void remove(const std::vector<std::uint64_t>& ids) {
+    const std::unordered_set<std::uint64_t> unwanted(ids.begin(), ids.end());
+    removeIf([&unwanted](const CompressionItem& item) { return unwanted.contains(item.id); });
   }
 
   void clear() {
-    std::erase_if(items_, [this](const CompressionItem& item) {
-      if (item.state == CompressionState::running) return false;
-      forget(item);
-      return true;
-    });
-    reindex();
-    tell(callbacks_.onListChanged);
-    finishIfDone();
+    removeIf([](const CompressionItem&) { return true; });
   }
 
   const std::vector<CompressionItem>& items() const { return items_; }
@@ -187,16 +176,19 @@ class CompressionRun::State : public std::enable_shared_from_this<State> {
     options_ = options;
     destination_ = destination;
     std::vector<std::uint64_t> wanted;
-    for (const CompressionItem& item : items_) {
-      const auto last = doneWith_.find(item.id);
-      if (isSuccess(item.state) && last != doneWith_.end() && last->second == Wish{options, destination}) continue;
-      wanted.push_back(item.id);
-    }
+    for (const CompressionItem& item : items_)
+      if (isOutstanding(item, {options, destination})) wanted.push_back(item.id);
     if (wanted.empty()) return;
     beginRun();
     progress_.total = wanted.size();
     for (const std::uint64_t id : wanted) enqueue(id);
     tell(callbacks_.onProgress, progress());
+  }
+
+  std::size_t outstanding(const CompressOptions& options, const CompressDestination& destination) const {
+    const Wish wish{options, destination};
+    return static_cast<std::size_t>(
+        std::ranges::count_if(items_, [&](const CompressionItem& item) { return isOutstanding(item, wish); }));
   }
 
   void retry(std::uint64_t id) {
@@ -243,6 +235,24 @@ class CompressionRun::State : public std::enable_shared_from_this<State> {
   std::vector<CompressionItem>::iterator position(std::uint64_t id) {
     const auto found = index_.find(id);
     return found == index_.end() ? items_.end() : items_.begin() + static_cast<std::ptrdiff_t>(found->second);
+  }
+
+  bool isOutstanding(const CompressionItem& item, const Wish& wish) const {
+    if (!isSuccess(item.state)) return true;
+    const auto last = doneWith_.find(item.id);
+    return last == doneWith_.end() || last->second != wish;
+  }
+
+  template <class Condition>
+  void removeIf(const Condition& isUnwanted) {
+    std::erase_if(items_, [&](const CompressionItem& item) {
+      if (item.state == CompressionState::running || !isUnwanted(item)) return false;
+      forget(item);
+      return true;
+    });
+    reindex();
+    tell(callbacks_.onListChanged);
+    finishIfDone();
   }
 
   void reindex() {
@@ -417,7 +427,11 @@ void CompressionRun::addPixels(Raster raster, std::string displayName) {
 }
 
 void CompressionRun::remove(std::uint64_t id) {
-  state_->remove(id);
+  state_->remove({id});
+}
+
+void CompressionRun::remove(const std::vector<std::uint64_t>& ids) {
+  state_->remove(ids);
 }
 
 void CompressionRun::clear() {
@@ -438,6 +452,10 @@ void CompressionRun::requestThumbnail(std::uint64_t id) {
 
 void CompressionRun::start(const CompressOptions& options, const CompressDestination& destination) {
   state_->start(options, destination);
+}
+
+std::size_t CompressionRun::outstanding(const CompressOptions& options, const CompressDestination& destination) const {
+  return state_->outstanding(options, destination);
 }
 
 void CompressionRun::retry(std::uint64_t id) {

@@ -61,6 +61,8 @@ class CompressionRun {
   void addPaths(std::vector<std::filesystem::path> paths, bool recursive, const std::filesystem::path& leftOut = {});
   void addPixels(Raster raster, std::string displayName);
   void remove(std::uint64_t id);
+  /// Several at once; those in work stay.
+  void remove(const std::vector<std::uint64_t>& ids);
   void clear();
 
   const std::vector<CompressionItem>& items() const;
@@ -72,6 +74,8 @@ class CompressionRun {
 
   /// Runs every item but those done with the same options for the same destination; nothing while running.
   void start(const CompressOptions& options, const CompressDestination& destination);
+  /// How many items that would be.
+  std::size_t outstanding(const CompressOptions& options, const CompressDestination& destination) const;
   /// Failed or cancelled items again, also while others run.
   void retry(std::uint64_t id);
   /// Running items stop soon; only whole files stay.
