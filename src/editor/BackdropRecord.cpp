@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/JsonFields.h"
+
 namespace vellora {
 namespace {
 
@@ -52,45 +54,17 @@ std::optional<BackdropBackground::Gradient> decodeGradient(const Json& value) {
   return gradient;
 }
 
-std::optional<DeviceFrame> decodeFrame(const Json& value) {
+}  // namespace
+
+const char* deviceFrameName(DeviceFrame frame) {
+  return std::ranges::find(frameNames, frame, &std::pair<DeviceFrame, const char*>::first)->second;
+}
+
+std::optional<DeviceFrame> decodeDeviceFrame(const Json& value) {
   const auto name = json::string(value);
   const auto found = std::ranges::find_if(frameNames, [&](const auto& entry) { return name == entry.second; });
   return found == std::end(frameNames) ? std::nullopt : std::optional(found->first);
 }
-
-/// Reads members into fields; remembers whether one had the wrong type.
-class FieldReader {
- public:
-  explicit FieldReader(const Json& object) : object_(object) {}
-
-  template <class T, class Reader>
-  void into(T& field, const char* key, Reader reader) {
-    const Json* value = json::member(object_, key);
-    if (!value) return;
-    if (const auto result = reader(*value)) {
-      field = *result;
-    } else {
-      ok_ = false;
-    }
-  }
-
-  template <class Enum>
-  void rawValue(Enum& field, const char* key, Enum last) {
-    into(field, key, [last](const Json& value) -> std::optional<Enum> {
-      const auto raw = json::integer(value);
-      if (!raw || *raw < 0 || *raw > static_cast<int>(last)) return std::nullopt;
-      return static_cast<Enum>(*raw);
-    });
-  }
-
-  bool ok() const { return ok_; }
-
- private:
-  const Json& object_;
-  bool ok_ = true;
-};
-
-}  // namespace
 
 Json encodeBackground(const BackdropBackground& background) {
   return std::visit(BackgroundEncoder{}, background.value);
@@ -126,7 +100,7 @@ Json encodeBackdrop(const BackdropSettings& settings) {
               {"insetFraction", s.insetFraction},
               {"shadow", s.shadow},
               {"innerRadius", s.innerRadius}};
-  if (s.deviceFrame) object["deviceFrame"] = frameNames[static_cast<std::size_t>(*s.deviceFrame)].second;
+  if (s.deviceFrame) object["deviceFrame"] = deviceFrameName(*s.deviceFrame);
   object["tiltX"] = s.tiltX;
   object["tiltY"] = s.tiltY;
   object["rotation"] = s.rotation;
@@ -143,14 +117,14 @@ Json encodeBackdrop(const BackdropSettings& settings) {
 std::optional<BackdropSettings> decodeBackdrop(const Json& value) {
   if (!value.is_object()) return std::nullopt;
   BackdropSettings s;
-  FieldReader fields(value);
+  json::FieldReader fields(value);
   fields.into(s.enabled, "enabled", json::boolean);
   if (const auto background = read(value, "background", decodeBackground)) s.background = *background;
   fields.rawValue(s.aspect, "aspect", BackdropSettings::Aspect::SixteenNine);
   fields.into(s.insetFraction, "insetFraction", json::number);
   fields.into(s.shadow, "shadow", json::number);
   fields.into(s.innerRadius, "innerRadius", json::number);
-  s.deviceFrame = read(value, "deviceFrame", decodeFrame);
+  s.deviceFrame = read(value, "deviceFrame", decodeDeviceFrame);
   fields.into(s.tiltX, "tiltX", json::number);
   fields.into(s.tiltY, "tiltY", json::number);
   fields.into(s.rotation, "rotation", json::number);

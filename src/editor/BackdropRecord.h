@@ -25,4 +25,9 @@ Json encodeBackground(const BackdropBackground& background);
 /// Nothing when the value has none of the forms above.
 std::optional<BackdropBackground> decodeBackground(const Json& value);
 
+/// "browserLight" and so on.
+const char* deviceFrameName(DeviceFrame frame);
+/// Nothing when the value is no such text.
+std::optional<DeviceFrame> decodeDeviceFrame(const Json& value);
+
 }  // namespace vellora
