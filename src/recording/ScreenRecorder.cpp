@@ -1,0 +1,135 @@
+#include "recording/ScreenRecorder.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vellora {
+
+/// What the queue's tasks work on. Nothing else touches it while they run.
+struct ScreenRecorder::State {
+  std::unique_ptr<MovieOutput> movie;
+  RecordedTime time;
+  std::optional<double> anchorTime;  ///< recorded seconds of the host clock
+  double lastVideoTime = 0;          ///< from the anchor
+  std::vector<double> pauseMarks;
+  KeyboardCueBuffer keyboardBuffer;
+  std::uint64_t written = 0;
+  std::uint64_t notReady = 0;
+
+  /// Recorded seconds from the first frame at a moment of the host clock, never negative.
+  double position(double hostTime) const { return std::max(0.0, time.at(hostTime) - anchorTime.value_or(0)); }
+};
+
+ScreenRecorder::ScreenRecorder(RunLoop& runLoop, Callbacks callbacks)
+    : runLoop_(runLoop), callbacks_(std::move(callbacks)), state_(std::make_shared<State>()) {}
+
+ScreenRecorder::~ScreenRecorder() {
+  stream_.reset();
+}
+
+Result<void, RecordingError> ScreenRecorder::start(ScreenStreamService& streams,
+                                                   const ScreenStreamConfiguration& configuration,
+                                                   std::unique_ptr<MovieOutput> movie) {
+  state_->movie = std::move(movie);
+  auto stream =
+      streams.start(configuration, {.onFrame =
+                                        [this](std::shared_ptr<const ScreenFrame> frame) {
+                                          outputQueue_.async([this, frame = std::move(frame)] { receive(frame); });
+                                        },
+                                    .onStopped =
+                                        [this](ScreenCaptureError error) {
+                                          outputQueue_.async([this, error] {
+                                            if (callbacks_.onStreamStopped) callbacks_.onStreamStopped(error);
+                                          });
+                                        }});
+  if (!stream) {
+    return failure(configuration.window ? RecordingError::windowNotFound : RecordingError::displayNotFound);
+  }
+  stream_ = std::move(*stream);
+  return {};
+}
+
+void ScreenRecorder::receive(const std::shared_ptr<const ScreenFrame>& frame) {
+  State& state = *state_;
+  if (!frame->isComplete || !state.movie) return;
+  const auto recorded = state.time.retimed(frame->presentationTime);
+  if (!recorded) return;
+  if (!state.anchorTime) {
+    state.anchorTime = *recorded;
+    if (callbacks_.onSessionAnchor) callbacks_.onSessionAnchor(frame->presentationTime);
+  }
+  const double position = *recorded - *state.anchorTime;
+  if (state.written > 0 && position <= state.lastVideoTime) return;
+  if (!state.movie->isReadyForMoreVideo()) {
+    ++state.notReady;
+    return;
+  }
+  state.lastVideoTime = position;
+  state.movie->appendVideo(frame, position);
+  ++state.written;
+}
+
+void ScreenRecorder::pause() {
+  outputQueue_.async([this, now = runLoop_.hostTime()] {
+    State& state = *state_;
+    if (state.time.isPaused()) return;
+    if (state.anchorTime) {
+      const double mark = state.position(now);
+      state.pauseMarks.push_back(mark);
+      state.keyboardBuffer.release(mark, 0);
+    }
+    state.time.pause(now);
+    if (callbacks_.onPauseBoundary) callbacks_.onPauseBoundary(now);
+  });
+}
+
+void ScreenRecorder::resume() {
+  outputQueue_.async([this, now = runLoop_.hostTime()] {
+    if (!state_->time.isPaused()) return;
+    state_->time.resume(now);
+    if (callbacks_.onResumeBoundary) callbacks_.onResumeBoundary(now);
+  });
+  // A screen that stands still would show what was there before the pause.
+  if (stream_) stream_->requestFrame();
+}
+
+void ScreenRecorder::recordKeyboard(const QStringList& keys, double hostTime, double linger) {
+  outputQueue_.async([this, keys, hostTime, linger] {
+    State& state = *state_;
+    const auto recorded = state.time.retimed(hostTime);
+    if (!state.anchorTime || !recorded) return;
+    const double position = std::max(0.0, *recorded - *state.anchorTime);
+    if (keys.isEmpty()) {
+      state.keyboardBuffer.release(position, linger);
+    } else {
+      state.keyboardBuffer.press(keys, position);
+    }
+  });
+}
+
+void ScreenRecorder::finish(std::function<void(Result<Outcome, RecordingError>)> done) {
+  const double now = runLoop_.hostTime();
+  const ScreenStreamCounts counts = stream_ ? stream_->counts() : ScreenStreamCounts{};
+  stream_.reset();
+  outputQueue_.async([this, now, counts, done = std::move(done)] {
+    State& state = *state_;
+    const double end = state.position(now);
+    Outcome outcome{.pauseMarks = state.pauseMarks,
+                    .keyCues = state.keyboardBuffer.finished(end),
+                    .report = {counts, state.written, state.notReady, end}};
+    if (!state.movie || state.written == 0) {
+      return runLoop_.post([done] { done(failure(RecordingError::writeFailed)); });
+    }
+    // The movie ends on the main thread, not on its own one, where the callback runs.
+    auto movie = std::make_shared<std::unique_ptr<MovieOutput>>(std::move(state.movie));
+    MovieOutput& ending = **movie;
+    ending.finish(
+        end, [&runLoop = runLoop_, movie, outcome = std::move(outcome), done](Result<void, RecordingError> written) {
+          runLoop.post([ended = std::shared_ptr<MovieOutput>(std::move(*movie)), outcome, done, written] {
+            done(written.map([&] { return outcome; }));
+          });
+        });
+  });
+}
+
+}  // namespace vellora

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include <QString>
+
+#include "base/RunLoop.h"
+#include "base/SerialQueue.h"
+#include "platform/ScreenStream.h"
+#include "recording/KeyboardCueBuffer.h"
+#include "recording/KeyboardRecordingCapture.h"
+#include "recording/MovieOutput.h"
+#include "recording/RecordedTime.h"
+
+namespace vellora {
+
+/// What became of a recording's frames and sound.
+struct ScreenRecorderReport {
+  ScreenStreamCounts stream;
+  std::uint64_t written = 0;   ///< frames
+  std::uint64_t notReady = 0;  ///< frames the encoder could not take
+  double duration = 0;         ///< recorded seconds
+};
+
+/// Writes the screen into a movie: the frames of a stream, and the marks and key cues that go with them. The main
+/// thread calls it; frames, pauses and keys are handled one after the other on the queue
+/// "dev.orlo.vellora.recorder.output", where all callbacks come too.
+class ScreenRecorder final : public KeyboardRecorder {
+ public:
+  struct Callbacks {
+    /// The host time of the movie's first frame, once.
+    std::function<void(double)> onSessionAnchor{};
+    std::function<void(double)> onPauseBoundary{};   ///< host time
+    std::function<void(double)> onResumeBoundary{};  ///< host time
+    /// The stream ended by itself.
+    std::function<void(ScreenCaptureError)> onStreamStopped{};
+    /// Nothing more can be written.
+    std::function<void(RecordingError)> onWriterFailed{};
+  };
+  struct Outcome {
+    std::vector<double> pauseMarks;  ///< recorded seconds
+    std::vector<RecordedKeyCue> keyCues;
+    ScreenRecorderReport report;
+  };
+
+  ScreenRecorder(RunLoop& runLoop, Callbacks callbacks);
+  ~ScreenRecorder() override;
+
+  /// Starts writing to `movie` what the stream shows.
+  Result<void, RecordingError> start(ScreenStreamService& streams, const ScreenStreamConfiguration& configuration,
+                                     std::unique_ptr<MovieOutput> movie);
+  void pause();
+  void resume();
+  void recordKeyboard(const QStringList& keys, double hostTime, double linger) override;
+  /// Ends stream and movie. `done` comes on the main thread.
+  void finish(std::function<void(Result<Outcome, RecordingError>)> done);
+
+ private:
+  struct State;
+  void receive(const std::shared_ptr<const ScreenFrame>& frame);
+
+  RunLoop& runLoop_;
+  Callbacks callbacks_;
+  std::unique_ptr<ScreenStream> stream_;
+  std::shared_ptr<State> state_;  // of the queue's tasks
+  SerialQueue outputQueue_{"dev.orlo.vellora.recorder.output"};
+};
+
+}  // namespace vellora

@@ -1,0 +1,141 @@
+#include <gtest/gtest.h>
+
+#include "recording/ScreenRecorder.h"
+#include "support/FakeMovies.h"
+#include "support/ScriptedScreen.h"
+#include "support/VirtualRunLoop.h"
+
+namespace vellora {
+namespace {
+
+TEST(RecordedTimeTest, takesPausesOut) {
+  RecordedTime time;
+  EXPECT_EQ(time.retimed(5), 5);
+  time.pause(10);
+  time.pause(12);
+  EXPECT_EQ(time.retimed(9.5), 9.5);
+  EXPECT_EQ(time.retimed(10), std::nullopt);
+  EXPECT_EQ(time.at(15), 10);
+  time.resume(20);
+  time.resume(25);
+  EXPECT_EQ(time.retimed(19.99), std::nullopt);
+  EXPECT_EQ(time.retimed(20), 10);
+  // A clock that goes back makes no negative pause.
+  time.pause(30);
+  time.resume(29);
+  EXPECT_EQ(time.pauseOffset(), 10);
+}
+
+class ScreenRecorderTest : public testing::Test {
+ protected:
+  test::VirtualRunLoop loop_;
+  test::ScriptedScreen screen_;
+  test::FakeMovies movies_;
+  std::vector<double> anchors_, pauses_, resumes_;
+  std::optional<ScreenCaptureError> stopped_;
+  std::unique_ptr<ScreenRecorder> recorder_ = std::make_unique<ScreenRecorder>(
+      loop_, ScreenRecorder::Callbacks{.onSessionAnchor = [this](double at) { anchors_.push_back(at); },
+                                       .onPauseBoundary = [this](double at) { pauses_.push_back(at); },
+                                       .onResumeBoundary = [this](double at) { resumes_.push_back(at); },
+                                       .onStreamStopped = [this](ScreenCaptureError error) { stopped_ = error; }});
+
+  test::WrittenMovie& start() {
+    auto movie = movies_.create(QStringLiteral("screen.mov"), {}, {});
+    EXPECT_TRUE(recorder_->start(screen_, {.area = {0, 0, 640, 480}}, std::move(*movie)));
+    return *movies_.movies[QStringLiteral("screen.mov")];
+  }
+  Result<ScreenRecorder::Outcome, RecordingError> finish() {
+    std::optional<Result<ScreenRecorder::Outcome, RecordingError>> result;
+    recorder_->finish([&](Result<ScreenRecorder::Outcome, RecordingError> each) { result = std::move(each); });
+    loop_.runUntil([&] { return result.has_value(); });
+    return *result;
+  }
+  void key(const QStringList& keys, double linger = 0) { recorder_->recordKeyboard(keys, loop_.hostTime(), linger); }
+};
+
+TEST_F(ScreenRecorderTest, closesTheGapOfAPause) {
+  const auto& movie = start();
+  loop_.advance(100);
+  screen_.frame(100);
+  screen_.frame(101, false);
+  screen_.frame(102);
+  loop_.advance(3);
+  recorder_->pause();
+  screen_.frame(102.9);  // taken before the pause, came after it
+  screen_.frame(103);
+  screen_.frame(110);
+  loop_.advance(10);
+  recorder_->resume();
+  EXPECT_EQ(screen_.requests, 1);
+  screen_.frame(112.9);
+  screen_.frame(113);
+  screen_.frame(113);
+  screen_.frame(114);
+  loop_.advance(2);
+  const auto outcome = finish();
+  ASSERT_TRUE(outcome);
+  EXPECT_EQ(movie.videoTimes, (std::vector<double>{0, 2, 102.9 - 100, 3, 4}));
+  EXPECT_EQ(movie.end, 5);
+  EXPECT_EQ(outcome->pauseMarks, std::vector<double>{3});
+  EXPECT_EQ(anchors_, std::vector<double>{100});
+  EXPECT_EQ(pauses_, std::vector<double>{103});
+  EXPECT_EQ(resumes_, std::vector<double>{113});
+  EXPECT_EQ(outcome->report.written, 5U);
+}
+
+TEST_F(ScreenRecorderTest, keepsKeysOnTheRecordedAxis) {
+  start();
+  key({QStringLiteral("A")});  // before the first frame
+  screen_.frame(0);
+  loop_.advance(1);
+  key({QStringLiteral("B")});
+  loop_.advance(1);
+  recorder_->pause();  // lets the held key go
+  loop_.advance(1);
+  key({QStringLiteral("C")});
+  loop_.advance(7);
+  recorder_->resume();
+  loop_.advance(1);
+  key({QStringLiteral("D")});
+  key({}, 0.85);
+  loop_.advance(1);
+  recorder_->pause();
+  loop_.advance(50);
+  const auto outcome = finish();
+  ASSERT_TRUE(outcome);
+  EXPECT_EQ(outcome->keyCues,
+            (std::vector<RecordedKeyCue>{{1, 2, {QStringLiteral("B")}}, {3, 3.85, {QStringLiteral("D")}}}));
+  EXPECT_EQ(outcome->pauseMarks, (std::vector<double>{2, 4}));
+  EXPECT_EQ(outcome->report.duration, 4);  // it ended in a pause
+}
+
+TEST_F(ScreenRecorderTest, dropsFramesForABusyEncoderWithoutWaiting) {
+  start().capacity = 2;
+  for (int i = 0; i < 5; ++i) screen_.frame(i);
+  const auto outcome = finish();
+  ASSERT_TRUE(outcome);
+  EXPECT_EQ(outcome->report.written, 2U);
+  EXPECT_EQ(outcome->report.notReady, 3U);
+}
+
+TEST_F(ScreenRecorderTest, tellsWhatFails) {
+  screen_.refusal = ScreenCaptureError::WindowGone;
+  auto movie = movies_.create(QStringLiteral("a"), {}, {});
+  EXPECT_EQ(recorder_->start(screen_, {.window = 7}, std::move(*movie)).error(), RecordingError::windowNotFound);
+  screen_.refusal.reset();
+  auto& written = start();
+  EXPECT_EQ(finish().error(), RecordingError::writeFailed);  // not one frame
+
+  recorder_ = std::make_unique<ScreenRecorder>(
+      loop_, ScreenRecorder::Callbacks{.onStreamStopped = [this](ScreenCaptureError error) { stopped_ = error; }});
+  auto& failing = start();
+  screen_.frame(0);
+  failing.finishFailure = RecordingError::writeFailed;
+  screen_.stopByItself(ScreenCaptureError::NoDisplay);
+  EXPECT_EQ(finish().error(), RecordingError::writeFailed);
+  EXPECT_EQ(stopped_, ScreenCaptureError::NoDisplay);
+  EXPECT_TRUE(written.videoTimes.empty());
+}
+
+}  // namespace
+}  // namespace vellora

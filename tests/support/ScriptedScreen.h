@@ -1,0 +1,54 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/ScreenStream.h"
+
+namespace vellora::test {
+
+/// A screen whose frames the test sends.
+class ScriptedScreen final : public ScreenStreamService {
+ public:
+  Result<std::unique_ptr<ScreenStream>, ScreenCaptureError> start(const ScreenStreamConfiguration& configuration,
+                                                                  Callbacks callbacks) override {
+    if (refusal) return failure(*refusal);
+    lastConfiguration = configuration;
+    callbacks_ = std::move(callbacks);
+    isStreaming = true;
+    return std::make_unique<Stream>(*this);
+  }
+
+  void frame(double time, bool isComplete = true) {
+    if (!isStreaming) return;
+    auto frame = std::make_shared<ScreenFrame>();
+    frame->width = lastConfiguration.area.width;
+    frame->height = lastConfiguration.area.height;
+    frame->presentationTime = time;
+    frame->isComplete = isComplete;
+    callbacks_.onFrame(std::move(frame));
+  }
+  void stopByItself(ScreenCaptureError error) {
+    if (isStreaming) callbacks_.onStopped(error);
+  }
+
+  std::optional<ScreenCaptureError> refusal;
+  ScreenStreamConfiguration lastConfiguration;
+  bool isStreaming = false;
+  int requests = 0;
+
+ private:
+  class Stream final : public ScreenStream {
+   public:
+    explicit Stream(ScriptedScreen& screen) : screen_(screen) {}
+    ~Stream() override { screen_.isStreaming = false; }
+    ScreenStreamCounts counts() const override { return {}; }
+    void requestFrame() override { ++screen_.requests; }
+
+   private:
+    ScriptedScreen& screen_;
+  };
+  Callbacks callbacks_;
+};
+
+}  // namespace vellora::test
