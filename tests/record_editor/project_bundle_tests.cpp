@@ -7,21 +7,10 @@
 #include "record_editor/RecordPauseMarks.h"
 #include "record_editor/RecordProjectBundle.h"
 #include "record_editor/RecordedKeyCue.h"
+#include "support/FakePreferences.h"
 
 namespace vellora {
 namespace {
-
-class Folders : public FileNames {
- public:
-  explicit Folders(QString home) : home_(std::move(home)) {}
-  QString home() const override { return home_; }
-  QString desktop() const override { return home_ + QStringLiteral("/Desktop"); }
-  QString movies() const override { return home_ + QStringLiteral("/Videos"); }
-  QString applicationSupport() const override { return home_ + QStringLiteral("/.local/share"); }
-
- private:
-  QString home_;
-};
 
 void put(const QString& path, const QByteArray& data) {
   QFile file(path);
@@ -37,7 +26,7 @@ QByteArray contents(const QString& path) {
 class ProjectBundleTest : public testing::Test {
  protected:
   QTemporaryDir home_;
-  RecordingFiles files_{Folders(home_.path())};
+  RecordingFiles files_{test::FakeFileNames(home_.path())};
   QString projects_ = home_.path() + QStringLiteral("/Videos/Vellora/Projects/");
 
   RecordProjectBundle make(const QString& name) {

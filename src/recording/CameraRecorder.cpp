@@ -1,0 +1,130 @@
+#include "recording/CameraRecorder.h"
+
+#include <algorithm>
+#include <deque>
+#include <optional>
+#include <utility>
+
+#include "base/Log.h"
+#include "recording/RecordedTime.h"
+
+namespace vellora {
+namespace {
+
+/// Bits per second for each pixel: a face in front of a wall, 30 times a second.
+constexpr std::int64_t bitsPerPixel = 3;
+/// Pictures kept until the screen's first frame is known.
+constexpr std::size_t mostWaiting = 8;
+
+}  // namespace
+
+struct CameraRecorder::State {
+  std::deque<std::shared_ptr<const CameraFrame>> waiting;  ///< for the anchor: the movie may start with any of them
+  MovieOutputs* movies = nullptr;                          ///< null when nothing is written
+  QString outputURL;
+  std::unique_ptr<MovieOutput> movie;
+  RecordedTime time;
+  std::optional<double> anchorTime;  ///< recorded seconds of the host clock
+  std::optional<double> lastTime;    ///< of the last picture written
+
+  void write(const std::shared_ptr<const CameraFrame>& frame, double position) {
+    if (lastTime && position <= *lastTime) return;
+    if (!movie) {
+      const std::int64_t bitRate = std::int64_t{frame->width} * frame->height * bitsPerPixel;
+      auto created = movies->create(outputURL, {.video = {frame->width, frame->height, bitRate}}, {});
+      if (!created) return giveUp(created.error());
+      movie = std::move(*created);
+    }
+    if (!movie->isReadyForMoreVideo()) return;
+    movie->appendVideo(frame, position);
+    lastTime = position;
+  }
+
+  void giveUp(RecordingError error) {
+    log::error(QStringLiteral("camera writer failed: ") + description(error));
+    movies = nullptr;
+  }
+
+  void receive(std::shared_ptr<const CameraFrame> frame) {
+    if (anchorTime) return append(frame);
+    waiting.push_back(std::move(frame));
+    if (waiting.size() > mostWaiting) waiting.pop_front();
+  }
+
+  void append(const std::shared_ptr<const CameraFrame>& frame) {
+    if (movies == nullptr) return;
+    const auto recorded = time.retimed(frame->presentationTime);
+    if (recorded) write(frame, std::max(0.0, *recorded - *anchorTime));
+  }
+
+  void start(double anchor) {
+    anchorTime = anchor - time.pauseOffset();
+    // The picture that was on when the screen's first one was taken, and those since.
+    while (waiting.size() > 1 && waiting[1]->presentationTime <= anchor) waiting.pop_front();
+    for (const auto& frame : waiting) append(frame);
+    waiting.clear();
+  }
+};
+
+CameraRecorder::CameraRecorder(RunLoop& runLoop, Callbacks callbacks)
+    : runLoop_(runLoop), callbacks_(std::move(callbacks)), state_(std::make_shared<State>()) {}
+
+CameraRecorder::~CameraRecorder() {
+  stream_.reset();
+}
+
+Result<void, CameraCaptureError> CameraRecorder::open(CameraCapture& cameras, const QString& deviceID) {
+  auto stream = cameras.start(deviceID, wantedWidth, wantedHeight,
+                              {.onFrame =
+                                   [this](std::shared_ptr<const CameraFrame> frame) {
+                                     outputQueue_.async([this, frame = std::move(frame)] {
+                                       if (callbacks_.onPreview) callbacks_.onPreview(frame);
+                                       state_->receive(frame);
+                                     });
+                                   },
+                               .onLost =
+                                   [onLost = callbacks_.onLost, &runLoop = runLoop_](CameraCaptureError error) {
+                                     if (onLost) runLoop.post([onLost, error] { onLost(error); });
+                                   }});
+  if (!stream) return failure(stream.error());
+  stream_ = std::move(*stream);
+  return {};
+}
+
+void CameraRecorder::startWriting(MovieOutputs& movies, const QString& outputURL) {
+  outputQueue_.async([this, &movies, outputURL] {
+    state_->movies = &movies;
+    state_->outputURL = outputURL;
+  });
+}
+
+void CameraRecorder::anchor(double at) {
+  outputQueue_.async([state = state_, at] { state->start(at); });
+}
+
+void CameraRecorder::pause(double at) {
+  outputQueue_.async([state = state_, at] { state->time.pause(at); });
+}
+
+void CameraRecorder::resume(double at) {
+  outputQueue_.async([state = state_, at] { state->time.resume(at); });
+}
+
+void CameraRecorder::finishWriting(double at, std::function<void(bool)> done) {
+  stream_.reset();
+  outputQueue_.async([this, at, done = std::move(done)] {
+    State& state = *state_;
+    if (!state.movie) return runLoop_.post([done] { done(false); });
+    // The movie ends on the main thread, not on its own one, where the callback runs.
+    auto movie = std::make_shared<std::unique_ptr<MovieOutput>>(std::move(state.movie));
+    MovieOutput& ending = **movie;
+    ending.finish(state.time.at(at) - *state.anchorTime,
+                  [&runLoop = runLoop_, movie, done](Result<void, RecordingError> written) {
+                    if (!written) log::error(QStringLiteral("camera writer failed: ") + description(written.error()));
+                    runLoop.post([ended = std::shared_ptr<MovieOutput>(std::move(*movie)), done,
+                                  isWhole = written.has_value()] { done(isWhole); });
+                  });
+  });
+}
+
+}  // namespace vellora

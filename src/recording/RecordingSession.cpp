@@ -1,0 +1,178 @@
+#include "recording/RecordingSession.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/Log.h"
+#include "record_editor/AgentGuideFile.h"
+#include "record_editor/BundleFiles.h"
+#include "record_editor/RecordPauseMarks.h"
+#include "recording/RecordingReport.h"
+
+namespace vellora {
+
+/// A recording under way, which goes with its files unless it is kept.
+struct RecordingSession::Started {
+  explicit Started(RecordProjectBundle made) : bundle(std::move(made)) {}
+  Started(Started&& other) noexcept
+      : bundle(std::exchange(other.bundle, std::nullopt)), recorder(std::move(other.recorder)) {}
+  Started& operator=(Started&&) = delete;
+  ~Started() {
+    recorder.reset();
+    if (!bundle) return;
+    if (const auto removed = bundle->remove(); !removed) {
+      log::warning(QStringLiteral("recording not removed: ") + removed.error().description());
+    }
+  }
+
+  std::optional<RecordProjectBundle> bundle;
+  std::unique_ptr<ScreenRecorder> recorder;
+};
+
+RecordingSession::RecordingSession(const RecordingServices& services, Callbacks callbacks)
+    : services_(services), callbacks_(std::move(callbacks)), keyboardCapture_(services.eventTap, services.runLoop) {}
+
+RecordingSession::~RecordingSession() {
+  keyboardCapture_.stop();
+}
+
+void RecordingSession::start(const Request& request, std::function<void(Result<void, RecordingError>)> done) {
+  auto deliver = lifetime_.guard(
+      [this, request, done = std::move(done)](const std::shared_ptr<Result<Started, RecordingError>>& started) {
+        if (!*started) return done(failure(started->error()));
+        keep(std::move(**started), request);
+        done({});
+      });
+  queue_.async([this, request, deliver = std::move(deliver)]() mutable {
+    auto started = std::make_shared<Result<Started, RecordingError>>(makeStarted(request));
+    services_.runLoop.post([started, deliver = std::move(deliver)]() mutable { deliver(started); });
+  });
+}
+
+Result<RecordingSession::Started, RecordingError> RecordingSession::makeStarted(const Request& request) {
+  const auto content = services_.capture.shareableContent();
+  const auto& target = request.target;
+  if (!content || std::ranges::find(content->displays, target.screen.id, &DisplayInfo::id) == content->displays.end()) {
+    return failure(RecordingError::displayNotFound);
+  }
+  ScreenStreamConfiguration configuration{.area = target.area, .window = target.windowID, .leftOut = request.leftOut};
+  if (target.windowID) {
+    const auto window = std::ranges::find(content->windows, *target.windowID, &WindowInfo::id);
+    if (window == content->windows.end()) return failure(RecordingError::windowNotFound);
+    configuration.area = window->frame;
+  }
+  const int width = configuration.area.width;
+  const int height = configuration.area.height;
+
+  const QString name = RecordingFiles::projectName(services_.runLoop.now().toDateTime());
+  auto bundle = RecordProjectBundle::create(services_.files, name);
+  if (!bundle) {
+    log::error(QStringLiteral("recording start failed: ") + bundle.error().description());
+    return failure(RecordingError::writerSetupFailed);
+  }
+  Started started(*bundle);
+  auto ended = lifetime_.guard([this] {
+    if (callbacks_.onEnded) callbacks_.onEnded();
+  });
+  const auto endLater = [&runLoop = services_.runLoop, ended] { runLoop.post([ended]() mutable { ended(); }); };
+  auto movie = services_.movies.create(
+      bundle->file(bundleFiles::screen), {.video = {width, height, services_.movies.screenBitRate(width, height)}},
+      [endLater](RecordingError error) {
+        log::error(QStringLiteral("writing the recording failed: ") + description(error));
+        endLater();
+      });
+  if (!movie) return failure(movie.error());
+  CameraRecorder* const camera = request.camera;
+  ScreenRecorder::Callbacks recorderCallbacks{.onStreamStopped = [endLater](ScreenCaptureError error) {
+    log::warning(QStringLiteral("stream stopped on its own: %1").arg(static_cast<int>(error)));
+    endLater();
+  }};
+  if (camera != nullptr) {
+    recorderCallbacks.onSessionAnchor = [camera](double at) { camera->anchor(at); };
+    recorderCallbacks.onPauseBoundary = [camera](double at) { camera->pause(at); };
+    recorderCallbacks.onResumeBoundary = [camera](double at) { camera->resume(at); };
+    camera->startWriting(services_.movies, bundle->file(bundleFiles::camera));
+  }
+  started.recorder = std::make_unique<ScreenRecorder>(services_.runLoop, std::move(recorderCallbacks));
+  const auto running = started.recorder->start(services_.streams, configuration, std::move(*movie));
+  if (!running) return failure(running.error());
+  return started;
+}
+
+void RecordingSession::keep(Started started, const Request& request) {
+  currentBundle_ = std::exchange(started.bundle, std::nullopt);
+  recorder_ = std::move(started.recorder);
+  camera_ = request.camera;
+  segmentStartedAt_ = services_.runLoop.hostTime();
+  recordsKeys_ = request.recordsKeys && keyboardCapture_.start(*recorder_);
+  if (request.recordsKeys && !recordsKeys_ && callbacks_.onKeysNotPermitted) callbacks_.onKeysNotPermitted();
+}
+
+void RecordingSession::pause() {
+  if (!recorder_ || !segmentStartedAt_) return;
+  recorder_->pause();
+  accumulatedElapsed_ = elapsed();
+  segmentStartedAt_.reset();
+}
+
+void RecordingSession::resume() {
+  if (!recorder_ || segmentStartedAt_) return;
+  recorder_->resume();
+  segmentStartedAt_ = services_.runLoop.hostTime();
+}
+
+double RecordingSession::elapsed() const {
+  const double segment = segmentStartedAt_ ? services_.runLoop.hostTime() - *segmentStartedAt_ : 0;
+  return accumulatedElapsed_ + segment;
+}
+
+void RecordingSession::finish(std::function<void(Result<RecordProjectBundle, RecordingError>)> done) {
+  keyboardCapture_.stop();
+  if (!recorder_) return done(failure(RecordingError::writeFailed));
+  const double now = services_.runLoop.hostTime();
+  recorder_->finish(lifetime_.guard(
+      [this, now, done = std::move(done)](const Result<ScreenRecorder::Outcome, RecordingError>& outcome) {
+        recorder_.reset();
+        if (!outcome) {
+          log::error(QStringLiteral("recording stop failed: ") + description(outcome.error()));
+          discard();
+          return done(failure(outcome.error()));
+        }
+        if (camera_ == nullptr) return complete(*outcome, done);
+        camera_->finishWriting(now, lifetime_.guard([this, outcome, done](bool) { complete(*outcome, done); }));
+      }));
+}
+
+void RecordingSession::complete(const ScreenRecorder::Outcome& outcome,
+                                const std::function<void(Result<RecordProjectBundle, RecordingError>)>& done) {
+  auto deliver = lifetime_.guard([this, done](bool keysSaved) {
+    if (!keysSaved && callbacks_.onKeysNotSaved) callbacks_.onKeysNotSaved();
+    done(*currentBundle_);
+  });
+  queue_.async([&runLoop = services_.runLoop, bundle = *currentBundle_, outcome, recordsKeys = recordsKeys_,
+                deliver = std::move(deliver)]() mutable {
+    const auto report = [](const char* what, const Result<void, FileError>& written) {
+      if (!written) log::error(QString::fromLatin1(what) + written.error().description());
+      return written.has_value();
+    };
+    report("pause marks save failed: ", RecordPauseMarks::save(outcome.pauseMarks, bundle.path()));
+    const bool keysSaved =
+        !recordsKeys || report("keyboard metadata save failed: ", RecordedKeyCue::save(outcome.keyCues, bundle.path()));
+    report("recording report save failed: ", recordingReport::save(outcome.report, bundle.path()));
+    report("guide not written: ", AgentGuideFile::ensure(bundle.path()));
+    RecordProjectState state;
+    state.name = bundle.directoryName();
+    report("project save failed: ", bundle.save(state));
+    runLoop.post([keysSaved, deliver = std::move(deliver)]() mutable { deliver(keysSaved); });
+  });
+}
+
+void RecordingSession::discard() {
+  if (!currentBundle_) return;
+  if (const auto removed = currentBundle_->remove(); !removed) {
+    log::warning(QStringLiteral("recording not removed: ") + removed.error().description());
+  }
+  currentBundle_.reset();
+}
+
+}  // namespace vellora

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include <QString>
+
+#include "base/Lifetime.h"
+#include "base/RunLoop.h"
+#include "base/SerialQueue.h"
+#include "platform/EventTap.h"
+#include "platform/ScreenCaptureService.h"
+#include "platform/ScreenStream.h"
+#include "record_editor/RecordProjectBundle.h"
+#include "recording/CameraRecorder.h"
+#include "recording/KeyboardRecordingCapture.h"
+#include "recording/MovieOutput.h"
+#include "recording/RecordingError.h"
+#include "recording/RecordingTarget.h"
+#include "recording/ScreenRecorder.h"
+
+namespace vellora {
+
+/// What recordings are made with.
+struct RecordingServices {
+  RunLoop& runLoop;
+  ScreenCaptureService& capture;
+  ScreenStreamService& streams;
+  EventTap& eventTap;
+  MovieOutputs& movies;
+  const RecordingFiles& files;
+};
+
+/// One recording from its first file to a whole project, without a window. Main thread; callbacks come there.
+class RecordingSession {
+ public:
+  struct Request {
+    RecordingTarget target;
+    bool recordsKeys = false;
+    std::vector<WindowId> leftOut{};
+    /// An open camera to write too; it must live as long as the session.
+    CameraRecorder* camera = nullptr;
+  };
+  struct Callbacks {
+    /// What is recorded, or the disk, has ended the recording: it is to be finished.
+    std::function<void()> onEnded{};
+    /// The project is whole but for its keys.
+    std::function<void()> onKeysNotSaved{};
+    /// Nobody may listen to keys.
+    std::function<void()> onKeysNotPermitted{};
+  };
+
+  RecordingSession(const RecordingServices& services, Callbacks callbacks);
+  /// Drops a recording that was not finished, its files stay as they are.
+  ~RecordingSession();
+
+  /// Makes the bundle and starts recording into it. After a failure nothing is left of it.
+  void start(const Request& request, std::function<void(Result<void, RecordingError>)> done);
+  void pause();
+  void resume();
+  /// Recorded seconds so far.
+  double elapsed() const;
+
+  /// Ends the recording and completes the project. A failure means there is no movie, and the bundle is gone.
+  void finish(std::function<void(Result<RecordProjectBundle, RecordingError>)> done);
+
+ private:
+  struct Started;
+  Result<Started, RecordingError> makeStarted(const Request& request);
+  void keep(Started started, const Request& request);
+  void complete(const ScreenRecorder::Outcome& outcome,
+                const std::function<void(Result<RecordProjectBundle, RecordingError>)>& done);
+  void discard();
+
+  RecordingServices services_;
+  Callbacks callbacks_;
+  std::unique_ptr<ScreenRecorder> recorder_;
+  CameraRecorder* camera_ = nullptr;
+  KeyboardRecordingCapture keyboardCapture_;
+  bool recordsKeys_ = false;
+  std::optional<RecordProjectBundle> currentBundle_;
+  double accumulatedElapsed_ = 0;
+  std::optional<double> segmentStartedAt_;
+  // The queue ends before what its tasks use.
+  SerialQueue queue_{"dev.orlo.vellora.recording"};
+  Lifetime lifetime_;
+};
+
+}  // namespace vellora
