@@ -9,7 +9,6 @@
 #include <cerrno>
 #include <cstring>
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
@@ -37,19 +36,27 @@ namespace {
 constexpr mode_t newFileMode = 0666;  // narrowed by the user's umask
 constexpr int nameAttempts = 10000;
 
+std::filesystem::path encoded(const QString& path) {
+  return QFile::encodeName(path).toStdString();
+}
+
+QString decoded(const std::filesystem::path& path) {
+  return QFile::decodeName(path.c_str());
+}
+
 /// A temporary file beside its future place; removed again unless it was moved there.
 class TemporaryFile {
  public:
-  static Result<TemporaryFile, FileError> create(const QString& folder, mode_t mode) {
+  static Result<TemporaryFile, FileError> create(const std::filesystem::path& folder, mode_t mode) {
     for (int tries = 0; tries < 100; ++tries) {
       const QString name =
           QStringLiteral(".vellora-%1.tmp").arg(QRandomGenerator::global()->generate64(), 16, 16, QChar(u'0'));
-      QByteArray path = QFile::encodeName(QDir(folder).filePath(name));
+      QByteArray path((folder / name.toStdString()).c_str());
       const int fd = ::open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode);
       if (fd >= 0) return TemporaryFile(fd, std::move(path));
-      if (errno != EEXIST) return failure(FileError::fromErrno(errno, folder));
+      if (errno != EEXIST) return failure(FileError::fromErrno(errno, decoded(folder)));
     }
-    return failure(FileError::fromErrno(EEXIST, folder));
+    return failure(FileError::fromErrno(EEXIST, decoded(folder)));
   }
 
   TemporaryFile(TemporaryFile&& other) noexcept
@@ -115,8 +122,8 @@ class Descriptor {
   const int number_;
 };
 
-void syncFolder(const QString& folder) {
-  const Descriptor opened(::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+void syncFolder(const std::filesystem::path& folder) {
+  const Descriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (opened.number() >= 0) ::fsync(opened.number());
 }
 
@@ -130,14 +137,14 @@ Result<void, FileError> write(const QString& path, std::span<const std::byte> da
   const QFileInfo existing(path);
   const QString target = existing.isSymLink() && existing.exists() ? existing.canonicalFilePath() : path;
   const QString folder = QFileInfo(target).absolutePath();
-  auto file = TemporaryFile::create(folder, newFileMode);
+  auto file = TemporaryFile::create(encoded(folder), newFileMode);
   if (!file) return failure(file.error());
   struct stat old {};
   if (::stat(QFile::encodeName(target).constData(), &old) == 0) file->allow(old.st_mode & 07777);
   if (const int error = file->fill(data, durability)) return failure(FileError::fromErrno(error, path));
   if (const int error = file->moveReplacing(QFile::encodeName(target)))
     return failure(FileError::fromErrno(error, path));
-  if (durability == Durability::PowerCut) syncFolder(folder);
+  if (durability == Durability::PowerCut) syncFolder(encoded(folder));
   return {};
 }
 
@@ -145,20 +152,30 @@ Result<void, FileError> write(const QString& path, const QByteArray& data, Durab
   return write(path, bytesOf(data), durability);
 }
 
-Result<QString, FileError> writeNew(const QString& folder, const QString& stem, const QString& extension,
-                                    std::span<const std::byte> data, Durability durability) {
-  auto file = TemporaryFile::create(folder, newFileMode);
+Result<std::filesystem::path, FileError> writeNew(const std::filesystem::path& folder, const std::string& stem,
+                                                  const std::string& extension, std::span<const std::byte> data,
+                                                  mode_t permissions, Durability durability) {
+  auto file = TemporaryFile::create(folder, permissions);
   if (!file) return failure(file.error());
-  if (const int error = file->fill(data, durability)) return failure(FileError::fromErrno(error, folder));
+  if (const int error = file->fill(data, durability)) return failure(FileError::fromErrno(error, decoded(folder)));
   for (int attempt = 1; attempt <= nameAttempts; ++attempt) {
-    const QString path = QDir(folder).filePath(numberedFileName(stem, extension, attempt));
-    const int error = file->moveToFreeName(QFile::encodeName(path));
+    const QString end = numberedFileName(QString(), QString::fromStdString(extension), attempt);
+    std::filesystem::path path = folder / (stem + end.toStdString());
+    const int error = file->moveToFreeName(path.c_str());
     if (error == EEXIST) continue;
-    if (error != 0) return failure(FileError::fromErrno(error, path));
+    if (error != 0) return failure(FileError::fromErrno(error, decoded(path)));
     if (durability == Durability::PowerCut) syncFolder(folder);
     return path;
   }
-  return failure(FileError::fromErrno(EEXIST, folder));
+  return failure(FileError::fromErrno(EEXIST, decoded(folder)));
+}
+
+Result<QString, FileError> writeNew(const QString& folder, const QString& stem, const QString& extension,
+                                    std::span<const std::byte> data, Durability durability) {
+  const auto written =
+      writeNew(encoded(folder), encoded(stem).string(), extension.toStdString(), data, newFileMode, durability);
+  if (!written) return failure(written.error());
+  return decoded(*written);
 }
 
 Result<QString, FileError> writeNew(const QString& folder, const QString& stem, const QString& extension,

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <cstddef>
+#include <filesystem>
 #include <span>
+#include <string>
 
 #include <QByteArray>
 #include <QString>
@@ -40,6 +44,12 @@ Result<QString, FileError> writeNew(const QString& folder, const QString& stem, 
                                     std::span<const std::byte> data, Durability durability = Durability::Kill);
 Result<QString, FileError> writeNew(const QString& folder, const QString& stem, const QString& extension,
                                     const QByteArray& data, Durability durability = Durability::Kill);
+
+/// The same for names that are bytes, as files may have them, in no encoding at all. `permissions` are narrowed by the
+/// umask.
+Result<std::filesystem::path, FileError> writeNew(const std::filesystem::path& folder, const std::string& stem,
+                                                  const std::string& extension, std::span<const std::byte> data,
+                                                  mode_t permissions = 0666, Durability durability = Durability::Kill);
 
 /// Reads a whole regular file of at most `limit` bytes.
 Result<QByteArray, FileError> read(const QString& path, qint64 limit);
