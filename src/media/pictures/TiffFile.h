@@ -19,6 +19,7 @@ class TiffFile {
 
   /// Null when there is no directory to be read.
   TIFF* handle() const { return handle_.get(); }
+  std::size_t size() const { return file_.size(); }
   /// Whether libtiff warned of something that costs a part of the picture: a tag that lies outside the file, or, once
   /// `expectsPixels`, anything.
   bool isHurt() const { return isHurt_; }

@@ -146,10 +146,23 @@ Result<Page, PictureFailure> readPage(const TiffFile& file) {
   return page;
 }
 
-/// Pages, without the smaller copies that some files hold of them. Leaves the first directory.
-int countPages(const TiffFile& file) {
+/// Whether the parts of the pixels that the current directory names lie in the file.
+bool hasItsPixels(const TiffFile& file) {
+  TIFF* const tiff = file.handle();
+  const std::uint32_t parts = TIFFIsTiled(tiff) != 0 ? TIFFNumberOfTiles(tiff) : TIFFNumberOfStrips(tiff);
+  for (std::uint32_t i = 0; i < parts; ++i) {
+    const std::uint64_t offset = TIFFGetStrileOffset(tiff, i), bytes = TIFFGetStrileByteCount(tiff, i);
+    if (offset > file.size() || bytes > file.size() - offset) return false;
+  }
+  return true;
+}
+
+/// Pages, without the smaller copies that some files hold of them; nothing when one of them is cut off. Leaves the
+/// first directory.
+std::optional<int> countPages(const TiffFile& file) {
   int pages = 1;
-  for (int i = 1; i < mostPages && TIFFReadDirectory(file.handle()) != 0; ++i) {
+  for (int i = 1; i < mostPages && TIFFLastDirectory(file.handle()) == 0; ++i) {
+    if (TIFFReadDirectory(file.handle()) == 0 || !hasItsPixels(file)) return std::nullopt;
     const auto kind = file.tag<std::uint32_t>(TIFFTAG_SUBFILETYPE, 0);
     if ((kind & (FILETYPE_REDUCEDIMAGE | FILETYPE_MASK)) == 0) ++pages;
   }
@@ -413,7 +426,9 @@ Result<PictureInfo, PictureFailure> inspectTiff(FileBytes bytes) {
   const auto page = readPage(file);
   if (!page) return failure(page.error());
   PictureInfo info = infoOf(file, *page);
-  info.frames = countPages(file);
+  const auto pages = countPages(file);
+  if (!pages) return refused(PictureError::Damaged, "a page is incomplete");
+  info.frames = *pages;
   return info;
 }
 
@@ -431,7 +446,9 @@ Result<DecodedPicture, PictureFailure> decodeTiff(FileBytes bytes, const DecodeO
   readMetadata(file, *page, picture.metadata);
   if (options.keepsMetadata) picture.metadata.exif = exifOfTiff({octets(bytes), bytes.size()});
   if (page->photometric == PHOTOMETRIC_PALETTE) picture.palette = 1 << page->bits;
-  picture.info.frames = countPages(file);
+  const auto pages = countPages(file);
+  if (!pages) return refused(PictureError::Damaged, "a page is incomplete");
+  picture.info.frames = *pages;
   return picture;
 }
 
