@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include <QFile>
 #include <array>
 #include <new>
 #include <utility>
@@ -19,11 +18,9 @@ namespace {
 namespace fs = std::filesystem;
 
 /// Leaves room for the suffix, a number and the extension in the 255 bytes of a name.
-constexpr qsizetype longestStem = 200;
-
-QString qPath(const fs::path& path) {
-  return QFile::decodeName(path.c_str());
-}
+constexpr std::size_t longestStem = 200;
+/// What a result may be at most; the umask takes more away.
+constexpr mode_t mostPermissions = 0666;
 
 PictureFailure writeFailure(const FileError& error) {
   PictureError kind = PictureError::WriteFailed;
@@ -37,21 +34,27 @@ std::string extensionFor(const fs::path& source, PictureType type) {
   return isExtensionOf(type, own) ? own : std::string(fileExtension(type));
 }
 
+/// Nobody may read a result who may not read its source.
+mode_t permissionsFor(const fs::path& source) {
+  struct stat status {};
+  if (source.empty() || ::stat(source.c_str(), &status) != 0) return mostPermissions;
+  return (status.st_mode & mostPermissions) | S_IRUSR | S_IWUSR;
+}
+
 Result<fs::path, PictureFailure> write(const CompressionJob& job, const ImageCompressor::Output& output) {
   const CompressDestination& destination = job.destination;
   const bool isBeside = destination.mode == CompressOutputMode::sourceFolder;
   const bool isPasted = job.source.empty();
   const fs::path folder =
       !isBeside ? destination.folder : (isPasted ? destination.pastedFolder : job.source.parent_path());
-  QString stem = isPasted ? QString::fromStdString(job.displayName) : qPath(job.source.stem());
+  std::string stem = isPasted ? job.displayName : job.source.stem().string();
   // Names of files are kept as they are, unless what is added would make them too long.
-  if (isPasted || stem.toUtf8().size() > longestStem) stem = sanitizedFileName(stem);
-  if (isBeside && !isPasted) stem += QLatin1String(compressedSuffix);
-  const std::string extension = extensionFor(job.source, output.type);
-  const auto written =
-      AtomicFile::writeNew(qPath(folder), stem, QString::fromStdString(extension), std::span(output.data));
+  if (isPasted || stem.size() > longestStem) stem = sanitizedFileName(QString::fromStdString(stem)).toStdString();
+  if (isBeside && !isPasted) stem += compressedSuffix;
+  auto written = AtomicFile::writeNew(folder, stem, extensionFor(job.source, output.type), std::span(output.data),
+                                      permissionsFor(job.source));
   if (!written) return failure(writeFailure(written.error()));
-  return fs::path(QFile::encodeName(*written).toStdString());
+  return std::move(*written);
 }
 
 void copyDates(const fs::path& from, const fs::path& to) {

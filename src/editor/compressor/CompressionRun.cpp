@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 #include <set>
+#include <string>
 #include <thread>
 #include <unordered_map>
 #include <unordered_set>
@@ -46,6 +47,12 @@ struct Glance {
   ImageCompressor::Size size;
   Raster thumbnail;
 };
+
+/// "a/./b" as "a/b", so that a file is not listed twice. Not "a/../b": where "a" is a link, the way back leads
+/// elsewhere.
+fs::path withoutDetours(const fs::path& path) {
+  return std::ranges::find(path, fs::path("..")) == path.end() ? path.lexically_normal() : path;
+}
 
 Raster reduced(const Raster& raster, int edge) {
   const ImageCompressor::Size size = ImageCompressor::resizedSize(raster.width(), raster.height(), edge);
@@ -124,7 +131,7 @@ class CompressionRun::State : public std::enable_shared_from_this<State> {
         for (const fs::path& file : isFolder ? picturesIn(path, search) : std::vector{path}) {
           if (found.size() >= maximumItems) break;
           CompressionItem item;
-          item.sourceURL = file.lexically_normal();
+          item.sourceURL = withoutDetours(file);
           item.displayName = file.filename().string();
           const std::uintmax_t bytes = fs::file_size(file, error);
           item.originalBytes = error ? 0 : bytes;
@@ -195,7 +202,12 @@ class CompressionRun::State : public std::enable_shared_from_this<State> {
     const auto found = position(id);
     if (found == items_.end() || !isFinished(found->state) || isSuccess(found->state)) return;
     if (!isRunning_) beginRun();
-    ++progress_.total;
+    if (ended_.erase(id) != 0) {
+      --progress_.finished;
+      if (found->state == CompressionState::failed) --progress_.failed;
+    } else {
+      ++progress_.total;
+    }
     enqueue(id);
     tell(callbacks_.onProgress, progress());
   }
@@ -274,12 +286,12 @@ class CompressionRun::State : public std::enable_shared_from_this<State> {
   }
 
   void add(std::vector<CompressionItem> found) {
-    std::set<fs::path> known;
+    std::unordered_set<std::string> known;
     for (const CompressionItem& item : items_)
-      if (!item.sourceURL.empty()) known.insert(item.sourceURL);
+      if (!item.sourceURL.empty()) known.insert(item.sourceURL.string());
     for (CompressionItem& item : found) {
       if (items_.size() >= maximumItems) break;
-      if (!item.sourceURL.empty() && !known.insert(item.sourceURL).second) continue;
+      if (!item.sourceURL.empty() && !known.insert(item.sourceURL.string()).second) continue;
       item.id = ++lastId_;
       items_.push_back(std::move(item));
       index_[lastId_] = items_.size() - 1;
@@ -299,6 +311,7 @@ class CompressionRun::State : public std::enable_shared_from_this<State> {
   void beginRun() {
     ++cancellation_;
     progress_ = {};
+    ended_.clear();
     bytesOver_ = 0;
     bytesAhead_ = 0;
     isRunning_ = true;
@@ -354,6 +367,7 @@ class CompressionRun::State : public std::enable_shared_from_this<State> {
     const auto item = position(id);
     if (item == items_.end() || pending_.erase(id) == 0) return;
     ++progress_.finished;
+    ended_.insert(id);
     bytesAhead_ -= std::min(bytesAhead_, item->originalBytes);
     bytesOver_ += item->originalBytes;
     if (result) {
@@ -396,6 +410,7 @@ class CompressionRun::State : public std::enable_shared_from_this<State> {
   std::unordered_map<std::uint64_t, Wish> doneWith_;
   /// The items of this run that are not finished; true takes one out that has not begun.
   std::unordered_map<std::uint64_t, std::shared_ptr<std::atomic<bool>>> pending_;
+  std::unordered_set<std::uint64_t> ended_;  ///< the items of this run that are over
   bool isRunning_ = false;
   double startedAt_ = 0;
   CompressionProgress progress_;

@@ -17,7 +17,8 @@ namespace vellora {
 enum class CompressOutputMode : std::uint8_t { sourceFolder, customFolder };
 
 /// Where results go: "name-compressed.ext" beside the source, or "name.ext" in a folder of one's own; the next free
-/// name when that is taken. The source is never overwritten.
+/// name when that is taken. The source is never overwritten; beside a link to a file means beside the link. Results are
+/// for no more people's eyes than their sources.
 struct CompressDestination {
   CompressOutputMode mode = CompressOutputMode::sourceFolder;
   std::filesystem::path folder{};        ///< for customFolder
@@ -76,7 +77,7 @@ class CompressionRun {
   void start(const CompressOptions& options, const CompressDestination& destination);
   /// How many items that would be.
   std::size_t outstanding(const CompressOptions& options, const CompressDestination& destination) const;
-  /// Failed or cancelled items again, also while others run.
+  /// Failed or cancelled items again, also while others run, which then counts them as not finished yet.
   void retry(std::uint64_t id);
   /// Running items stop soon; only whole files stay.
   void cancel();

@@ -81,7 +81,8 @@ Result<ImageCompressor::Output, PictureFailure> encoded(const DecodedPicture& pi
   return output;
 }
 
-/// The source as the result: without its metadata unless that is wanted. Nothing when that cannot be taken out.
+/// The source as the result: without its metadata unless that is wanted. Nothing when it has some that cannot be taken
+/// out. Readers do not look for all that may be hidden in a file, so that it is gone through in any case.
 std::optional<ImageCompressor::Output> original(std::span<const std::byte> file, const PictureInfo& info,
                                                 const CompressOptions& options) {
   ImageCompressor::Output output;
@@ -90,13 +91,14 @@ std::optional<ImageCompressor::Output> original(std::span<const std::byte> file,
   output.height = info.height;
   output.isOriginal = true;
   output.frames = info.frames;
-  if (options.keepsMetadata || !info.hasMetadata) {
-    output.data.assign(file.begin(), file.end());
-    return output;
+  if (!options.keepsMetadata) {
+    if (auto stripped = withoutMetadata(file, info.type)) {
+      output.data = std::move(*stripped);
+      return output;
+    }
+    if (info.hasMetadata) return std::nullopt;
   }
-  auto stripped = withoutMetadata(file, info.type);
-  if (!stripped) return std::nullopt;
-  output.data = std::move(*stripped);
+  output.data.assign(file.begin(), file.end());
   return output;
 }
 
@@ -157,10 +159,13 @@ Result<ImageCompressor::Output, PictureFailure> ImageCompressor::compress(std::s
   auto unchanged = keepsTypeAndSize ? original(file, *info, options) : std::nullopt;
 
   if (info->frames > 1) {
+    const std::string what = info->isAnimated ? "an animation of " + std::to_string(info->frames) + " frames"
+                                              : std::to_string(info->frames) + " pages";
+    if (!keepsTypeAndSize) return failure(PictureFailure{PictureError::Animated, what});
+    // What is passed on untouched should at least begin well.
+    if (const auto first = decodePicture(file, decodingOf(*info, options)); !first) return failure(first.error());
     if (unchanged) return std::move(*unchanged);
-    return failure(PictureFailure{PictureError::Animated,
-                                  info->isAnimated ? "an animation of " + std::to_string(info->frames) + " frames"
-                                                   : std::to_string(info->frames) + " pages"});
+    return failure(PictureFailure{PictureError::Unsupported, "the metadata of " + what + " cannot be taken out"});
   }
 
   const auto picture = decodePicture(file, decodingOf(*info, options));

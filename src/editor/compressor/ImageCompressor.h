@@ -65,7 +65,8 @@ class ImageCompressor {
   /// A whole file, smaller. When type and size stay, the result is never larger than the source's own bytes without
   /// their metadata, or with them if they are kept; those come back when nothing smaller was found. Only metadata that
   /// cannot be taken out without decoding leaves no choice but the encoded picture. Several frames or pages pass
-  /// through in the same way when type and size stay, else they are refused as Animated.
+  /// through in the same way when type and size stay and the first of them can be decoded, else they are refused as
+  /// Animated.
   static Result<Output, PictureFailure> compress(std::span<const std::byte> file, const CompressOptions& options,
                                                  const CompressControl& control = {});
   /// Pixels without a file, as pasted ones.
