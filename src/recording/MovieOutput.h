@@ -57,6 +57,9 @@ class MovieOutputs {
   /// `onFailure` comes once, on a thread of the movie's own, when nothing more can be written.
   virtual Result<std::unique_ptr<MovieOutput>, RecordingError> create(
       const QString& path, const MovieSettings& settings, std::function<void(RecordingError)> onFailure) = 0;
+  /// Makes an ordinary file of a movie whose program was killed; one that is whole stays as it is. Its length in
+  /// seconds. Any thread but the main one.
+  virtual Result<double, RecordingError> repair(const QString& path) = 0;
   /// Bits per second for a screen of this size, by the codec that would be taken for it.
   virtual std::int64_t screenBitRate(int width, int height) = 0;
 };

@@ -4,18 +4,28 @@
 #include <utility>
 
 #include "base/Log.h"
-#include "record_editor/AgentGuideFile.h"
 #include "record_editor/BundleFiles.h"
 #include "record_editor/RecordPauseMarks.h"
+#include "recording/ProjectCompletion.h"
 #include "recording/RecordingReport.h"
 
 namespace vellora {
+namespace {
+
+bool saved(const char* failureText, const Result<void, FileError>& written) {
+  if (!written) log::error(QString::fromLatin1(failureText) + written.error().description());
+  return written.has_value();
+}
+
+}  // namespace
 
 /// A recording under way, which goes with its files unless it is kept.
 struct RecordingSession::Started {
   explicit Started(RecordProjectBundle made) : bundle(std::move(made)) {}
   Started(Started&& other) noexcept
-      : bundle(std::exchange(other.bundle, std::nullopt)), recorder(std::move(other.recorder)) {}
+      : bundle(std::exchange(other.bundle, std::nullopt)),
+        marker(std::move(other.marker)),
+        recorder(std::move(other.recorder)) {}
   Started& operator=(Started&&) = delete;
   ~Started() {
     recorder.reset();
@@ -26,6 +36,7 @@ struct RecordingSession::Started {
   }
 
   std::optional<RecordProjectBundle> bundle;
+  std::optional<RecordingMarker> marker;
   std::unique_ptr<ScreenRecorder> recorder;
 };
 
@@ -34,6 +45,8 @@ RecordingSession::RecordingSession(const RecordingServices& services, Callbacks 
 
 RecordingSession::~RecordingSession() {
   keyboardCapture_.stop();
+  // Its tasks use this session's queue.
+  recorder_.reset();
 }
 
 void RecordingSession::start(const Request& request, std::function<void(Result<void, RecordingError>)> done) {
@@ -71,6 +84,12 @@ Result<RecordingSession::Started, RecordingError> RecordingSession::makeStarted(
     return failure(RecordingError::writerSetupFailed);
   }
   Started started(*bundle);
+  auto marker = RecordingMarker::place(bundle->path());
+  if (!marker) {
+    log::error(QStringLiteral("recording start failed: ") + marker.error().description());
+    return failure(RecordingError::writerSetupFailed);
+  }
+  started.marker = std::move(*marker);
   auto ended = lifetime_.guard([this] {
     if (callbacks_.onEnded) callbacks_.onEnded();
   });
@@ -101,11 +120,23 @@ Result<RecordingSession::Started, RecordingError> RecordingSession::makeStarted(
 
 void RecordingSession::keep(Started started, const Request& request) {
   currentBundle_ = std::exchange(started.bundle, std::nullopt);
+  marker_ = std::move(started.marker);
   recorder_ = std::move(started.recorder);
+  marksTimer_ = services_.runLoop.every(marksInterval, [this] { keepMarks(); });
   camera_ = request.camera;
   segmentStartedAt_ = services_.runLoop.hostTime();
   recordsKeys_ = request.recordsKeys && keyboardCapture_.start(*recorder_);
   if (request.recordsKeys && !recordsKeys_ && callbacks_.onKeysNotPermitted) callbacks_.onKeysNotPermitted();
+}
+
+void RecordingSession::keepMarks() {
+  recorder_->marks([this, bundle = currentBundle_->path(), keysToo = recordsKeys_](
+                       const std::vector<double>& pauseMarks, const std::vector<RecordedKeyCue>& keyCues) {
+    queue_.async([bundle, keysToo, pauseMarks, keyCues] {
+      saved("pause marks save failed: ", RecordPauseMarks::save(pauseMarks, bundle));
+      if (keysToo) saved("keyboard metadata save failed: ", RecordedKeyCue::save(keyCues, bundle));
+    });
+  });
 }
 
 void RecordingSession::pause() {
@@ -113,6 +144,7 @@ void RecordingSession::pause() {
   recorder_->pause();
   accumulatedElapsed_ = elapsed();
   segmentStartedAt_.reset();
+  keepMarks();
 }
 
 void RecordingSession::resume() {
@@ -128,6 +160,7 @@ double RecordingSession::elapsed() const {
 
 void RecordingSession::finish(std::function<void(Result<RecordProjectBundle, RecordingError>)> done) {
   keyboardCapture_.stop();
+  marksTimer_.reset();
   if (!recorder_) return done(failure(RecordingError::writeFailed));
   const double now = services_.runLoop.hostTime();
   recorder_->finish(lifetime_.guard(
@@ -146,23 +179,17 @@ void RecordingSession::finish(std::function<void(Result<RecordProjectBundle, Rec
 void RecordingSession::complete(const ScreenRecorder::Outcome& outcome,
                                 const std::function<void(Result<RecordProjectBundle, RecordingError>)>& done) {
   auto deliver = lifetime_.guard([this, done](bool keysSaved) {
+    marker_->remove();
     if (!keysSaved && callbacks_.onKeysNotSaved) callbacks_.onKeysNotSaved();
     done(*currentBundle_);
   });
   queue_.async([&runLoop = services_.runLoop, bundle = *currentBundle_, outcome, recordsKeys = recordsKeys_,
                 deliver = std::move(deliver)]() mutable {
-    const auto report = [](const char* what, const Result<void, FileError>& written) {
-      if (!written) log::error(QString::fromLatin1(what) + written.error().description());
-      return written.has_value();
-    };
-    report("pause marks save failed: ", RecordPauseMarks::save(outcome.pauseMarks, bundle.path()));
+    saved("pause marks save failed: ", RecordPauseMarks::save(outcome.pauseMarks, bundle.path()));
     const bool keysSaved =
-        !recordsKeys || report("keyboard metadata save failed: ", RecordedKeyCue::save(outcome.keyCues, bundle.path()));
-    report("recording report save failed: ", recordingReport::save(outcome.report, bundle.path()));
-    report("guide not written: ", AgentGuideFile::ensure(bundle.path()));
-    RecordProjectState state;
-    state.name = bundle.directoryName();
-    report("project save failed: ", bundle.save(state));
+        !recordsKeys || saved("keyboard metadata save failed: ", RecordedKeyCue::save(outcome.keyCues, bundle.path()));
+    saved("recording report save failed: ", recordingReport::save(outcome.report, bundle.path()));
+    projectCompletion::complete(bundle);
     runLoop.post([keysSaved, deliver = std::move(deliver)]() mutable { deliver(keysSaved); });
   });
 }

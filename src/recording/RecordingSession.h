@@ -17,6 +17,7 @@
 #include "recording/KeyboardRecordingCapture.h"
 #include "recording/MovieOutput.h"
 #include "recording/RecordingError.h"
+#include "recording/RecordingMarker.h"
 #include "recording/RecordingTarget.h"
 #include "recording/ScreenRecorder.h"
 
@@ -35,6 +36,9 @@ struct RecordingServices {
 /// One recording from its first file to a whole project, without a window. Main thread; callbacks come there.
 class RecordingSession {
  public:
+  /// Seconds between writings of marks and cues while recording.
+  static constexpr double marksInterval = 2;
+
   struct Request {
     RecordingTarget target;
     bool recordsKeys = false;
@@ -72,6 +76,8 @@ class RecordingSession {
   void complete(const ScreenRecorder::Outcome& outcome,
                 const std::function<void(Result<RecordProjectBundle, RecordingError>)>& done);
   void discard();
+  /// Writes marks and cues as they are so far, for a recovery to find.
+  void keepMarks();
 
   RecordingServices services_;
   Callbacks callbacks_;
@@ -80,8 +86,10 @@ class RecordingSession {
   KeyboardRecordingCapture keyboardCapture_;
   bool recordsKeys_ = false;
   std::optional<RecordProjectBundle> currentBundle_;
+  std::optional<RecordingMarker> marker_;
   double accumulatedElapsed_ = 0;
   std::optional<double> segmentStartedAt_;
+  TimerHandle marksTimer_;
   // The queue ends before what its tasks use.
   SerialQueue queue_{"dev.orlo.vellora.recording"};
   Lifetime lifetime_;

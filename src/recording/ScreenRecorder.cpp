@@ -107,6 +107,12 @@ void ScreenRecorder::recordKeyboard(const QStringList& keys, double hostTime, do
   });
 }
 
+void ScreenRecorder::marks(std::function<void(std::vector<double>, std::vector<RecordedKeyCue>)> done) {
+  outputQueue_.async([this, now = runLoop_.hostTime(), done = std::move(done)] {
+    done(state_->pauseMarks, state_->keyboardBuffer.finished(state_->position(now)));
+  });
+}
+
 void ScreenRecorder::finish(std::function<void(Result<Outcome, RecordingError>)> done) {
   const double now = runLoop_.hostTime();
   const ScreenStreamCounts counts = stream_ ? stream_->counts() : ScreenStreamCounts{};

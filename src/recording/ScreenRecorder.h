@@ -57,6 +57,8 @@ class ScreenRecorder final : public KeyboardRecorder {
   void pause();
   void resume();
   void recordKeyboard(const QStringList& keys, double hostTime, double linger) override;
+  /// The marks and cues so far, to be kept in case of a kill. `done` comes on the queue.
+  void marks(std::function<void(std::vector<double> pauseMarks, std::vector<RecordedKeyCue> keyCues)> done);
   /// Ends stream and movie. `done` comes on the main thread.
   void finish(std::function<void(Result<Outcome, RecordingError>)> done);
 

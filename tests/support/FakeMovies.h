@@ -4,6 +4,8 @@
 #include <memory>
 #include <vector>
 
+#include <QFile>
+
 #include "recording/MovieOutput.h"
 
 namespace vellora::test {
@@ -31,6 +33,14 @@ class FakeMovies final : public MovieOutputs {
     written->onFailure = std::move(onFailure);
     movies[path] = written;
     return std::make_unique<Movie>(written);
+  }
+  /// Files that begin with "movie" can be repaired.
+  Result<double, RecordingError> repair(const QString& path) override {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || !file.readAll().startsWith("movie")) {
+      return failure(RecordingError::writeFailed);
+    }
+    return 1.0;
   }
   std::int64_t screenBitRate(int width, int height) override { return std::int64_t{width} * height * 8; }
 
