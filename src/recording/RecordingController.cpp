@@ -99,14 +99,22 @@ void RecordingController::countDown() {
 void RecordingController::beginCapture() {
   const auto notice = [this](RecordingNotice what) { return [this, what] { presenter_.notify(what); }; };
   session_ = std::make_unique<RecordingSession>(
-      services_, RecordingSession::Callbacks{.onEnded = [this] { stop(); },
+      services_, RecordingSession::Callbacks{.onEnded = [this] { endedBy(RecordingNotice::stoppedByItself); },
                                              .onKeysNotSaved = notice(RecordingNotice::keyboardSaveFailed),
+                                             .onDiskLow = notice(RecordingNotice::diskLow),
+                                             .onDiskFull = [this] { endedBy(RecordingNotice::diskFull); },
                                              .onKeysNotPermitted = notice(RecordingNotice::keyboardNotPermitted)});
   session_->start({.target = *target_,
                    .recordsKeys = barModel_.keyboardEnabled,
                    .leftOut = presenter_.ownWindows(),
                    .camera = cameraRecorder_.get()},
                   [this](const Result<void, RecordingError>& began) { captureBegan(began); });
+}
+
+void RecordingController::endedBy(RecordingNotice reason) {
+  if (isFinishing_) return;
+  stop();
+  presenter_.notify(reason);
 }
 
 void RecordingController::captureBegan(const Result<void, RecordingError>& began) {

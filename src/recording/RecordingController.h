@@ -63,6 +63,7 @@ class RecordingController {
   void beginCapture();
   void captureBegan(const Result<void, RecordingError>& began);
   void finish();
+  void endedBy(RecordingNotice reason);
   void followWindow();
   void selectCamera(const std::optional<QString>& deviceID);
   void selectKeyboard(bool isOn);

@@ -1,7 +1,12 @@
 #include "recording/RecordingSession.h"
 
+#include <sys/statvfs.h>
+
 #include <algorithm>
 #include <utility>
+
+#include <QDir>
+#include <QFile>
 
 #include "base/Log.h"
 #include "record_editor/BundleFiles.h"
@@ -25,7 +30,8 @@ struct RecordingSession::Started {
   Started(Started&& other) noexcept
       : bundle(std::exchange(other.bundle, std::nullopt)),
         marker(std::move(other.marker)),
-        recorder(std::move(other.recorder)) {}
+        recorder(std::move(other.recorder)),
+        expectedRate(other.expectedRate) {}
   Started& operator=(Started&&) = delete;
   ~Started() {
     recorder.reset();
@@ -38,6 +44,7 @@ struct RecordingSession::Started {
   std::optional<RecordProjectBundle> bundle;
   std::optional<RecordingMarker> marker;
   std::unique_ptr<ScreenRecorder> recorder;
+  double expectedRate = 0;  ///< bytes a second
 };
 
 RecordingSession::RecordingSession(const RecordingServices& services, Callbacks callbacks)
@@ -94,9 +101,10 @@ Result<RecordingSession::Started, RecordingError> RecordingSession::makeStarted(
     if (callbacks_.onEnded) callbacks_.onEnded();
   });
   const auto endLater = [&runLoop = services_.runLoop, ended] { runLoop.post([ended]() mutable { ended(); }); };
+  const std::int64_t bitRate = services_.movies.screenBitRate(width, height);
+  started.expectedRate = static_cast<double>(bitRate) / 8;
   auto movie = services_.movies.create(
-      bundle->file(bundleFiles::screen), {.video = {width, height, services_.movies.screenBitRate(width, height)}},
-      [endLater](RecordingError error) {
+      bundle->file(bundleFiles::screen), {.video = {width, height, bitRate}}, [endLater](RecordingError error) {
         log::error(QStringLiteral("writing the recording failed: ") + description(error));
         endLater();
       });
@@ -123,6 +131,8 @@ void RecordingSession::keep(Started started, const Request& request) {
   marker_ = std::move(started.marker);
   recorder_ = std::move(started.recorder);
   marksTimer_ = services_.runLoop.every(marksInterval, [this] { keepMarks(); });
+  diskWatch_.emplace(started.expectedRate);
+  diskTimer_ = services_.runLoop.every(diskInterval, [this] { lookAtDisk(); });
   camera_ = request.camera;
   segmentStartedAt_ = services_.runLoop.hostTime();
   recordsKeys_ = request.recordsKeys && keyboardCapture_.start(*recorder_);
@@ -136,6 +146,32 @@ void RecordingSession::keepMarks() {
       saved("pause marks save failed: ", RecordPauseMarks::save(pauseMarks, bundle));
       if (keysToo) saved("keyboard metadata save failed: ", RecordedKeyCue::save(keyCues, bundle));
     });
+  });
+}
+
+void RecordingSession::lookAtDisk() {
+  auto deliver = lifetime_.guard([this, time = elapsed()](std::int64_t written, std::int64_t free) {
+    if (!diskTimer_) return;
+    const auto tell = [](const std::function<void()>& callback) {
+      if (callback) callback();
+    };
+    switch (diskWatch_->look(time, written, free)) {
+      case DiskWatch::Advice::fine:
+        return;
+      case DiskWatch::Advice::low:
+        return tell(callbacks_.onDiskLow);
+      case DiskWatch::Advice::full:
+        diskTimer_.reset();
+        return tell(callbacks_.onDiskFull);
+    }
+  });
+  queue_.async([&runLoop = services_.runLoop, path = currentBundle_->path(), deliver = std::move(deliver)]() mutable {
+    std::int64_t written = 0;
+    for (const QFileInfo& file : QDir(path).entryInfoList(QDir::Files | QDir::Hidden)) written += file.size();
+    struct statvfs disk {};
+    if (::statvfs(QFile::encodeName(path).constData(), &disk) != 0) return;
+    const auto free = static_cast<std::int64_t>(disk.f_bavail * disk.f_frsize);
+    runLoop.post([written, free, deliver = std::move(deliver)]() mutable { deliver(written, free); });
   });
 }
 
@@ -161,6 +197,7 @@ double RecordingSession::elapsed() const {
 void RecordingSession::finish(std::function<void(Result<RecordProjectBundle, RecordingError>)> done) {
   keyboardCapture_.stop();
   marksTimer_.reset();
+  diskTimer_.reset();
   if (!recorder_) return done(failure(RecordingError::writeFailed));
   const double now = services_.runLoop.hostTime();
   recorder_->finish(lifetime_.guard(

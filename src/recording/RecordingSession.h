@@ -14,6 +14,7 @@
 #include "platform/ScreenStream.h"
 #include "record_editor/RecordProjectBundle.h"
 #include "recording/CameraRecorder.h"
+#include "recording/DiskWatch.h"
 #include "recording/KeyboardRecordingCapture.h"
 #include "recording/MovieOutput.h"
 #include "recording/RecordingError.h"
@@ -38,6 +39,8 @@ class RecordingSession {
  public:
   /// Seconds between writings of marks and cues while recording.
   static constexpr double marksInterval = 2;
+  /// Seconds between looks at the room on the disk.
+  static constexpr double diskInterval = 2;
 
   struct Request {
     RecordingTarget target;
@@ -47,10 +50,14 @@ class RecordingSession {
     CameraRecorder* camera = nullptr;
   };
   struct Callbacks {
-    /// What is recorded, or the disk, has ended the recording: it is to be finished.
+    /// What is recorded is gone, or nothing can be written any more: the recording is to be finished.
     std::function<void()> onEnded{};
     /// The project is whole but for its keys.
     std::function<void()> onKeysNotSaved{};
+    /// The disk has room for five minutes more.
+    std::function<void()> onDiskLow{};
+    /// The disk is about to be full; the recording is to be finished.
+    std::function<void()> onDiskFull{};
     /// Nobody may listen to keys.
     std::function<void()> onKeysNotPermitted{};
   };
@@ -78,6 +85,7 @@ class RecordingSession {
   void discard();
   /// Writes marks and cues as they are so far, for a recovery to find.
   void keepMarks();
+  void lookAtDisk();
 
   RecordingServices services_;
   Callbacks callbacks_;
@@ -90,6 +98,8 @@ class RecordingSession {
   double accumulatedElapsed_ = 0;
   std::optional<double> segmentStartedAt_;
   TimerHandle marksTimer_;
+  std::optional<DiskWatch> diskWatch_;
+  TimerHandle diskTimer_;
   // The queue ends before what its tasks use.
   SerialQueue queue_{"dev.orlo.vellora.recording"};
   Lifetime lifetime_;

@@ -215,7 +215,7 @@ TEST_F(RecordingControllerTest, keepsWhatWasRecordedWhenTheDisplayGoes) {
   startRecording();
   movies_.movies.rbegin()->second->finishFailure = RecordingError::writeFailed;
   stopRecording();
-  EXPECT_EQ(windows_.notices, std::vector{RecordingNotice::recordingFailed});
+  EXPECT_EQ(windows_.notices, (std::vector{RecordingNotice::stoppedByItself, RecordingNotice::recordingFailed}));
   EXPECT_FALSE(opened_);
   EXPECT_EQ(bundles().size(), 1);
 }
