@@ -133,7 +133,8 @@ QFuture<ComparisonPair> prepareComparison(const QImage& before, const QImage& af
   const auto make = [](const QImage& picture, const std::shared_ptr<const ComparisonPicture>& ready) {
     if (picture.isNull()) return std::shared_ptr<const ComparisonPicture>();
     if (ready && ready->isOf(picture)) return ready;
-    return std::make_shared<const ComparisonPicture>(picture);
+    auto made = std::make_shared<const ComparisonPicture>(picture);
+    return made->size().isEmpty() ? nullptr : made;  // no memory
   };
   const auto promise = std::make_shared<QPromise<ComparisonPair>>();
   promise->start();

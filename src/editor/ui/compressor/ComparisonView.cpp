@@ -34,7 +34,7 @@ ComparisonView::ComparisonView(QWidget* parent)
   connect(zoomBar_, &ComparisonZoomBar::fitRequested, this, &ComparisonView::zoomToFit);
   connect(zoomBar_, &ComparisonZoomBar::actualSizeRequested, this, [this] { zoomTo(1, middlePixel()); });
   connect(&preparing_, &QFutureWatcherBase::finished, this, [this] {
-    if (preparing_.future().resultCount() > 0) take(preparing_.result());
+    if (waiting_) take(preparing_.result());
   });
   repaintOnThemeChange(*this);
 }
@@ -54,10 +54,17 @@ void ComparisonView::setBefore(const QImage& before) {
 void ComparisonView::prepare(const QImage& before, const QImage& after) {
   setMessage({});
   preparing_.cancel();
-  preparing_.setFuture(prepareComparison(before, after, pair_));
+  const QFuture<ComparisonPair> pair = prepareComparison(before, after, pair_);
+  waiting_ = !pair.isFinished();
+  if (waiting_) {
+    preparing_.setFuture(pair);
+  } else {
+    take(pair.result());
+  }
 }
 
 void ComparisonView::take(const ComparisonPair& pair) {
+  waiting_ = false;
   pair_ = pair;
   if (!pair_.before) pair_.after.reset();
   if (pair_.before && (!started_ || pair_.before->size() != viewport_.picture())) {
@@ -88,7 +95,7 @@ void ComparisonView::setCaptions(const QString& before, const QString& after) {
 
 void ComparisonView::clear() {
   preparing_.cancel();
-  preparing_.setFuture({});
+  waiting_ = false;
   pair_ = {};
   message_.clear();
   started_ = false;
@@ -108,7 +115,10 @@ void ComparisonView::setDivider(double divider) {
 }
 
 void ComparisonView::followScreen() {
-  viewport_.setView((QSizeF(size()) * devicePixelRatioF()).toSize());
+  const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
+  if (pixels == viewport_.view()) return;
+  viewport_.setView(pixels);
+  zoomChanged();
 }
 
 void ComparisonView::zoomChanged() {

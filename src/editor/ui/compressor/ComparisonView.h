@@ -20,9 +20,9 @@ class ComparisonZoomBar;
 /// shows. The view holds the place, the zoom and the divider as long as pictures `before` of the same size come, until
 /// clear().
 ///
-/// Keys: the arrows move the divider (with Shift further, Home and End to the ends), + - 0 1 zoom, B held shows the
-/// picture before. The wheel and two fingers zoom, dragging moves the picture, a double click changes between all of
-/// it and 100 %. Main thread.
+/// Keys: the arrows move the divider (with Shift further, Home and End to the ends) and with Ctrl the picture,
+/// + - 0 1 zoom, B held shows the picture before. The wheel and two fingers zoom, dragging moves the picture, a double
+/// click changes between all of it and 100 %. Main thread.
 class ComparisonView final : public QWidget {
   Q_OBJECT
 
@@ -41,7 +41,7 @@ class ComparisonView final : public QWidget {
   void setMessage(const QString& message);
   /// What stands in the lower corners ("Before 2.4 MB"); empty for nothing.
   void setCaptions(const QString& before, const QString& after);
-  /// Takes everything away; the next pictures start at 100 % with the divider in the middle.
+  /// Takes pictures and message away; the next pictures start at 100 % with the divider in the middle.
   void clear();
 
   /// Where the divider is, from 0 (all after) to 1 (all before), of the picture's visible width.
@@ -49,7 +49,7 @@ class ComparisonView final : public QWidget {
   void setDivider(double divider);
 
   /// Whether the pictures handed in last are the ones that are shown.
-  bool isSettled() const { return preparing_.isFinished(); }
+  bool isSettled() const { return !waiting_; }
 
   QSize sizeHint() const override { return {560, 400}; }
   QSize minimumSizeHint() const override { return {240, 160}; }
@@ -83,6 +83,7 @@ class ComparisonView final : public QWidget {
   void zoomTo(double zoom, QPoint atPixel);
   void zoomToFit();
   void pan(QPoint pixels);
+  bool panByKey(int key);
   void setPeeking(bool peeking);
   void placeParts();
   void updateCursor(QPointF position);
@@ -107,6 +108,7 @@ class ComparisonView final : public QWidget {
   ComparisonViewport viewport_;
   ComparisonPair pair_;
   QFutureWatcher<ComparisonPair> preparing_;
+  bool waiting_ = false;  // for the pictures handed in last
   QString message_;
   QString captionBefore_;
   QString captionAfter_;

@@ -12,6 +12,7 @@ namespace {
 
 constexpr double keyStep = 0.01;
 constexpr double keyLeap = 0.1;
+constexpr int keyPan = 64;            // points
 constexpr double pinchPerStep = 0.2;  // how much larger two fingers make it until the next step
 
 }  // namespace
@@ -89,12 +90,23 @@ void ComparisonView::mouseDoubleClickEvent(QMouseEvent* event) {
   updateCursor(event->position());
 }
 
+bool ComparisonView::panByKey(int key) {
+  const int distance = static_cast<int>(std::lround(keyPan * devicePixelRatioF()));
+  const int right = (key == Qt::Key_Right ? 1 : 0) - (key == Qt::Key_Left ? 1 : 0);
+  const int down = (key == Qt::Key_Down ? 1 : 0) - (key == Qt::Key_Up ? 1 : 0);
+  if (right == 0 && down == 0) return false;
+  pan({-right * distance, -down * distance});
+  return true;
+}
+
 void ComparisonView::keyPressEvent(QKeyEvent* event) {
   const Qt::KeyboardModifiers modifiers = event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
-  if (!hasPictures() || modifiers != Qt::NoModifier) {
+  const bool panning = modifiers == Qt::ControlModifier;
+  if (!hasPictures() || (modifiers != Qt::NoModifier && !panning) || (panning && !panByKey(event->key()))) {
     QWidget::keyPressEvent(event);
     return;
   }
+  if (panning) return;
   const double step = event->modifiers().testFlag(Qt::ShiftModifier) ? keyLeap : keyStep;
   switch (event->key()) {
     case Qt::Key_Left:

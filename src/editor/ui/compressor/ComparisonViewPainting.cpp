@@ -43,6 +43,7 @@ void useDevicePixels(QPainter& painter, const QWidget& widget) {
 }  // namespace
 
 void ComparisonView::paintEvent(QPaintEvent* event) {
+  followScreen();
   QPainter painter(this);
   const ThemeColors& palette = Theme::shared().palette();
   painter.fillRect(event->rect(), palette.sunken);
@@ -127,7 +128,9 @@ QRectF ComparisonView::captionRect(Side side) const {
 }
 
 void ComparisonView::paintCaptions(QPainter& painter) {
-  const double divider = isDivided() ? dividerX() : width();
+  const QRect shown = viewport_.visible();
+  const bool divided = isDivided();
+  const double divider = divided ? dividerX() : width();
   const auto paintCaption = [&](Side side, const QString& text, const QRectF& room) {
     const QRectF rect = captionRect(side);
     if (rect.isEmpty() || !rect.intersects(room)) return;
@@ -137,13 +140,17 @@ void ComparisonView::paintCaptions(QPainter& painter) {
     paintComparisonGround(painter, rect, tokens::controlRadius);
     painter.setFont(tabularFont(badgeFont()));
     painter.setPen(Theme::shared().palette().text);
-    const QString shown =
+    const QString fitting =
         painter.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(rect.width()) - 2 * captionPadding + 1);
-    painter.drawText(rect, Qt::AlignCenter, shown);
+    painter.drawText(rect, Qt::AlignCenter, fitting);
     painter.restore();
   };
-  paintCaption(Side::Before, captionBefore_, QRectF(0, 0, divider, height()));
-  if (isDivided()) paintCaption(Side::After, captionAfter_, QRectF(divider, 0, width() - divider, height()));
+  if (!divided || dividerPixel() > shown.left()) {
+    paintCaption(Side::Before, captionBefore_, QRectF(0, 0, divider, height()));
+  }
+  if (divided && dividerPixel() <= shown.right()) {
+    paintCaption(Side::After, captionAfter_, QRectF(divider, 0, width() - divider, height()));
+  }
 }
 
 void ComparisonView::paintMessage(QPainter& painter) {
@@ -156,7 +163,6 @@ void ComparisonView::paintMessage(QPainter& painter) {
 void ComparisonView::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   followScreen();
-  zoomChanged();
 }
 
 }  // namespace vellora

@@ -21,12 +21,11 @@ int placed(double start, double length, int room) {
 }  // namespace
 
 void ComparisonViewport::setView(QSize pixels) {
-  const QPointF shift((pixels.width() - view_.width()) / 2.0, (pixels.height() - view_.height()) / 2.0);
   view_ = pixels.expandedTo({1, 1});
   if (fitting_) {
     fit();
   } else {
-    place(QPointF(origin_) + shift);
+    placeMiddle();
   }
 }
 
@@ -34,7 +33,8 @@ void ComparisonViewport::setPicture(QSize size) {
   picture_ = size;
   zoom_ = 1;
   fitting_ = false;
-  place({(view_.width() - size.width()) / 2.0, (view_.height() - size.height()) / 2.0});
+  middle_ = {size.width() / 2.0, size.height() / 2.0};
+  placeMiddle();
 }
 
 QRect ComparisonViewport::visible() const {
@@ -84,7 +84,8 @@ void ComparisonViewport::zoomTo(double zoom, QPoint at) {
 void ComparisonViewport::fit() {
   zoom_ = fittingZoom();
   fitting_ = true;
-  place({});
+  middle_ = {picture_.width() / 2.0, picture_.height() / 2.0};
+  placeMiddle();
 }
 
 void ComparisonViewport::panBy(QPoint distance) {
@@ -94,6 +95,14 @@ void ComparisonViewport::panBy(QPoint distance) {
 void ComparisonViewport::place(QPointF origin) {
   origin_ = {placed(origin.x(), picture_.width() * zoom_, view_.width()),
              placed(origin.y(), picture_.height() * zoom_, view_.height())};
+  middle_ = (QPointF(view_.width() / 2.0, view_.height() / 2.0) - QPointF(origin_)) / zoom_;
+}
+
+void ComparisonViewport::placeMiddle() {
+  // Halves of pixels are not lost over a thousand small changes of the view's size.
+  const QPointF wanted = middle_;
+  place(QPointF(view_.width() / 2.0, view_.height() / 2.0) - wanted * zoom_);
+  middle_ = wanted;
 }
 
 }  // namespace vellora

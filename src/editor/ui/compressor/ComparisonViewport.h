@@ -13,7 +13,7 @@ class ComparisonViewport {
  public:
   static constexpr double mostZoom = 8;
 
-  /// The middle of what is shown stays in the middle; a picture that was fitted stays so.
+  /// What is in the middle stays there, even through a view that was too small for it; a fitted picture stays fitted.
   void setView(QSize pixels);
   /// Starts at 100 % in the middle.
   void setPicture(QSize size);
@@ -42,12 +42,15 @@ class ComparisonViewport {
   void panBy(QPoint distance);
 
  private:
+  /// Moves the picture there, as far as the limits allow.
   void place(QPointF origin);
+  void placeMiddle();
 
   QSize view_{1, 1};
   QSize picture_;
   double zoom_ = 1;
   QPoint origin_;
+  QPointF middle_;  // what of the picture is to be in the middle of the view
   bool fitting_ = false;
 };
 
