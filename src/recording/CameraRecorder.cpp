@@ -5,6 +5,8 @@
 #include <optional>
 #include <utility>
 
+#include <QFile>
+
 #include "base/Log.h"
 #include "recording/RecordedTime.h"
 
@@ -16,13 +18,21 @@ constexpr std::int64_t bitsPerPixel = 3;
 /// Pictures kept until the screen's first frame is known.
 constexpr std::size_t mostWaiting = 8;
 
+MoviePicture pictureOf(const std::shared_ptr<const CameraFrame>& frame) {
+  MoviePicture picture{.format = MoviePicture::Format::i420, .isBt601 = !frame->isBt709};
+  std::ranges::copy(frame->planes, picture.planes.begin());
+  std::ranges::copy(frame->bytesPerRow, picture.bytesPerRow.begin());
+  picture.owner = frame;
+  return picture;
+}
+
 }  // namespace
 
 struct CameraRecorder::State {
   std::deque<std::shared_ptr<const CameraFrame>> waiting;  ///< for the anchor: the movie may start with any of them
-  MovieOutputs* movies = nullptr;                          ///< null when nothing is written
+  MovieWriters* movies = nullptr;                          ///< null when nothing is written
   QString outputURL;
-  std::unique_ptr<MovieOutput> movie;
+  std::unique_ptr<MovieWriter> movie;
   RecordedTime time;
   std::optional<double> anchorTime;  ///< recorded seconds of the host clock
   std::optional<double> lastTime;    ///< of the last picture written
@@ -31,17 +41,16 @@ struct CameraRecorder::State {
     if (lastTime && position <= *lastTime) return;
     if (!movie) {
       const std::int64_t bitRate = std::int64_t{frame->width} * frame->height * bitsPerPixel;
-      auto created = movies->create(outputURL, {.video = {frame->width, frame->height, bitRate}}, {});
+      auto created = movies->create(QFile::encodeName(outputURL).toStdString(),
+                                    {.video = {frame->width, frame->height, bitRate}}, {});
       if (!created) return giveUp(created.error());
       movie = std::move(*created);
     }
-    if (!movie->isReadyForMoreVideo()) return;
-    movie->appendVideo(frame, position);
-    lastTime = position;
+    if (movie->appendVideo(pictureOf(frame), position)) lastTime = position;
   }
 
-  void giveUp(RecordingError error) {
-    log::error(QStringLiteral("camera writer failed: ") + description(error));
+  void giveUp(const MovieFailure& reason) {
+    log::error(QStringLiteral("camera writer failed: ") + QString::fromStdString(reason.message));
     movies = nullptr;
   }
 
@@ -91,7 +100,7 @@ Result<void, CameraCaptureError> CameraRecorder::open(CameraCapture& cameras, co
   return {};
 }
 
-void CameraRecorder::startWriting(MovieOutputs& movies, const QString& outputURL) {
+void CameraRecorder::startWriting(MovieWriters& movies, const QString& outputURL) {
   outputQueue_.async([this, &movies, outputURL] {
     state_->movies = &movies;
     state_->outputURL = outputURL;
@@ -116,14 +125,18 @@ void CameraRecorder::finishWriting(double at, std::function<void(bool)> done) {
     State& state = *state_;
     if (!state.movie) return runLoop_.post([done] { done(false); });
     // The movie ends on the main thread, not on its own one, where the callback runs.
-    auto movie = std::make_shared<std::unique_ptr<MovieOutput>>(std::move(state.movie));
-    MovieOutput& ending = **movie;
-    ending.finish(state.time.at(at) - *state.anchorTime,
-                  [&runLoop = runLoop_, movie, done](Result<void, RecordingError> written) {
-                    if (!written) log::error(QStringLiteral("camera writer failed: ") + description(written.error()));
-                    runLoop.post([ended = std::shared_ptr<MovieOutput>(std::move(*movie)), done,
-                                  isWhole = written.has_value()] { done(isWhole); });
-                  });
+    auto movie = std::make_shared<std::unique_ptr<MovieWriter>>(std::move(state.movie));
+    MovieWriter& ending = **movie;
+    ending.finish(
+        state.time.at(at) - *state.anchorTime,
+        [&runLoop = runLoop_, movie, done](const Result<MovieWriter::Summary, MovieFailure>& written) {
+          if (!written) {
+            log::error(QStringLiteral("camera writer failed: ") + QString::fromStdString(written.error().message));
+          }
+          runLoop.post([ended = std::shared_ptr<MovieWriter>(std::move(*movie)), done, isWhole = written.has_value()] {
+            done(isWhole);
+          });
+        });
   });
 }
 

@@ -14,16 +14,16 @@ namespace vellora {
 namespace {
 
 /// Nothing when the bundle holds no picture, or is no bundle.
-std::optional<RecordProjectBundle> recovered(const QString& path, MovieOutputs& movies) {
+std::optional<RecordProjectBundle> recovered(const QString& path, MovieWriters& movies) {
   auto bundle = RecordProjectBundle::open(path);
   if (!bundle) return std::nullopt;
-  const auto screen = movies.repair(bundle->videoURL());
+  const auto screen = movies.repair(QFile::encodeName(bundle->videoURL()).toStdString());
   if (!screen) {
-    log::warning(QStringLiteral("%1: %2").arg(bundle->videoURL(), description(screen.error())));
+    log::warning(QStringLiteral("%1: %2").arg(bundle->videoURL(), QString::fromStdString(screen.error().message)));
     return std::nullopt;
   }
   const QString camera = bundle->cameraURL();
-  if (!camera.isEmpty() && !movies.repair(camera)) {
+  if (!camera.isEmpty() && !movies.repair(QFile::encodeName(camera).toStdString())) {
     // What cannot be played is no camera; it stays under another name.
     QFile::rename(camera, bundle->file(QStringLiteral("camera (unreadable).mov")));
   }
@@ -33,7 +33,7 @@ std::optional<RecordProjectBundle> recovered(const QString& path, MovieOutputs& 
 
 }  // namespace
 
-std::vector<RecordProjectBundle> RecordingRecovery::run(const RecordingFiles& files, MovieOutputs& movies) {
+std::vector<RecordProjectBundle> RecordingRecovery::run(const RecordingFiles& files, MovieWriters& movies) {
   std::vector<RecordProjectBundle> saved;
   const QStringList pattern{QStringLiteral("*.") + QString::fromUtf16(RecordingFiles::projectExtension)};
   const auto entries = QDir(files.projectsPath())

@@ -17,6 +17,9 @@
 namespace vellora {
 namespace {
 
+/// What a lively screen takes in a second.
+constexpr double bytesPerPixel = 1;
+
 bool saved(const char* failureText, const Result<void, FileError>& written) {
   if (!written) log::error(QString::fromLatin1(failureText) + written.error().description());
   return written.has_value();
@@ -101,14 +104,17 @@ Result<RecordingSession::Started, RecordingError> RecordingSession::makeStarted(
     if (callbacks_.onEnded) callbacks_.onEnded();
   });
   const auto endLater = [&runLoop = services_.runLoop, ended] { runLoop.post([ended]() mutable { ended(); }); };
-  const std::int64_t bitRate = services_.movies.screenBitRate(width, height);
-  started.expectedRate = static_cast<double>(bitRate) / 8;
+  started.expectedRate = bytesPerPixel * width * height;
   auto movie = services_.movies.create(
-      bundle->file(bundleFiles::screen), {.video = {width, height, bitRate}}, [endLater](RecordingError error) {
-        log::error(QStringLiteral("writing the recording failed: ") + description(error));
+      QFile::encodeName(bundle->file(bundleFiles::screen)).toStdString(), {.video = {.width = width, .height = height}},
+      [endLater](const MovieFailure& reason) {
+        log::error(QStringLiteral("writing the recording failed: ") + QString::fromStdString(reason.message));
         endLater();
       });
-  if (!movie) return failure(movie.error());
+  if (!movie) {
+    log::error(QString::fromStdString(movie.error().message));
+    return failure(RecordingError::writerSetupFailed);
+  }
   CameraRecorder* const camera = request.camera;
   ScreenRecorder::Callbacks recorderCallbacks{.onStreamStopped = [endLater](ScreenCaptureError error) {
     log::warning(QStringLiteral("stream stopped on its own: %1").arg(static_cast<int>(error)));
@@ -132,6 +138,7 @@ void RecordingSession::keep(Started started, const Request& request) {
   recorder_ = std::move(started.recorder);
   marksTimer_ = services_.runLoop.every(marksInterval, [this] { keepMarks(); });
   diskWatch_.emplace(started.expectedRate);
+  advanceTimer_ = services_.runLoop.every(advanceInterval, [this] { recorder_->advance(); });
   diskTimer_ = services_.runLoop.every(diskInterval, [this] { lookAtDisk(); });
   camera_ = request.camera;
   segmentStartedAt_ = services_.runLoop.hostTime();
@@ -197,6 +204,7 @@ double RecordingSession::elapsed() const {
 void RecordingSession::finish(std::function<void(Result<RecordProjectBundle, RecordingError>)> done) {
   keyboardCapture_.stop();
   marksTimer_.reset();
+  advanceTimer_.reset();
   diskTimer_.reset();
   if (!recorder_) return done(failure(RecordingError::writeFailed));
   const double now = services_.runLoop.hostTime();

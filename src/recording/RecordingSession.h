@@ -16,7 +16,7 @@
 #include "recording/CameraRecorder.h"
 #include "recording/DiskWatch.h"
 #include "recording/KeyboardRecordingCapture.h"
-#include "recording/MovieOutput.h"
+#include "recording/MovieWriters.h"
 #include "recording/RecordingError.h"
 #include "recording/RecordingMarker.h"
 #include "recording/RecordingTarget.h"
@@ -30,7 +30,7 @@ struct RecordingServices {
   ScreenCaptureService& capture;
   ScreenStreamService& streams;
   EventTap& eventTap;
-  MovieOutputs& movies;
+  MovieWriters& movies;
   const RecordingFiles& files;
 };
 
@@ -39,6 +39,8 @@ class RecordingSession {
  public:
   /// Seconds between writings of marks and cues while recording.
   static constexpr double marksInterval = 2;
+  /// Seconds between the words to the movie that time goes on.
+  static constexpr double advanceInterval = 1;
   /// Seconds between looks at the room on the disk.
   static constexpr double diskInterval = 2;
 
@@ -98,6 +100,7 @@ class RecordingSession {
   double accumulatedElapsed_ = 0;
   std::optional<double> segmentStartedAt_;
   TimerHandle marksTimer_;
+  TimerHandle advanceTimer_;
   std::optional<DiskWatch> diskWatch_;
   TimerHandle diskTimer_;
   // The queue ends before what its tasks use.

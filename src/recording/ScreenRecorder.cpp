@@ -3,16 +3,30 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Log.h"
+
 namespace vellora {
+namespace {
+
+MoviePicture pictureOf(const std::shared_ptr<const ScreenFrame>& frame, std::uint64_t number) {
+  MoviePicture picture{.format = MoviePicture::Format::bgra, .number = number, .changes = frame->changes};
+  picture.planes[0] = frame->pixels;
+  picture.bytesPerRow[0] = frame->bytesPerRow;
+  picture.owner = frame;
+  return picture;
+}
+
+}  // namespace
 
 /// What the queue's tasks work on. Nothing else touches it while they run.
 struct ScreenRecorder::State {
-  std::unique_ptr<MovieOutput> movie;
+  std::unique_ptr<MovieWriter> movie;
   RecordedTime time;
   std::optional<double> anchorTime;  ///< recorded seconds of the host clock
   double lastVideoTime = 0;          ///< from the anchor
   std::vector<double> pauseMarks;
   KeyboardCueBuffer keyboardBuffer;
+  std::uint64_t received = 0;  ///< frames of the stream
   std::uint64_t written = 0;
   std::uint64_t notReady = 0;
 
@@ -29,7 +43,7 @@ ScreenRecorder::~ScreenRecorder() {
 
 Result<void, RecordingError> ScreenRecorder::start(ScreenStreamService& streams,
                                                    const ScreenStreamConfiguration& configuration,
-                                                   std::unique_ptr<MovieOutput> movie) {
+                                                   std::unique_ptr<MovieWriter> movie) {
   state_->movie = std::move(movie);
   auto stream =
       streams.start(configuration, {.onFrame =
@@ -51,6 +65,7 @@ Result<void, RecordingError> ScreenRecorder::start(ScreenStreamService& streams,
 
 void ScreenRecorder::receive(const std::shared_ptr<const ScreenFrame>& frame) {
   State& state = *state_;
+  ++state.received;
   if (!frame->isComplete || !state.movie) return;
   const auto recorded = state.time.retimed(frame->presentationTime);
   if (!recorded) return;
@@ -60,12 +75,11 @@ void ScreenRecorder::receive(const std::shared_ptr<const ScreenFrame>& frame) {
   }
   const double position = *recorded - *state.anchorTime;
   if (state.written > 0 && position <= state.lastVideoTime) return;
-  if (!state.movie->isReadyForMoreVideo()) {
+  if (!state.movie->appendVideo(pictureOf(frame, state.received), position)) {
     ++state.notReady;
     return;
   }
   state.lastVideoTime = position;
-  state.movie->appendVideo(frame, position);
   ++state.written;
 }
 
@@ -107,6 +121,12 @@ void ScreenRecorder::recordKeyboard(const QStringList& keys, double hostTime, do
   });
 }
 
+void ScreenRecorder::advance() {
+  outputQueue_.async([this, now = runLoop_.hostTime()] {
+    if (state_->movie && state_->anchorTime) state_->movie->advance(state_->position(now));
+  });
+}
+
 void ScreenRecorder::marks(std::function<void(std::vector<double>, std::vector<RecordedKeyCue>)> done) {
   outputQueue_.async([this, now = runLoop_.hostTime(), done = std::move(done)] {
     done(state_->pauseMarks, state_->keyboardBuffer.finished(state_->position(now)));
@@ -127,14 +147,18 @@ void ScreenRecorder::finish(std::function<void(Result<Outcome, RecordingError>)>
       return runLoop_.post([done] { done(failure(RecordingError::writeFailed)); });
     }
     // The movie ends on the main thread, not on its own one, where the callback runs.
-    auto movie = std::make_shared<std::unique_ptr<MovieOutput>>(std::move(state.movie));
-    MovieOutput& ending = **movie;
-    ending.finish(
-        end, [&runLoop = runLoop_, movie, outcome = std::move(outcome), done](Result<void, RecordingError> written) {
-          runLoop.post([ended = std::shared_ptr<MovieOutput>(std::move(*movie)), outcome, done, written] {
-            done(written.map([&] { return outcome; }));
-          });
-        });
+    auto movie = std::make_shared<std::unique_ptr<MovieWriter>>(std::move(state.movie));
+    MovieWriter& ending = **movie;
+    ending.finish(end, [&runLoop = runLoop_, movie, outcome = std::move(outcome),
+                        done](const Result<MovieWriter::Summary, MovieFailure>& written) {
+      runLoop.post([ended = std::shared_ptr<MovieWriter>(std::move(*movie)), outcome, done, written] {
+        if (!written) {
+          log::error(QString::fromStdString(written.error().message));
+          return done(failure(RecordingError::writeFailed));
+        }
+        done(outcome);
+      });
+    });
   });
 }
 

@@ -11,11 +11,12 @@
 
 #include "base/RunLoop.h"
 #include "base/SerialQueue.h"
+#include "media/movies/MovieWriter.h"
 #include "platform/ScreenStream.h"
 #include "recording/KeyboardCueBuffer.h"
 #include "recording/KeyboardRecordingCapture.h"
-#include "recording/MovieOutput.h"
 #include "recording/RecordedTime.h"
+#include "recording/RecordingError.h"
 
 namespace vellora {
 
@@ -39,8 +40,6 @@ class ScreenRecorder final : public KeyboardRecorder {
     std::function<void(double)> onResumeBoundary{};  ///< host time
     /// The stream ended by itself.
     std::function<void(ScreenCaptureError)> onStreamStopped{};
-    /// Nothing more can be written.
-    std::function<void(RecordingError)> onWriterFailed{};
   };
   struct Outcome {
     std::vector<double> pauseMarks;  ///< recorded seconds
@@ -53,10 +52,12 @@ class ScreenRecorder final : public KeyboardRecorder {
 
   /// Starts writing to `movie` what the stream shows.
   Result<void, RecordingError> start(ScreenStreamService& streams, const ScreenStreamConfiguration& configuration,
-                                     std::unique_ptr<MovieOutput> movie);
+                                     std::unique_ptr<MovieWriter> movie);
   void pause();
   void resume();
   void recordKeyboard(const QStringList& keys, double hostTime, double linger) override;
+  /// Tells the movie how far the recording is, though the picture stands still. About once a second.
+  void advance();
   /// The marks and cues so far, to be kept in case of a kill. `done` comes on the queue.
   void marks(std::function<void(std::vector<double> pauseMarks, std::vector<RecordedKeyCue> keyCues)> done);
   /// Ends stream and movie. `done` comes on the main thread.

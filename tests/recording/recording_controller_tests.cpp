@@ -192,7 +192,7 @@ TEST_F(RecordingControllerTest, leavesNothingBehindWhenItDoesNotBegin) {
   EXPECT_FALSE(screen_.isStreaming);
   EXPECT_TRUE(bundles().isEmpty());
 
-  movies_.refusal = RecordingError::writerSetupFailed;
+  movies_.isRefused = true;
   controller_->begin(display_);
   controller_->start();
   loop_.advance(3);
@@ -213,7 +213,7 @@ TEST_F(RecordingControllerTest, keepsWhatWasRecordedWhenTheDisplayGoes) {
   opened_.reset();
   controller_->begin(display_);
   startRecording();
-  movies_.movies.rbegin()->second->finishFailure = RecordingError::writeFailed;
+  movies_.movies.rbegin()->second->finishFails = true;
   stopRecording();
   EXPECT_EQ(windows_.notices, (std::vector{RecordingNotice::stoppedByItself, RecordingNotice::recordingFailed}));
   EXPECT_FALSE(opened_);

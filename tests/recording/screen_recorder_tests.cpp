@@ -40,7 +40,7 @@ class ScreenRecorderTest : public testing::Test {
                                        .onStreamStopped = [this](ScreenCaptureError error) { stopped_ = error; }});
 
   test::WrittenMovie& start() {
-    auto movie = movies_.create(QStringLiteral("screen.mov"), {}, {});
+    auto movie = movies_.create("screen.mov", {}, {});
     EXPECT_TRUE(recorder_->start(screen_, {.area = {0, 0, 640, 480}}, std::move(*movie)));
     return *movies_.movies[QStringLiteral("screen.mov")];
   }
@@ -76,6 +76,8 @@ TEST_F(ScreenRecorderTest, closesTheGapOfAPause) {
   ASSERT_TRUE(outcome);
   EXPECT_EQ(movie.videoTimes, (std::vector<double>{0, 2, 102.9 - 100, 3, 4}));
   EXPECT_EQ(movie.end, 5);
+  // Numbers tell which pictures of the stream were left out.
+  EXPECT_EQ(movie.numbers, (std::vector<std::uint64_t>{1, 3, 4, 8, 10}));
   EXPECT_EQ(outcome->pauseMarks, std::vector<double>{3});
   EXPECT_EQ(anchors_, std::vector<double>{100});
   EXPECT_EQ(pauses_, std::vector<double>{103});
@@ -120,7 +122,7 @@ TEST_F(ScreenRecorderTest, dropsFramesForABusyEncoderWithoutWaiting) {
 
 TEST_F(ScreenRecorderTest, tellsWhatFails) {
   screen_.refusal = ScreenCaptureError::WindowGone;
-  auto movie = movies_.create(QStringLiteral("a"), {}, {});
+  auto movie = movies_.create("a", {}, {});
   EXPECT_EQ(recorder_->start(screen_, {.window = 7}, std::move(*movie)).error(), RecordingError::windowNotFound);
   screen_.refusal.reset();
   auto& written = start();
@@ -130,7 +132,7 @@ TEST_F(ScreenRecorderTest, tellsWhatFails) {
       loop_, ScreenRecorder::Callbacks{.onStreamStopped = [this](ScreenCaptureError error) { stopped_ = error; }});
   auto& failing = start();
   screen_.frame(0);
-  failing.finishFailure = RecordingError::writeFailed;
+  failing.finishFails = true;
   screen_.stopByItself(ScreenCaptureError::NoDisplay);
   EXPECT_EQ(finish().error(), RecordingError::writeFailed);
   EXPECT_EQ(stopped_, ScreenCaptureError::NoDisplay);

@@ -1,66 +1,74 @@
 #pragma once
 
+#include <fstream>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
-#include <QFile>
+#include <QString>
 
-#include "recording/MovieOutput.h"
+#include "recording/MovieWriters.h"
 
 namespace vellora::test {
 
 /// What was written to one movie; it outlives the movie.
 struct WrittenMovie {
-  MovieSettings settings;
+  MovieWriter::Settings settings;
   std::vector<double> videoTimes;
+  std::vector<std::uint64_t> numbers;     ///< of the pictures
   std::vector<std::size_t> soundSamples;  ///< by track
+  double advanced = 0;
   std::optional<double> end;
   std::size_t capacity = SIZE_MAX;  ///< pictures it takes
-  std::optional<RecordingError> finishFailure;
-  std::function<void(RecordingError)> onFailure;
+  bool finishFails = false;
 };
 
 /// Keeps what would be written to movies in memory. Movies end at once.
-class FakeMovies final : public MovieOutputs {
+class FakeMovies final : public MovieWriters {
  public:
-  Result<std::unique_ptr<MovieOutput>, RecordingError> create(const QString& path, const MovieSettings& settings,
-                                                              std::function<void(RecordingError)> onFailure) override {
-    if (refusal) return failure(*refusal);
+  Result<std::unique_ptr<MovieWriter>, MovieFailure> create(const std::filesystem::path& path,
+                                                            const MovieWriter::Settings& settings,
+                                                            MovieWriter::FailureHandler) override {
+    if (isRefused) return failure(MovieFailure{MovieError::noEncoder, "no encoder"});
     auto written = std::make_shared<WrittenMovie>();
     written->settings = settings;
     written->soundSamples.resize(settings.sounds.size());
-    written->onFailure = std::move(onFailure);
-    movies[path] = written;
+    movies[QString::fromStdString(path.string())] = written;
     return std::make_unique<Movie>(written);
   }
   /// Files that begin with "movie" can be repaired.
-  Result<double, RecordingError> repair(const QString& path) override {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || !file.readAll().startsWith("movie")) {
-      return failure(RecordingError::writeFailed);
-    }
-    return 1.0;
+  Result<RepairedMovie, MovieFailure> repair(const std::filesystem::path& path) override {
+    std::string start(5, ' ');
+    std::ifstream(path, std::ios::binary).read(start.data(), 5);
+    if (start != "movie") return failure(MovieFailure{MovieError::notAMovie, "no movie"});
+    return RepairedMovie{.duration = 1};
   }
-  std::int64_t screenBitRate(int width, int height) override { return std::int64_t{width} * height * 8; }
 
-  std::optional<RecordingError> refusal;
+  bool isRefused = false;
   std::map<QString, std::shared_ptr<WrittenMovie>> movies;
 
  private:
-  class Movie final : public MovieOutput {
+  class Movie final : public MovieWriter {
    public:
     explicit Movie(std::shared_ptr<WrittenMovie> written) : written_(std::move(written)) {}
     bool isReadyForMoreVideo() const override { return written_->videoTimes.size() < written_->capacity; }
-    void appendVideo(std::shared_ptr<const ScreenFrame>, double time) override { written_->videoTimes.push_back(time); }
-    void appendVideo(std::shared_ptr<const CameraFrame>, double time) override { written_->videoTimes.push_back(time); }
-    void appendSound(std::size_t track, std::span<const float> samples) override {
-      written_->soundSamples[track] += samples.size();
+    bool appendVideo(MoviePicture picture, double time) override {
+      if (!isReadyForMoreVideo()) return false;
+      written_->videoTimes.push_back(time);
+      written_->numbers.push_back(picture.number);
+      return true;
     }
-    void finish(double end, std::function<void(Result<void, RecordingError>)> done) override {
+    bool appendSound(std::size_t track, std::span<const float> samples, double) override {
+      written_->soundSamples[track] += samples.size();
+      return true;
+    }
+    void advance(double time) override { written_->advanced = time; }
+    Counts counts() const override { return {}; }
+    void finish(double end, std::function<void(Result<Summary, MovieFailure>)> done) override {
       written_->end = end;
-      if (written_->finishFailure) return done(failure(*written_->finishFailure));
-      done({});
+      if (written_->finishFails) return done(failure(MovieFailure{MovieError::writeFailed, "the disk failed"}));
+      done(Summary{.duration = end});
     }
 
    private:
