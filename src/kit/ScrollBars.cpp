@@ -1,0 +1,33 @@
+#include "kit/ScrollBars.h"
+
+#include <QAbstractScrollArea>
+#include <QScrollBar>
+
+#include "kit/Theme.h"
+
+namespace vellora {
+namespace {
+
+QString cssColor(const QColor& color) {
+  return QStringLiteral("rgba(%1,%2,%3,%4)").arg(color.red()).arg(color.green()).arg(color.blue()).arg(color.alpha());
+}
+
+void apply(const QAbstractScrollArea& area) {
+  const ThemeColors& colors = Theme::shared().palette();
+  area.verticalScrollBar()->setStyleSheet(
+      QStringLiteral("QScrollBar{background:transparent;width:12px;border:none}"
+                     "QScrollBar::handle{background:%1;border-radius:3px;min-height:32px;margin:3px}"
+                     "QScrollBar::handle:hover{background:%2}"
+                     "QScrollBar::add-line,QScrollBar::sub-line{height:0}"
+                     "QScrollBar::add-page,QScrollBar::sub-page{background:transparent}")
+          .arg(cssColor(colors.controlBorder), cssColor(colors.secondaryText)));
+}
+
+}  // namespace
+
+void styleScrollBars(QAbstractScrollArea& area) {
+  apply(area);
+  QObject::connect(&Theme::shared(), &Theme::changed, &area, [&area] { apply(area); });
+}
+
+}  // namespace vellora
