@@ -39,8 +39,8 @@ class ForeignCodec {
   ~ForeignCodec() = default;  // a module's only codec lives as long as the program
 };
 
-/// The one function a module exports. Program and modules are built together: they share these headers.
-using ForeignCodecEntry = const ForeignCodec* (*)();
+/// The one function a module exports.
+using ForeignCodecEntry = const ForeignCodec*();
 inline constexpr char foreignCodecEntryName[] = "vellora_foreign_codec";
 
 /// The codec for HEIC, AVIF or JPEG XL, loaded at the first call; null for other types, and when the module or one of

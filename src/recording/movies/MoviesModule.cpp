@@ -1,0 +1,26 @@
+#include "media/movies/MovieRepair.h"
+#include "media/movies/MovieWriter.h"
+#include "recording/MovieWriters.h"
+
+namespace vellora {
+namespace {
+
+class LibavMovieWriters final : public MovieWriters {
+ public:
+  Result<std::unique_ptr<MovieWriter>, MovieFailure> create(const std::filesystem::path& path,
+                                                            const MovieWriter::Settings& settings,
+                                                            MovieWriter::FailureHandler onFailure) override {
+    return MovieWriter::create(path, settings, std::move(onFailure));
+  }
+  Result<RepairedMovie, MovieFailure> repair(const std::filesystem::path& file) override {
+    return MovieRepair::repair(file);
+  }
+};
+
+}  // namespace
+}  // namespace vellora
+
+extern "C" __attribute__((visibility("default"))) vellora::MovieWriters* vellora_movie_writers() {
+  static vellora::LibavMovieWriters writers;
+  return &writers;
+}
