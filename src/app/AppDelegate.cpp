@@ -33,13 +33,21 @@ namespace {
 
 /// What this build can do; the menu shows the rest disabled.
 const std::set<Command>& availableCommands() {
-  static const std::set<Command> commands{Command::CaptureArea,          Command::CaptureWindow,
-                                          Command::CaptureFullscreen,    Command::CaptureFullscreenDelayed,
-                                          Command::LoadFromClipboard,    Command::LoadFromFile,
-                                          Command::ReopenLast,           Command::ReopenEntry,
-                                          Command::ClearHistory,         Command::EndClickThrough,
-                                          Command::OpenRecordingsFolder, Command::CleanUpRecordings,
-                                          Command::OpenSettings,         Command::Quit};
+  static const std::set<Command> commands{Command::CaptureArea,
+                                          Command::CaptureWindow,
+                                          Command::CaptureFullscreen,
+                                          Command::CaptureFullscreenDelayed,
+                                          Command::LoadFromClipboard,
+                                          Command::LoadFromFile,
+                                          Command::ReopenLast,
+                                          Command::ReopenEntry,
+                                          Command::ClearHistory,
+                                          Command::EndClickThrough,
+                                          Command::OpenRecordingsFolder,
+                                          Command::CleanUpRecordings,
+                                          Command::OpenCompressor,
+                                          Command::OpenSettings,
+                                          Command::Quit};
   return commands;
 }
 
@@ -58,9 +66,11 @@ AppDelegate::AppDelegate(Mode mode)
       captures_({services_.captureEngine, services_.screens, services_.overlayPresenter, services_.runLoop},
                 accessGate_, {[this](int remaining) { showCountdown(remaining); }, [this] { hideCountdown(); }}),
       pictureLoading_(services_.pasteboard, services_.runLoop),
+      compressor_(services_, pictureLoading_, [this] { endWhenIdle(); }),
       windows_(services_, captures_, pictureLoading_,
                {[this](const CaptureOutcome& outcome) { reportOutcome(outcome); },
                 [this](const char* icon, const QString& text, bool isFailure) { showToast(icon, text, isFailure); },
+                [this](const ImageDocument& document, Date at) { compressor_.addDocument(document, at); },
                 [this] { endWhenIdle(); }}),
       completion_(
           services_.settings, services_.sessionStore, services_.captureOutput, services_.runLoop,
@@ -74,7 +84,8 @@ AppDelegate::AppDelegate(Mode mode)
                                     },
                                     [this](const QString& path, std::function<void(const QString&)> done) {
                                       editFile(path, std::move(done));
-                                    }}),
+                                    },
+                                    [this](const QStringList& paths) { compressor_.open(paths); }}),
       instanceServer_({[this] { openLauncher(); }, [this] { openSettings(); },
                        [this](const InstanceServer::Command& command, InstanceServer::Reply reply) {
                          instanceCommands_.run(command, std::move(reply));
@@ -136,6 +147,7 @@ void AppDelegate::applicationWillTerminate() {
   captures_.cancelSessions();
   hotKeyCenter_.unregisterAll();
   windows_.closeAll();
+  compressor_.close();
   services_.captureOutput.waitForPendingWrites();
   services_.sessionStore.waitForPendingWrites();
   services_.clipboardFiles.waitForPendingWork();
@@ -165,7 +177,11 @@ void AppDelegate::runOnce(const QStringList& words) {
 }
 
 void AppDelegate::endWhenIdle() {
-  if (mode_ == Mode::OneShot && commandEnded_ && !windows_.hasOpenWindows()) QCoreApplication::exit(exitCode_);
+  if (mode_ == Mode::OneShot && commandEnded_ && !hasOpenWindows()) QCoreApplication::exit(exitCode_);
+}
+
+bool AppDelegate::hasOpenWindows() const {
+  return windows_.hasOpenWindows() || compressor_.isOpen();
 }
 
 void AppDelegate::perform(Command command, int index) {
@@ -192,6 +208,8 @@ void AppDelegate::perform(Command command, int index) {
       return clearHistory();
     case Command::EndClickThrough:
       return windows_.endClickThrough();
+    case Command::OpenCompressor:
+      return compressor_.open();
     case Command::OpenRecordingsFolder:
       return openRecordingsFolder();
     case Command::CleanUpRecordings:
@@ -204,7 +222,6 @@ void AppDelegate::perform(Command command, int index) {
     case Command::CaptureText:
     case Command::CaptureElement:
     case Command::CaptureAreaSized:
-    case Command::OpenCompressor:
     case Command::ToggleRegionRecording:
     case Command::TogglePauseRecording:
     case Command::RecordWindow:
@@ -382,7 +399,7 @@ void AppDelegate::reportOutcome(const CaptureOutcome& outcome) {
 
 void AppDelegate::showToast(const char* icon, const QString& text, bool isFailure) {
   // A program that ends at once cannot keep a toast on the screen; the desktop's notification outlives it.
-  if (mode_ == Mode::OneShot && !windows_.hasOpenWindows()) {
+  if (mode_ == Mode::OneShot && !hasOpenWindows()) {
     if (::isatty(STDERR_FILENO) == 0) services_.notifier.notify(text, {});
     return;
   }

@@ -8,6 +8,7 @@
 
 #include "app/AppServices.h"
 #include "app/Command.h"
+#include "app/CompressorHost.h"
 #include "app/DocumentWindows.h"
 #include "app/HotKeyCenter.h"
 #include "app/InstanceCommands.h"
@@ -83,6 +84,7 @@ class AppDelegate {
   SettingsWindow& settingsWindow();
   void writeSnapshotsIfAsked();
   void endWhenIdle();
+  bool hasOpenWindows() const;
 
   const Mode mode_;
   AppServices services_;
@@ -90,6 +92,7 @@ class AppDelegate {
   AccessGate accessGate_;
   CaptureCommands captures_;
   PictureLoading pictureLoading_;
+  CompressorHost compressor_;
   DocumentWindows windows_;
   CaptureCompletion completion_;
   HotKeyCenter hotKeyCenter_;

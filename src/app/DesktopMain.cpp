@@ -17,9 +17,11 @@
 namespace vellora {
 namespace {
 
-/// The words of a command given as "--capture …", "--reopen …" or "--edit …"; empty when the arguments give none.
+/// The words of a command given as "--capture …", "--reopen …", "--edit …" or "--compress …"; empty when the arguments
+/// give none.
 QStringList commandOf(QStringList arguments) {
-  static const QStringList commands{QStringLiteral("--capture"), QStringLiteral("--reopen"), QStringLiteral("--edit")};
+  static const QStringList commands{QStringLiteral("--capture"), QStringLiteral("--reopen"), QStringLiteral("--edit"),
+                                    QStringLiteral("--compress")};
   if (arguments.isEmpty() || !commands.contains(arguments.first())) return {};
   arguments.first().remove(0, 2);
   return arguments;

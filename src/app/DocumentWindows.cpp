@@ -153,6 +153,7 @@ EditorActions DocumentWindows::actionsOf(const std::shared_ptr<QPointer<EditorWi
     const QPoint center = window->canvas().mapToGlobal(window->canvas().rect().center());
     pin({document, std::move(kept_[window]), capturedAt, window->screen(), center}, nullptr);
   };
+  result.compress = actions_.compress;
   result.captureMore = [this, editor](PieceReceiver receive) {
     if (EditorWindow* window = *editor) captureMore(*window, std::move(receive));
   };

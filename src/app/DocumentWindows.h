@@ -33,6 +33,8 @@ class DocumentWindows {
     std::function<void(const CaptureOutcome&)> report;
     /// Says something in a toast; failures stay longer.
     std::function<void(const char* icon, const QString& text, bool isFailure)> tell;
+    /// Takes a document's picture into the compressor.
+    std::function<void(const ImageDocument&, Date capturedAt)> compress;
     /// A window came or went.
     std::function<void()> changed;
   };

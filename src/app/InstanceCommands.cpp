@@ -26,6 +26,14 @@ CommandOutcome outcomeOf(const CaptureResult& result, bool json) {
   return outcome;
 }
 
+/// The words after the verb as absolute paths.
+QStringList pathsOf(const InstanceServer::Command& command) {
+  QStringList paths;
+  const QDir folder(command.workingDirectory);
+  for (const QString& word : command.arguments.mid(1)) paths << QDir::cleanPath(folder.absoluteFilePath(word));
+  return paths;
+}
+
 }  // namespace
 
 InstanceCommands::InstanceCommands(CaptureCommands& captures, Windows windows)
@@ -47,11 +55,10 @@ void InstanceCommands::run(const InstanceServer::Command& command, InstanceServe
     if (ok && number >= 1 && windows_.reopen(number - 1)) return reply({});
     return reply({1, {}, QStringLiteral("there is no such capture in the history")});
   }
-  if (words.size() >= 2 && words[0] == u"edit") {
-    QStringList paths;
-    const QDir folder(command.workingDirectory);
-    for (const QString& word : words.mid(1)) paths << QDir::cleanPath(folder.absoluteFilePath(word));
-    return edit(paths, std::move(reply));
+  if (words.size() >= 2 && words[0] == u"edit") return edit(pathsOf(command), std::move(reply));
+  if (!words.isEmpty() && words[0] == u"compress") {
+    windows_.compress(pathsOf(command));
+    return reply({});
   }
   reply(wrongUsage(QStringLiteral("this Vellora does not know the command '%1'").arg(words.join(u' '))));
 }

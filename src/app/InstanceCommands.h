@@ -15,11 +15,13 @@ class InstanceCommands {
     std::function<bool(int index)> reopen;
     /// Opens a picture file in the editor and calls back with what was wrong for a person, empty when nothing.
     std::function<void(const QString& path, std::function<void(const QString& problem)> done)> edit;
+    /// Opens the compressor with these files and folders, which may be none.
+    std::function<void(const QStringList& paths)> compress;
   };
 
   InstanceCommands(CaptureCommands& captures, Windows windows);
 
-  /// Understands "capture REQUEST text|json", "reopen N" and "edit FILE…". Replies once.
+  /// Understands "capture REQUEST text|json", "reopen N", "edit FILE…" and "compress [PATH…]". Replies once.
   void run(const InstanceServer::Command& command, InstanceServer::Reply reply);
 
  private:

@@ -96,7 +96,7 @@ VerbDescription compressVerb() {
       "replaced. A result is never larger than a source of the same type and size: its own bytes are kept then. Exif, "
       "XMP and places are left out unless --keep-metadata says otherwise. Animations and files of several pages keep "
       "their type and size, or are refused.";
-  verb.arguments = {{"PATH", "a picture, or a folder of them", true, {}, true, ValueHint::File}};
+  verb.arguments = {{"PATH", "a picture, or a folder of them", false, {}, true, ValueHint::File}};
   verb.options = {
       {"--recursive", "", "also the folders below a folder"},
       {"--format",
@@ -110,6 +110,7 @@ VerbDescription compressVerb() {
       {"--keep-metadata", "", "keep Exif, XMP and places"},
       {"--keep-dates", "", "give results the dates of their sources"},
       {"--jobs", "N", "pictures at a time, by default one for each core"},
+      {"--window", "", "open the window with the pictures instead, if there are any; its settings count then"},
   };
   return verb;
 }

@@ -113,6 +113,8 @@ constexpr Entry entries[] = {
     {Command::SaveAs, Group::Picture, QT_TRID_NOOP("editor.saveAs"), "save.as", "Ctrl+Shift+S"},
     //% "Print…"
     {Command::Print, Group::Picture, QT_TRID_NOOP("editor.print"), "print", "Ctrl+P"},
+    //% "Compress…"
+    {Command::Compress, Group::Picture, QT_TRID_NOOP("editor.compress"), "compress", ""},
     //% "Pin to Screen"
     {Command::Pin, Group::Picture, QT_TRID_NOOP("editor.pin"), "pin", "Ctrl+T"},
     //% "Close"

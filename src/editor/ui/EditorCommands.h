@@ -60,6 +60,7 @@ enum class EditorCommand {
   Save,
   SaveAs,
   Print,
+  Compress,
   Pin,
   Close,
   ZoomIn,

@@ -54,7 +54,8 @@ QMenu* makeMoreMenu(EditorCommands& commands, QWidget* parent) {
   add(*menu, commands, {Command::Crop, Command::ResetCrop, Command::Backdrop});
   addArrange(*menu, commands);
   menu->addSeparator();
-  add(*menu, commands, {Command::CopyPicture, Command::Save, Command::SaveAs, Command::Pin, Command::Print});
+  add(*menu, commands,
+      {Command::CopyPicture, Command::Save, Command::SaveAs, Command::Pin, Command::Print, Command::Compress});
   menu->addSeparator();
   add(*menu, commands, {Command::Shortcuts, Command::Close});
   styleMenu(*menu);

@@ -213,6 +213,10 @@ void EditorWindow::Private::connectCommands() {
   commands.on(Command::Save, [this] { delivery->save(); });
   commands.on(Command::SaveAs, [this] { delivery->saveAs(); });
   commands.on(Command::Print, [this] { delivery->print(); });
+  commands.on(Command::Compress, [this] {
+    model.endTextEdit();
+    actions.compress(model.document(), capturedAt);
+  });
   commands.on(Command::Pin, [this] {
     model.endTextEdit();
     becamePin = true;
@@ -238,6 +242,7 @@ void EditorWindow::Private::connectCommands() {
   };
   offer(Command::CopyPicture, static_cast<bool>(actions.output));
   offer(Command::Save, static_cast<bool>(actions.output));
+  offer(Command::Compress, static_cast<bool>(actions.compress));
   offer(Command::Pin, static_cast<bool>(actions.pin));
   offer(Command::AddCapture, static_cast<bool>(actions.captureMore));
   offer(Command::AddPicture, static_cast<bool>(actions.choosePicture));

@@ -69,6 +69,8 @@ struct EditorActions {
   std::function<void(const QString& path, PieceReceiver)> loadPicture;
   /// Reads the picture on the clipboard.
   std::function<void(PieceReceiver)> pastePicture;
+  /// Takes the document's picture into the compressor.
+  std::function<void(const ImageDocument&, Date capturedAt)> compress;
   /// The folder in which saving under another name begins.
   std::function<QString()> saveFolder;
   /// After each change of the document.

@@ -67,10 +67,11 @@ CompressorDropZone::CompressorDropZone(QWidget* parent) : QWidget(parent) {
   column->addWidget(title);
   column->addSpacing(tokens::space1);
   //% "or paste them with %1. Originals are never changed, and results are never larger."
-  const QString more = qtTrId("compress.drop.more").arg(QKeySequence(QKeySequence::Paste).toString(QKeySequence::NativeText));
+  const QString more =
+      qtTrId("compress.drop.more").arg(QKeySequence(QKeySequence::Paste).toString(QKeySequence::NativeText));
   auto* hint = new TextLabel(TextLabel::Role::Secondary, more, this);
   hint->setAlignment(Qt::AlignHCenter);
-  hint->setFixedWidth(widestText);
+  hint->setFixedSize(widestText, hint->heightForWidth(widestText));
   column->addWidget(hint, 0, Qt::AlignHCenter);
   column->addSpacing(tokens::space4);
   //% "Choose Images…"

@@ -52,8 +52,8 @@ class CompressorFooter::Badges final : public QWidget {
       const int most = std::min(widestBadge, width() - left);
       const int wanted = std::min(metrics.horizontalAdvance(text) + 2 * badgePadding, most);
       if (wanted < 3 * badgePadding) return;
-      const QRect badge = QStyle::visualRect(layoutDirection(), rect(),
-                                             {left, (height() - badgeHeight) / 2, wanted, badgeHeight});
+      const QRect badge =
+          QStyle::visualRect(layoutDirection(), rect(), {left, (height() - badgeHeight) / 2, wanted, badgeHeight});
       fillRounded(painter, badge, badgeHeight / 2.0, colors.sunken);
       strokeRounded(painter, badge, badgeHeight / 2.0, colors.line);
       painter.setPen(colors.secondaryText);

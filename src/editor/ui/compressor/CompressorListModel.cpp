@@ -17,6 +17,8 @@ QString toolTip(const CompressionItem& item) {
     lines << compressorText::failure(*item.failure);
     if (!item.failure->detail.empty()) lines << QString::fromStdString(item.failure->detail);
   }
+  //% "Nothing smaller was found in this format and size"
+  if (item.state == CompressionState::unchanged) lines << qtTrId("compress.row.keptTip");
   if (item.lastOutput) {
     //% "Result: %1"
     lines << qtTrId("compress.row.resultTip").arg(textFrom(item.lastOutput->file));

@@ -35,19 +35,17 @@ constexpr int edgeFieldWidth = 88;
 /// What controls leave around themselves for their focus ring, so that their edges lie on one line with the texts.
 constexpr int room = tokens::focusRingRoom;
 
-TextLabel* addTitle(QVBoxLayout& column, const QString& title) {
-  auto* label = new TextLabel(TextLabel::Role::Strong, title);
-  column.addWidget(label);
-  column.addSpacing(tokens::space1 + 2);
-  return label;
+/// Adds what has no ring of its own in line with the edges of controls.
+void addInset(QVBoxLayout& column, QWidget* widget) {
+  auto* row = new QHBoxLayout;
+  row->setContentsMargins(room, 0, room, 0);
+  row->addWidget(widget);
+  column.addLayout(row);
 }
 
-/// A control whose ring may reach into the margin.
-void addControl(QVBoxLayout& column, QWidget* control) {
-  auto* row = new QHBoxLayout;
-  row->setContentsMargins(0, 0, 0, 0);
-  row->addWidget(control);
-  column.addLayout(row);
+void addTitle(QVBoxLayout& column, const QString& title) {
+  addInset(column, new TextLabel(TextLabel::Role::Strong, title));
+  column.addSpacing(tokens::space1);
 }
 
 }  // namespace
@@ -60,9 +58,9 @@ CompressorOptionsPanel::CompressorOptionsPanel(CompressSettings& settings, QWidg
   auto* contents = new QWidget;
   contents->setAutoFillBackground(false);
   auto* column = new QVBoxLayout(contents);
-  column->setContentsMargins(tokens::space4, tokens::space4, tokens::space4, tokens::space4);
+  column->setContentsMargins(tokens::space4 - room, tokens::space4, tokens::space4 - room, tokens::space4);
   column->setSpacing(0);
-  column->addWidget(new TextLabel(TextLabel::Role::Heading, accessibleName()));
+  addInset(*column, new TextLabel(TextLabel::Role::Heading, accessibleName()));
   column->addSpacing(tokens::space4);
   addFormat(*column);
   addQuality(*column);
@@ -106,12 +104,13 @@ void CompressorOptionsPanel::addFormat(QVBoxLayout& column) {
     settings_.setFormat(formats[static_cast<std::size_t>(index)]);
     emit changed();
   });
-  column.addWidget(format_);
+  addInset(column, format_);
   column.addSpacing(tokens::space4);
 }
 
 void CompressorOptionsPanel::addQuality(QVBoxLayout& column) {
   auto* line = new QHBoxLayout;
+  line->setContentsMargins(room, 0, room, 0);
   //% "Quality"
   qualityTitle_ = new TextLabel(TextLabel::Role::Strong, qtTrId("compress.label.quality"));
   qualityNumber_ = new TextLabel(TextLabel::Role::Body);
@@ -133,7 +132,7 @@ void CompressorOptionsPanel::addQuality(QVBoxLayout& column) {
   column.addWidget(quality_);
   //% "Nothing is lost in these formats, so quality changes nothing."
   qualityNote_ = new TextLabel(TextLabel::Role::Secondary, qtTrId("compress.quality.unused"));
-  column.addWidget(qualityNote_);
+  addInset(column, qualityNote_);
   column.addSpacing(tokens::space4);
 }
 
@@ -146,9 +145,9 @@ void CompressorOptionsPanel::addResize(QVBoxLayout& column) {
   resize_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   //% "%1 – at most %2 px"
   const auto fixed = [](ResizeLimit limit, const char* name) {
-    return MenuButton::Choice{static_cast<int>(limit), qtTrId("compress.resize.fixed")
-                                                           .arg(QString::fromLatin1(name))
-                                                           .arg(*maxEdgeOf(limit, defaultCustomEdge))};
+    return MenuButton::Choice{
+        static_cast<int>(limit),
+        qtTrId("compress.resize.fixed").arg(QString::fromLatin1(name)).arg(*maxEdgeOf(limit, defaultCustomEdge))};
   };
   //% "Off"
   resize_->setChoices({{static_cast<int>(ResizeLimit::off), qtTrId("compress.resize.off")},
@@ -166,7 +165,7 @@ void CompressorOptionsPanel::addResize(QVBoxLayout& column) {
     }
     emit changed();
   });
-  addControl(column, resize_);
+  column.addWidget(resize_);
   edgeRow_ = new QWidget;
   auto* row = new QHBoxLayout(edgeRow_);
   row->setContentsMargins(room, tokens::space1, room, 0);
@@ -181,7 +180,8 @@ void CompressorOptionsPanel::addResize(QVBoxLayout& column) {
   edge_->setToolTip(tip);
   edge_->setAccessibleName(tip);
   connect(edge_, &QLineEdit::textEdited, this, &CompressorOptionsPanel::readEdge);
-  connect(edge_, &QLineEdit::editingFinished, this, [this] { edge_->setText(QString::number(settings_.customEdge())); });
+  connect(edge_, &QLineEdit::editingFinished, this,
+          [this] { edge_->setText(QString::number(settings_.customEdge())); });
   connect(edge_, &QLineEdit::editingFinished, edge_, [this] { edge_->setInvalid(false); });
   row->addWidget(edge_);
   row->addWidget(new TextLabel(TextLabel::Role::Secondary, tip), 1);
@@ -209,7 +209,7 @@ void CompressorOptionsPanel::addOutput(QVBoxLayout& column) {
                        //% "In another folder"
                        {static_cast<int>(CompressOutputMode::customFolder), qtTrId("compress.output.custom")}});
   connect(output_, &MenuButton::chosen, this, [this](const QVariant& value) { pickOutput(value.toInt()); });
-  addControl(column, output_);
+  column.addWidget(output_);
   folderRow_ = new QWidget;
   auto* row = new QHBoxLayout(folderRow_);
   row->setContentsMargins(room, tokens::space1, 0, 0);
@@ -272,10 +272,11 @@ Switch* CompressorOptionsPanel::addSwitch(QVBoxLayout& column, const QString& ti
     emit changed();
   });
   auto* line = new QHBoxLayout;
+  line->setContentsMargins(room, 0, 0, 0);
   line->addWidget(new TextLabel(TextLabel::Role::Strong, title), 1);
   line->addWidget(toggle);
   column.addLayout(line);
-  column.addWidget(new TextLabel(TextLabel::Role::Secondary, help));
+  addInset(column, new TextLabel(TextLabel::Role::Secondary, help));
   return toggle;
 }
 

@@ -125,8 +125,9 @@ void CompressorRowDelegate::paintTexts(QPainter& painter, const RowLayout& layou
   draw(layout.name, leading, bodyFont(), colors.text, compressorText::name(item), Qt::ElideMiddle);
   draw(layout.detail, leading, secondaryFont(), isFailed ? colors.errorText : colors.secondaryText,
        compressorText::detail(item), isFailed ? Qt::ElideRight : Qt::ElideMiddle);
-  draw(layout.sizes, trailing, tabularFont(), colors.text, compressorText::sizes(item), Qt::ElideLeft);
   const QString state = compressorText::state(item);
+  const QRect sizes = state.isEmpty() ? layout.sizes.united(layout.state) : layout.sizes;
+  draw(sizes, trailing, tabularFont(), colors.text, compressorText::sizes(item), Qt::ElideLeft);
   if (state.isEmpty()) return;
   const bool isMirrored = direction == Qt::RightToLeft;
   const int room = signSide + tokens::space1 + 2;
@@ -153,8 +154,8 @@ QPixmap CompressorRowDelegate::thumbnailOf(const CompressionItem& item, double r
     outline.addRoundedRect(0, 0, side, side, thumbnailRadius * ratio, thumbnailRadius * ratio);
     painter.setClipPath(outline);
     if (image.hasAlphaChannel()) paintChequers(painter, QRectF(0, 0, side, side), 4 * ratio);
-    painter.drawImage(QRectF(0, 0, side, side), square.scaled(side, side, Qt::IgnoreAspectRatio,
-                                                              Qt::SmoothTransformation));
+    painter.drawImage(QRectF(0, 0, side, side),
+                      square.scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
   }
   thumbnails_.insert(item.id, pixmap);
   return *pixmap;

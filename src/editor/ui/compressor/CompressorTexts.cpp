@@ -24,12 +24,11 @@ QString joined(std::initializer_list<QString> parts) {
 }
 
 QString unchangedText(const CompressionItem& item) {
+  const bool isPassedOn = item.lastOutput->frames > 1 || item.lastOutput->bytes >= item.originalBytes;
   //% "Kept as it was"
-  if (item.lastOutput->frames > 1) return qtTrId("compress.row.framesKept");
+  if (isPassedOn) return qtTrId("compress.row.kept");
   //% "Only metadata removed"
-  if (item.lastOutput->bytes < item.originalBytes) return qtTrId("compress.row.metadataRemoved");
-  //% "Already small, kept as it was"
-  return qtTrId("compress.row.kept");
+  return qtTrId("compress.row.metadataRemoved");
 }
 
 QString folderText(const CompressionItem& item) {

@@ -168,12 +168,10 @@ void CompressorWindow::makeCommands() {
   //% "Remove All"
   commands_.clear = command(qtTrId("compress.command.clear"), "trash",
                             {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Delete)}, [this] { clearList(); });
-  //% "Show Settings"
+  //% "Show or Hide Settings"
   commands_.settings =
       command(qtTrId("compress.command.settings"), "style.more", {QKeySequence(Qt::CTRL | Qt::Key_Comma)},
-              [this] { options_->setVisible(commands_.settings->isChecked()); });
-  commands_.settings->setCheckable(true);
-  commands_.settings->setChecked(true);
+              [this] { options_->setVisible(!options_->isVisible()); });
   connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_W), this), &QShortcut::activated, this, [this] { close(); });
 }
 
@@ -297,7 +295,9 @@ void CompressorWindow::setComparisonShown(bool shown) {
   if (shown && !list_->currentIndex().isValid()) list_->setCurrentIndex(model_->index(0));
   if (shown) {
     updateComparison();
-    list_->scrollTo(list_->currentIndex());
+    // Once the list has got its new height.
+    QMetaObject::invokeMethod(
+        list_, [this] { list_->scrollTo(list_->currentIndex()); }, Qt::QueuedConnection);
   } else {
     feed_->hide();
     if (!list_->hasFocus()) list_->setFocus(Qt::OtherFocusReason);

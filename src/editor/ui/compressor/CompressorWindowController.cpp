@@ -89,8 +89,7 @@ void CompressorWindowController::addCapture(const Bitmap& picture, const QString
 
 void CompressorWindowController::itemChanged(std::uint64_t id) {
   const CompressionItem* item = run_.find(id);
-  const bool isInWork =
-      item && (item->state == CompressionState::waiting || item->state == CompressionState::running);
+  const bool isInWork = item && (item->state == CompressionState::waiting || item->state == CompressionState::running);
   if (run_.isRunning() && isInWork) inRun_.insert(id);
   if (window_) window_->itemChanged(id);
 }

@@ -1,11 +1,16 @@
 #include "platform/linux/desktop/DesktopUrlOpener.h"
 
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
 
 #include "base/Log.h"
+#include "platform/linux/desktop/SessionBus.h"
 
 namespace vellora {
 namespace {
@@ -41,6 +46,24 @@ bool DesktopUrlOpener::openUrl(const QString& url) {
   static const QStringList schemes{QStringLiteral("http"), QStringLiteral("https"), QStringLiteral("mailto"),
                                    QStringLiteral("file")};
   return parsed.isValid() && schemes.contains(parsed.scheme()) && open(parsed);
+}
+
+bool DesktopUrlOpener::reveal(const QString& path) {
+  const QFileInfo info(path);
+  if (!info.exists()) return false;
+  const QUrl folder = QUrl::fromLocalFile(info.absolutePath());
+  if (!sessionBus::isReachable()) return open(folder);
+  QDBusMessage message = QDBusMessage::createMethodCall(
+      QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("/org/freedesktop/FileManager1"),
+      QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
+  message.setArguments(
+      {QStringList{QUrl::fromLocalFile(info.absoluteFilePath()).toString(QUrl::FullyEncoded)}, QString()});
+  auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message));
+  QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, folder] {
+    if (const QDBusPendingReply<> reply = *watcher; reply.isError()) open(folder);
+    watcher->deleteLater();
+  });
+  return true;
 }
 
 }  // namespace vellora

@@ -12,6 +12,8 @@ class DesktopUrlOpener final : public UrlOpener {
   bool openFile(const QString& path) override;
   /// Web and mail addresses, and addresses of local files.
   bool openUrl(const QString& url) override;
+  /// Through the file manager on the session bus (freedesktop.org FileManager1); opens the folder where none answers.
+  bool reveal(const QString& path) override;
 };
 
 }  // namespace vellora
