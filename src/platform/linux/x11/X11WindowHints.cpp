@@ -76,6 +76,14 @@ void X11WindowHints::keepEverywhere(std::uint64_t window) {
 }
 
 void X11WindowHints::limitInput(std::uint64_t window, const std::vector<PixelRect>& regions) {
+  setShape(window, regions, XCB_SHAPE_SK_INPUT);
+}
+
+void X11WindowHints::limitVisible(std::uint64_t window, const std::vector<PixelRect>& regions) {
+  setShape(window, regions, XCB_SHAPE_SK_BOUNDING);
+}
+
+void X11WindowHints::setShape(std::uint64_t window, const std::vector<PixelRect>& regions, unsigned kind) {
   X11Connection* const x = connection();
   if (x == nullptr || !x->hasExtension(&xcb_xfixes_id)) return;
   std::vector<xcb_rectangle_t> rectangles;
@@ -86,7 +94,8 @@ void X11WindowHints::limitInput(std::uint64_t window, const std::vector<PixelRec
   }
   const xcb_xfixes_region_t region = xcb_generate_id(x->get());
   xcb_xfixes_create_region(x->get(), region, static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
-  xcb_xfixes_set_window_shape_region(x->get(), static_cast<xcb_window_t>(window), XCB_SHAPE_SK_INPUT, 0, 0, region);
+  xcb_xfixes_set_window_shape_region(x->get(), static_cast<xcb_window_t>(window), static_cast<xcb_shape_sk_t>(kind), 0,
+                                     0, region);
   xcb_xfixes_destroy_region(x->get(), region);
   finish(*x);
 }
@@ -98,6 +107,22 @@ void X11WindowHints::setShadowMargin(std::uint64_t window, int margin) {
   const std::array<std::uint32_t, 4> sides{side, side, side, side};
   xcb_change_property(x->get(), XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(window), x->atom("_GTK_FRAME_EXTENTS"),
                       XCB_ATOM_CARDINAL, 32, sides.size(), sides.data());
+  finish(*x);
+}
+
+std::uint64_t X11WindowHints::activeWindow() {
+  X11Connection* const x = connection();
+  if (x == nullptr) return 0;
+  const auto active = x->numbers(x->root(), "_NET_ACTIVE_WINDOW");
+  return active.empty() ? 0 : active[0];
+}
+
+void X11WindowHints::activate(std::uint64_t window) {
+  X11Connection* const x = connection();
+  if (x == nullptr) return;
+  // As a pager: the word of a program about another one's window would be taken for stealing the keyboard.
+  constexpr std::uint32_t fromPager = 2;
+  tellWindowManager(*x, static_cast<xcb_window_t>(window), "_NET_ACTIVE_WINDOW", {fromPager, XCB_CURRENT_TIME, 0});
   finish(*x);
 }
 

@@ -17,9 +17,13 @@ class X11WindowHints final : public WindowHints {
 
   void keepEverywhere(std::uint64_t window) override;
   void limitInput(std::uint64_t window, const std::vector<PixelRect>& regions) override;
+  void limitVisible(std::uint64_t window, const std::vector<PixelRect>& regions) override;
   void setShadowMargin(std::uint64_t window, int margin) override;
+  std::uint64_t activeWindow() override;
+  void activate(std::uint64_t window) override;
 
  private:
+  void setShape(std::uint64_t window, const std::vector<PixelRect>& regions, unsigned kind);
   X11Connection* connection();
 
   bool tried_ = false;
