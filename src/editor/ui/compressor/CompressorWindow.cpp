@@ -219,7 +219,7 @@ void CompressorWindow::connectParts() {
           [this] { setComparisonShown(!comparison_->isVisible()); });
   connect(list_, &CompressorListView::selectionMoved, this, [this] {
     updateComparison();
-    refreshSoon();
+    refreshCommands();
   });
   connect(options_, &CompressorOptionsPanel::changed, this, [this] {
     updateComparison();
