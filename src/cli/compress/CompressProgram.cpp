@@ -106,8 +106,9 @@ class CompressProgram {
 }  // namespace
 
 int runCompress(int argc, char** argv) {
-  // The files are what counts; who reads the lines may go.
+  // The files are what counts; who reads the lines may go, and a file that may not be so large is one that failed.
   ::signal(SIGPIPE, SIG_IGN);
+  ::signal(SIGXFSZ, SIG_IGN);
   const QCoreApplication application(argc, argv);
   auto request = CompressRequest::from({argv + 1, argv + argc});
   if (!request) return complain(WrongUsage, request.error());

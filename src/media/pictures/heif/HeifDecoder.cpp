@@ -21,7 +21,8 @@ struct Opened {
 };
 
 PictureFailure failureOf(const heif_error& error) {
-  const std::string message = error.message == nullptr ? std::string() : error.message;
+  std::string message = error.message == nullptr ? std::string() : error.message;
+  while (message.ends_with('\n')) message.pop_back();
   switch (error.code) {
     case heif_error_Unsupported_filetype:
     case heif_error_Unsupported_feature:
