@@ -23,8 +23,6 @@ std::vector<float> lights() {
   return table;
 }
 
-/// Fine enough that the steepest part of the curve, near black, moves by a fifth of a level from entry to entry.
-constexpr int entries8 = 1 << 14;
 /// Read between its entries.
 constexpr int entries16 = 1 << 16;
 
@@ -40,15 +38,19 @@ const float* linearOf16Bits() {
   return table.data();
 }
 
-std::uint8_t sampleOf8Bits(float light) {
+const std::uint8_t* samplesOfLightSteps() {
   static const std::vector<std::uint8_t> table = [] {
-    std::vector<std::uint8_t> samples(entries8 + 1);
-    for (int i = 0; i <= entries8; ++i)
+    std::vector<std::uint8_t> samples(lightSteps + 1);
+    for (int i = 0; i <= lightSteps; ++i)
       samples[static_cast<std::size_t>(i)] =
-          static_cast<std::uint8_t>(std::lround(sampleOf(static_cast<double>(i) / entries8) * 255));
+          static_cast<std::uint8_t>(std::lround(sampleOf(static_cast<double>(i) / lightSteps) * 255));
     return samples;
   }();
-  return table[static_cast<std::size_t>(std::clamp(light, 0.0F, 1.0F) * entries8 + 0.5F)];
+  return table.data();
+}
+
+std::uint8_t sampleOf8Bits(float light) {
+  return samplesOfLightSteps()[static_cast<std::size_t>(std::clamp(light, 0.0F, 1.0F) * lightSteps + 0.5F)];
 }
 
 std::uint16_t sampleOf16Bits(float light) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "media/pictures/LinearLight.h"
+#include "media/pictures/ResamplerKernels.h"
 #include "media/pictures/ResamplingFilter.h"
 
 namespace vellora {
@@ -17,42 +18,27 @@ LinearPixel all(float value) {
   return LinearPixel{value, value, value, value};
 }
 
-LinearPixel least(LinearPixel a, LinearPixel b) {
-  return a < b ? a : b;
-}
-
-LinearPixel greatest(LinearPixel a, LinearPixel b) {
-  return a > b ? a : b;
-}
-
-/// One row of the source in linear light, premultiplied.
+/// One row of the source in linear light, premultiplied, into every other pixel of the result.
 template <class Sample, int channels>
 void readRow(const Sample* row, int width, const float* lights, LinearPixel* result) {
   constexpr float full = static_cast<float>(static_cast<Sample>(~Sample{0}));
-  for (int x = 0; x < width; ++x, row += channels) {
-    if constexpr (channels <= 2) {
-      result[x] = all(lights[row[0]]);
-    } else {
-      result[x] = LinearPixel{lights[row[0]], lights[row[1]], lights[row[2]], 1};
-    }
+  for (int x = 0; x < width; ++x, row += channels, result += 2) {
+    LinearPixel pixel = all(lights[row[0]]);
+    if constexpr (channels >= 3) pixel = LinearPixel{lights[row[0]], lights[row[1]], lights[row[2]], 1};
     if constexpr (channels == 2 || channels == 4) {
-      const float alpha = static_cast<float>(row[channels - 1]) / full;
-      result[x][3] = 1;
-      result[x] *= all(alpha);
+      pixel[3] = 1;
+      pixel *= all(static_cast<float>(row[channels - 1]) / full);
     }
+    *result = pixel;
   }
 }
 
 template <class Sample, int channels>
 void writeRow(const LinearPixel* row, int width, Sample* result) {
+  using Places = std::int32_t __attribute__((vector_size(16)));
   constexpr float full = static_cast<float>(static_cast<Sample>(~Sample{0}));
-  const auto sample = [](float light) -> Sample {
-    if constexpr (sizeof(Sample) == 1)
-      return sampleOf8Bits(light);
-    else
-      return sampleOf16Bits(light);
-  };
   constexpr int colors = channels <= 2 ? 1 : 3;
+  const std::uint8_t* const samples = samplesOfLightSteps();
   for (int x = 0; x < width; ++x, result += channels) {
     LinearPixel pixel = row[x];
     if constexpr (channels == 2 || channels == 4) {
@@ -60,29 +46,19 @@ void writeRow(const LinearPixel* row, int width, Sample* result) {
       result[channels - 1] = static_cast<Sample>(alpha * full + 0.5F);
       pixel = alpha > 0 ? pixel / all(alpha) : all(0);
     }
-    for (int i = 0; i < colors; ++i) result[i] = sample(pixel[i]);
+    if constexpr (sizeof(Sample) == 1) {
+      pixel = pixel < all(1) ? pixel : all(1);
+      pixel = pixel > all(0) ? pixel : all(0);
+      const Places places = __builtin_convertvector(pixel * all(lightSteps) + all(0.5F), Places);
+      for (int i = 0; i < colors; ++i) result[i] = samples[places[i]];
+    } else {
+      for (int i = 0; i < colors; ++i) result[i] = sampleOf16Bits(pixel[i]);
+    }
   }
 }
 
-/// The weighted sum of a window, without passing the extremes of what is under the filter's middle.
-template <class At>
-LinearPixel filtered(const ResamplingFilter::Window& window, const float* weights, At at) {
-  LinearPixel sum = all(0);
-  int i = 0;
-  for (; i < window.middleFirst; ++i) sum += at(i) * all(weights[i]);
-  LinearPixel low = at(i);
-  LinearPixel high = low;
-  for (const int end = window.middleFirst + window.middleCount; i < end; ++i) {
-    const LinearPixel pixel = at(i);
-    sum += pixel * all(weights[i]);
-    low = least(low, pixel);
-    high = greatest(high, pixel);
-  }
-  for (; i < window.count; ++i) sum += at(i) * all(weights[i]);
-  return greatest(low, least(high, sum));
-}
-
-/// Makes rows of the result from top to bottom; source rows are filtered across once and kept while they are needed.
+/// Makes rows of the result from top to bottom; source rows are filtered across once, two at a time, and kept while
+/// they are needed.
 template <class Sample, int channels>
 class Band {
  public:
@@ -91,48 +67,51 @@ class Band {
         result_(result),
         across_(across),
         down_(down),
-        sourceRow_(static_cast<std::size_t>(source.width())),
-        resultRow_(static_cast<std::size_t>(result.width())),
-        rows_(static_cast<std::size_t>(down.widest) * static_cast<std::size_t>(result.width())) {}
+        evenWidth_((static_cast<std::size_t>(result.width()) + 1) & ~std::size_t{1}),
+        sourceRows_(2 * static_cast<std::size_t>(source.width())),
+        resultRow_(evenWidth_),
+        keptRows_(static_cast<std::size_t>(down.widest) + 1),
+        rows_(keptRows_ * evenWidth_),
+        window_(static_cast<std::size_t>(down.widest)) {}
 
   void make(int firstRow, int endRow) {
+    const ResamplerKernels& kernels = ResamplerKernels::ofThisMachine();
     int next = down_.windows[static_cast<std::size_t>(firstRow)].first;
     for (int y = firstRow; y < endRow; ++y) {
       const ResamplingFilter::Window& window = down_.windows[static_cast<std::size_t>(y)];
-      for (; next < window.first + window.count; ++next) filterAcross(next);
-      const float* weights = down_.weights.data() + window.weights;
-      for (int x = 0; x < result_.width(); ++x)
-        resultRow_[static_cast<std::size_t>(x)] =
-            filtered(window, weights, [&](int i) { return kept(window.first + i)[x]; });
+      for (; next < window.first + window.count; next += 2) {
+        read(next, 0);
+        read(std::min(next + 1, source_.height() - 1), 1);
+        kernels.acrossTwoRows(across_, sourceRows_.data(), kept(next), kept(next + 1));
+      }
+      for (int i = 0; i < window.count; ++i) window_[static_cast<std::size_t>(i)] = kept(window.first + i);
+      kernels.down(window, down_.weights.data() + window.weights, window_.data(), evenWidth_, resultRow_.data());
       writeRow<Sample, channels>(resultRow_.data(), result_.width(), reinterpret_cast<Sample*>(result_.row(y)));
     }
   }
 
  private:
-  LinearPixel* kept(int sourceRow) {
-    return rows_.data() +
-           static_cast<std::size_t>(sourceRow % down_.widest) * static_cast<std::size_t>(result_.width());
-  }
-
-  void filterAcross(int y) {
+  /// Into the first or the second place of each pair.
+  void read(int y, std::size_t place) {
     const float* lights = sizeof(Sample) == 1 ? linearOf8Bits() : linearOf16Bits();
     readRow<Sample, channels>(reinterpret_cast<const Sample*>(source_.row(y)), source_.width(), lights,
-                              sourceRow_.data());
-    LinearPixel* row = kept(y);
-    for (int x = 0; x < result_.width(); ++x) {
-      const ResamplingFilter::Window& window = across_.windows[static_cast<std::size_t>(x)];
-      const LinearPixel* pixels = sourceRow_.data() + window.first;
-      row[x] = filtered(window, across_.weights.data() + window.weights, [pixels](int i) { return pixels[i]; });
-    }
+                              sourceRows_.data() + place);
+  }
+
+  LinearPixel* kept(int sourceRow) {
+    return rows_.data() + static_cast<std::size_t>(sourceRow) % keptRows_ * evenWidth_;
   }
 
   const Raster& source_;
   Raster& result_;
   const ResamplingFilter& across_;
   const ResamplingFilter& down_;
-  std::vector<LinearPixel> sourceRow_;
+  const std::size_t evenWidth_;  ///< of the result
+  std::vector<LinearPixel> sourceRows_;
   std::vector<LinearPixel> resultRow_;
+  const std::size_t keptRows_;
   std::vector<LinearPixel> rows_;
+  std::vector<const LinearPixel*> window_;
 };
 
 template <class Sample, int channels>
