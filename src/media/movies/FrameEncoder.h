@@ -18,6 +18,8 @@ class FrameEncoder {
 
   const std::vector<std::uint8_t>& configuration() const { return form_->configuration(); }
   int frameSize() const { return codec_->frame_size; }
+  /// Samples of sound that come out before the first one put in.
+  int initialPadding() const { return codec_->initial_padding; }
 
   /// Null at the end. Time stamps count in the codec's time base.
   Result<void, MediaFailure> send(const AVFrame* frame);

@@ -6,6 +6,7 @@ extern "C" {
 #include <libavformat/avformat.h>
 #include <libavutil/audio_fifo.h>
 #include <libavutil/frame.h>
+#include <libavutil/hwcontext.h>
 #include <libswresample/swresample.h>
 #include <libswscale/swscale.h>
 }
@@ -22,6 +23,7 @@ struct LibavDeleter {
   void operator()(AVBSFContext* filter) const { av_bsf_free(&filter); }
   void operator()(AVPacket* packet) const { av_packet_free(&packet); }
   void operator()(AVFrame* frame) const { av_frame_free(&frame); }
+  void operator()(AVBufferRef* buffer) const { av_buffer_unref(&buffer); }
   void operator()(AVAudioFifo* samples) const { av_audio_fifo_free(samples); }
   void operator()(SwsContext* scaler) const { sws_freeContext(scaler); }
   void operator()(SwrContext* resampler) const { swr_free(&resampler); }
@@ -36,6 +38,7 @@ using CodecPointer = std::unique_ptr<AVCodecContext, LibavDeleter>;
 using CodecParametersPointer = std::unique_ptr<AVCodecParameters, LibavDeleter>;
 using FilterPointer = std::unique_ptr<AVBSFContext, LibavDeleter>;
 using PacketPointer = std::unique_ptr<AVPacket, LibavDeleter>;
+using BufferPointer = std::unique_ptr<AVBufferRef, LibavDeleter>;
 using FramePointer = std::unique_ptr<AVFrame, LibavDeleter>;
 using SampleQueuePointer = std::unique_ptr<AVAudioFifo, LibavDeleter>;
 using ScalerPointer = std::unique_ptr<SwsContext, LibavDeleter>;
