@@ -16,7 +16,7 @@ namespace {
 
 constexpr int emblemSide = 72;
 constexpr int emblemIcon = 32;
-constexpr int widestText = 360;
+constexpr int widestText = 320;
 
 /// The program's picture of a pile of pictures that gets smaller, in the theme's colors.
 class Emblem final : public QWidget {
@@ -91,7 +91,7 @@ void CompressorDropZone::setHot(bool hot) {
 void CompressorDropZone::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const ThemeColors& colors = Theme::shared().palette();
-  const QRectF zone = QRectF(rect()).adjusted(tokens::space4, tokens::space4, -tokens::space4, -tokens::space4);
+  const QRectF zone = QRectF(rect()).adjusted(tokens::space4, tokens::space2, -tokens::space4, -tokens::space4);
   if (isHot_) fillRounded(painter, zone, tokens::windowRadius, colors.selection);
   strokeDashed(painter, snapped(painter, zone), tokens::windowRadius, isHot_ ? colors.accent : colors.controlBorder,
                isHot_ ? 2 : 1.5);

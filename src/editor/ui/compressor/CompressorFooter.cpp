@@ -50,7 +50,7 @@ class CompressorFooter::Badges final : public QWidget {
     int left = 0;
     for (const QString& text : texts_) {
       const int most = std::min(widestBadge, width() - left);
-      const int wanted = std::min(metrics.horizontalAdvance(text) + 2 * badgePadding, most);
+      const int wanted = std::min(metrics.horizontalAdvance(text) + 1 + 2 * badgePadding, most);
       if (wanted < 3 * badgePadding) return;
       const QRect badge =
           QStyle::visualRect(layoutDirection(), rect(), {left, (height() - badgeHeight) / 2, wanted, badgeHeight});

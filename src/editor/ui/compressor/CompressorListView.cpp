@@ -44,7 +44,6 @@ CompressorListView::CompressorListView(CompressionRun& run, CompressorListModel&
   setMouseTracking(true);
   setResizeMode(Adjust);
   verticalScrollBar()->setSingleStep(CompressorRowDelegate::rowHeight / 2);
-  setViewportMargins(0, 4, 0, 4);
   //% "Images"
   setAccessibleName(qtTrId("compress.list"));
   styleScrollBars(*this);

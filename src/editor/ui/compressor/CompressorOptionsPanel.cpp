@@ -167,8 +167,10 @@ void CompressorOptionsPanel::addResize(QVBoxLayout& column) {
   });
   column.addWidget(resize_);
   edgeRow_ = new QWidget;
-  auto* row = new QHBoxLayout(edgeRow_);
-  row->setContentsMargins(room, tokens::space1, room, 0);
+  auto* rows = new QVBoxLayout(edgeRow_);
+  rows->setContentsMargins(room, tokens::space1 + 2, room, 0);
+  rows->setSpacing(tokens::space1 + 2);
+  auto* row = new QHBoxLayout;
   row->setSpacing(tokens::space2);
   edge_ = new TextField;
   edge_->setFixedWidth(edgeFieldWidth);
@@ -184,7 +186,10 @@ void CompressorOptionsPanel::addResize(QVBoxLayout& column) {
           [this] { edge_->setText(QString::number(settings_.customEdge())); });
   connect(edge_, &QLineEdit::editingFinished, edge_, [this] { edge_->setInvalid(false); });
   row->addWidget(edge_);
-  row->addWidget(new TextLabel(TextLabel::Role::Secondary, tip), 1);
+  //% "pixels"
+  row->addWidget(new TextLabel(TextLabel::Role::Body, qtTrId("compress.resize.pixels")), 1);
+  rows->addLayout(row);
+  rows->addWidget(new TextLabel(TextLabel::Role::Secondary, tip));
   column.addWidget(edgeRow_);
   column.addSpacing(tokens::space4);
 }

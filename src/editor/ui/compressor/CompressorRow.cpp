@@ -19,11 +19,11 @@ namespace {
 
 constexpr int thumbnailSide = 44;
 constexpr int thumbnailRadius = 4;
-constexpr int figuresWidth = 176;
 constexpr int signSide = 14;
 constexpr int lineHeight = 20;
 constexpr int actionIcon = 16;
 constexpr int keptThumbnails = 256;
+constexpr int mostFigures = 60;  // percent of the room for texts
 
 QString iconOf(RowAction action) {
   switch (action) {
@@ -36,6 +36,22 @@ QString iconOf(RowAction action) {
   }
   return {};
 }
+
+/// A text of a row, cut where its room ends.
+struct RowText {
+  QString text;
+  QFont font;
+  QColor ink;
+  Qt::TextElideMode elide;
+
+  int width() const { return text.isEmpty() ? 0 : QFontMetrics(font).horizontalAdvance(text) + 1; }
+  void draw(QPainter& painter, const QRect& rect, Qt::Alignment alignment) const {
+    painter.setFont(font);
+    painter.setPen(ink);
+    painter.drawText(rect, static_cast<int>(alignment) | Qt::TextSingleLine,
+                     QFontMetrics(font).elidedText(text, elide, rect.width()));
+  }
+};
 
 void paintSpinner(QPainter& painter, const QRectF& rect, double turn) {
   constexpr double width = 2;
@@ -58,16 +74,11 @@ RowLayout::RowLayout(const QRect& row, Qt::LayoutDirection direction) {
   mainAction = remove.translated(-hit, 0);
   const int figuresRight = mainAction.left() - tokens::space2;
   const int textLeft = thumbnail.right() + 1 + tokens::space3;
-  const int figures = std::min(figuresWidth, (figuresRight - textLeft) / 2);
-  const int textWidth = figuresRight - figures - tokens::space4 - textLeft;
-  const int upper = middle - lineHeight;
-  name = {textLeft, upper, textWidth, lineHeight};
-  detail = name.translated(0, lineHeight);
-  sizes = {figuresRight - figures, upper, figures, lineHeight};
-  state = sizes.translated(0, lineHeight);
-  sign = {state.right() + 1 - signSide, state.center().y() + 1 - signSide / 2, signSide, signSide};
+  upper = {textLeft, middle - lineHeight, figuresRight - textLeft, lineHeight};
+  lower = upper.translated(0, lineHeight);
+  sign = {figuresRight - signSide, lower.center().y() + 1 - signSide / 2, signSide, signSide};
   if (direction != Qt::RightToLeft) return;
-  for (QRect* part : {&thumbnail, &name, &detail, &sizes, &state, &sign, &mainAction, &remove})
+  for (QRect* part : {&thumbnail, &upper, &lower, &sign, &mainAction, &remove})
     *part = QStyle::visualRect(direction, row, *part);
 }
 
@@ -113,27 +124,29 @@ void CompressorRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem&
 void CompressorRowDelegate::paintTexts(QPainter& painter, const RowLayout& layout, const CompressionItem& item,
                                        Qt::LayoutDirection direction) const {
   const ThemeColors& colors = Theme::shared().palette();
-  const auto leading = static_cast<int>(QStyle::visualAlignment(direction, Qt::AlignLeft) | Qt::AlignVCenter);
-  const auto trailing = static_cast<int>(QStyle::visualAlignment(direction, Qt::AlignRight) | Qt::AlignVCenter);
-  const auto draw = [&](const QRect& rect, int alignment, const QFont& font, const QColor& ink, const QString& text,
-                        Qt::TextElideMode elide) {
-    painter.setFont(font);
-    painter.setPen(ink);
-    painter.drawText(rect, alignment | Qt::TextSingleLine, QFontMetrics(font).elidedText(text, elide, rect.width()));
-  };
+  const auto leading = QStyle::visualAlignment(direction, Qt::AlignLeft) | Qt::AlignVCenter;
+  const auto trailing = QStyle::visualAlignment(direction, Qt::AlignRight) | Qt::AlignVCenter;
   const bool isFailed = item.state == CompressionState::failed;
-  draw(layout.name, leading, bodyFont(), colors.text, compressorText::name(item), Qt::ElideMiddle);
-  draw(layout.detail, leading, secondaryFont(), isFailed ? colors.errorText : colors.secondaryText,
-       compressorText::detail(item), isFailed ? Qt::ElideRight : Qt::ElideMiddle);
+  const QColor quiet = isFailed ? colors.errorText : colors.secondaryText;
   const QString state = compressorText::state(item);
-  const QRect sizes = state.isEmpty() ? layout.sizes.united(layout.state) : layout.sizes;
-  draw(sizes, trailing, tabularFont(), colors.text, compressorText::sizes(item), Qt::ElideLeft);
-  if (state.isEmpty()) return;
-  const bool isMirrored = direction == Qt::RightToLeft;
-  const int room = signSide + tokens::space1 + 2;
-  const QRect text = layout.state.adjusted(isMirrored ? room : 0, 0, isMirrored ? 0 : -room, 0);
-  draw(text, trailing, tabularFont(secondaryFont()), isFailed ? colors.errorText : colors.secondaryText, state,
-       Qt::ElideRight);
+  const RowText name{compressorText::name(item), bodyFont(), colors.text, Qt::ElideMiddle};
+  const RowText sizes{compressorText::sizes(item), tabularFont(), colors.text, Qt::ElideLeft};
+  const RowText detail{compressorText::detail(item), secondaryFont(), quiet, Qt::ElideRight};
+  const RowText outcome{state, tabularFont(secondaryFont()), quiet, Qt::ElideRight};
+  const int signRoom = state.isEmpty() ? 0 : signSide + tokens::space1 + 2;
+  // What became of the picture comes first, its name gets the rest.
+  const int figures =
+      std::min(std::max(sizes.width(), outcome.width() + signRoom), layout.upper.width() * mostFigures / 100);
+  const auto part = [&](const QRect& line, int left, int width) {
+    return QStyle::visualRect(direction, line, {line.left() + left, line.top(), width, line.height()});
+  };
+  const int textWidth = layout.upper.width() - figures - tokens::space4;
+  const int figuresLeft = layout.upper.width() - figures;
+  name.draw(painter, part(layout.upper, 0, textWidth), leading);
+  detail.draw(painter, part(layout.lower, 0, textWidth), leading);
+  outcome.draw(painter, part(layout.lower, figuresLeft, figures - signRoom), trailing);
+  const QRect sizesLine = state.isEmpty() ? layout.upper.united(layout.lower) : layout.upper;
+  sizes.draw(painter, part(sizesLine, figuresLeft, figures), trailing);
   paintSign(painter, layout.sign, item);
 }
 

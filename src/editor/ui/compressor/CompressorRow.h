@@ -21,11 +21,9 @@ struct RowLayout {
 
   QRect ground;
   QRect thumbnail;
-  QRect name;
-  QRect detail;
-  QRect sizes;
-  QRect state;
-  QRect sign;        ///< of the state, before its text
+  QRect upper;       ///< the line of the name and the sizes
+  QRect lower;       ///< the line of what is known about it and of its state
+  QRect sign;        ///< of the state, at the end of its line
   QRect mainAction;  ///< Retry or Reveal, whichever makes sense
   QRect remove;
 };

@@ -1,5 +1,6 @@
 #include "editor/ui/compressor/CompressorTexts.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include <QDir>
@@ -57,7 +58,10 @@ QString bytes(std::uintmax_t bytes) {
 QString change(std::uintmax_t before, std::uintmax_t after) {
   if (before == 0 || before == after) return {};
   const double percent = (1 - static_cast<double>(after) / static_cast<double>(before)) * 100;
-  const QString number = QLocale().toString(std::abs(percent), 'f', std::abs(percent) < 1 ? 1 : 0);
+  const double amount = std::abs(percent);
+  // Never "100% smaller" nor "0% smaller".
+  const bool isExtreme = amount < 1 || (percent > 99 && percent < 100);
+  const QString number = QLocale().toString(isExtreme ? std::clamp(amount, 0.1, 99.9) : amount, 'f', isExtreme ? 1 : 0);
   //% "%1% smaller"
   if (percent > 0) return qtTrId("compress.row.smaller").arg(number);
   //% "%1% larger"

@@ -40,7 +40,7 @@ namespace vellora {
 namespace {
 
 constexpr QSize usefulSize{980, 660};
-constexpr QSize leastSize{680, 460};
+constexpr QSize leastSize{720, 460};
 constexpr int refreshInterval = 40;  // milliseconds
 
 std::vector<std::filesystem::path> localFiles(const QMimeData& data) {
@@ -178,7 +178,7 @@ void CompressorWindow::makeCommands() {
 QWidget* CompressorWindow::makeBar() {
   auto* bar = new QWidget;
   auto* row = new QHBoxLayout(bar);
-  row->setContentsMargins(tokens::space4 - tokens::focusRingRoom, tokens::space2, tokens::space3, 0);
+  row->setContentsMargins(tokens::space4 - tokens::focusRingRoom, tokens::space2, tokens::space3, tokens::space2);
   row->setSpacing(tokens::space1);
   //% "Add"
   add_ = new SecondaryButton(qtTrId("compress.add"));
@@ -212,6 +212,7 @@ QWidget* CompressorWindow::makeBar() {
 }
 
 void CompressorWindow::connectParts() {
+  connect(pages_, &QStackedWidget::currentChanged, this, [this] { update(); });
   connect(dropZone_, &CompressorDropZone::chooseRequested, this, &CompressorWindow::chooseImages);
   connect(list_, &CompressorListView::actionRequested, this, &CompressorWindow::perform);
   connect(list_, &CompressorListView::menuRequested, this, &CompressorWindow::openRowMenu);
@@ -408,7 +409,12 @@ QString CompressorWindow::summary() const {
 
 void CompressorWindow::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.fillRect(rect(), Theme::shared().palette().surface);
+  const ThemeColors& colors = Theme::shared().palette();
+  painter.fillRect(rect(), colors.surface);
+  // Rows go under the bar.
+  const QRect& list = pages_->geometry();
+  if (pages_->currentIndex() == 1)
+    drawHorizontalLine(painter, list.left(), list.right() + 1, list.top() - 1, colors.line);
 }
 
 void CompressorWindow::resizeEvent(QResizeEvent* event) {
