@@ -1,5 +1,7 @@
 #include "cli/compress/CompressProgram.h"
 
+#include <malloc.h>
+
 #include <csignal>
 #include <cstdio>
 #include <filesystem>
@@ -19,6 +21,10 @@ namespace vellora {
 namespace {
 
 namespace fs = std::filesystem;
+
+/// In bytes; the most that glibc allows.
+constexpr int largestFromHeap = 32 << 20;
+constexpr int mostKeptFree = 128 << 20;
 
 enum ExitCode : int { Done = 0, Failed = 1, WrongUsage = 2 };
 
@@ -106,6 +112,9 @@ class CompressProgram {
 }  // namespace
 
 int runCompress(int argc, char** argv) {
+  // What one picture gives back, the next one takes: the kernel need not clear the same memory again and again.
+  ::mallopt(M_MMAP_THRESHOLD, largestFromHeap);
+  ::mallopt(M_TRIM_THRESHOLD, mostKeptFree);
   // The files are what counts; who reads the lines may go, and a file that may not be so large is one that failed.
   ::signal(SIGPIPE, SIG_IGN);
   ::signal(SIGXFSZ, SIG_IGN);
