@@ -136,11 +136,12 @@ QueuedMovieWriter::Work QueuedMovieWriter::takeWork() {
     work.sounds.at(i) = std::exchange(sounds_.at(i).waiting, {});
     sounds_.at(i).waitingFrames = 0;
   }
-  if (!pictures_.empty()) {
+  if (pictures_.empty()) {
+    work.reached = std::exchange(reached_, std::nullopt);
+  } else {
     work.picture = std::move(pictures_.front());
     pictures_.pop_front();
   }
-  work.reached = std::exchange(reached_, std::nullopt);
   return work;
 }
 
