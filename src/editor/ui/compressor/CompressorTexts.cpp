@@ -33,8 +33,7 @@ QString unchangedText(const CompressionItem& item) {
 }
 
 QString folderText(const CompressionItem& item) {
-  //% "From the clipboard"
-  if (item.sourceURL.empty()) return qtTrId("compress.row.pasted");
+  if (item.sourceURL.empty()) return {};
   return pathBelowHome(textFrom(item.sourceURL.parent_path()), QDir::homePath());
 }
 
