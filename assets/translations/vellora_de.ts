@@ -1521,5 +1521,654 @@
         <source>Distribute Vertically</source>
         <translation>Vertikal verteilen</translation>
     </message>
+    <message id="compress.compare.value">
+        <source>%1 % before</source>
+        <translation>%1 % vorher</translation>
+    </message>
+    <message id="compress.compare.selectOne">
+        <source>Select an image to compare it with its result</source>
+        <translation>Wählen Sie ein Bild aus, um es mit dem Ergebnis zu vergleichen</translation>
+    </message>
+    <message id="compress.compare.before">
+        <source>Before</source>
+        <translation>Vorher</translation>
+    </message>
+    <message id="compress.compare.after">
+        <source>After</source>
+        <translation>Nachher</translation>
+    </message>
+    <message id="compress.compare.fit">
+        <source>Show the whole picture</source>
+        <translation>Ganzes Bild zeigen</translation>
+    </message>
+    <message id="compress.compare.actual">
+        <source>Show at 100 %</source>
+        <translation>In 100 % zeigen</translation>
+    </message>
+    <message id="compress.compare.zoom">
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message id="compress.compare.busy">
+        <source>The result is being made</source>
+        <translation>Das Ergebnis wird erstellt</translation>
+    </message>
+    <message id="compress.compare.name">
+        <source>Before and after</source>
+        <translation>Vorher und nachher</translation>
+    </message>
+    <message id="compress.compare.help">
+        <source>The arrow keys move the divider. B shows only the picture before.</source>
+        <translation>Die Pfeiltasten verschieben die Trennlinie. B zeigt nur das Bild vorher.</translation>
+    </message>
+    <message id="compress.drop.hint">
+        <source>Drop images or folders here</source>
+        <translation>Bilder oder Ordner hier ablegen</translation>
+    </message>
+    <message id="compress.drop.more">
+        <source>or paste them with %1. Originals are never changed, and results are never larger.</source>
+        <translation>oder mit %1 einfügen. Originale werden nie verändert, und Ergebnisse sind nie größer.</translation>
+    </message>
+    <message id="compress.drop.choose">
+        <source>Choose Images…</source>
+        <translation>Bilder auswählen …</translation>
+    </message>
+    <message id="compress.cancel">
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message id="compress.cancelTip">
+        <source>Stop compressing (Esc)</source>
+        <translation>Komprimieren anhalten (Esc)</translation>
+    </message>
+    <message id="compress.actionOne">
+        <source>Compress 1 Image</source>
+        <translation>1 Bild komprimieren</translation>
+    </message>
+    <message id="compress.actionMany">
+        <source>Compress %1 Images</source>
+        <translation>%1 Bilder komprimieren</translation>
+    </message>
+    <message id="compress.actionNone">
+        <source>Compress</source>
+        <translation>Komprimieren</translation>
+    </message>
+    <message id="compress.progress.count">
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message id="compress.toast.failed" numerus="yes">
+        <source>%n failed</source>
+        <translation>
+            <numerusform>%n fehlgeschlagen</numerusform>
+            <numerusform>%n fehlgeschlagen</numerusform>
+        </translation>
+    </message>
+    <message id="compress.row.keptTip">
+        <source>Nothing smaller was found in this format and size</source>
+        <translation>In diesem Format und dieser Größe ließ sich nichts Kleineres finden</translation>
+    </message>
+    <message id="compress.row.resultTip">
+        <source>Result: %1</source>
+        <translation>Ergebnis: %1</translation>
+    </message>
+    <message id="compress.row.flattenedTip">
+        <source>This format cannot be transparent: the background became white</source>
+        <translation>Dieses Format kennt keine Transparenz: Der Hintergrund wurde weiß</translation>
+    </message>
+    <message id="compress.command.retry">
+        <source>Try Again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message id="compress.command.reveal">
+        <source>Show Result in Folder</source>
+        <translation>Ergebnis im Ordner zeigen</translation>
+    </message>
+    <message id="compress.command.remove">
+        <source>Remove from List</source>
+        <translation>Aus der Liste entfernen</translation>
+    </message>
+    <message id="compress.list">
+        <source>Images</source>
+        <translation>Bilder</translation>
+    </message>
+    <message id="compress.settingsTitle">
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message id="compress.label.format">
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message id="compress.format.original">
+        <source>Original</source>
+        <translation>Original</translation>
+    </message>
+    <message id="compress.format.originalTip">
+        <source>Every image keeps its format</source>
+        <translation>Jedes Bild behält sein Format</translation>
+    </message>
+    <message id="compress.format.jpegTip">
+        <source>For photos; no transparency</source>
+        <translation>Für Fotos; ohne Transparenz</translation>
+    </message>
+    <message id="compress.format.pngTip">
+        <source>Exact to the pixel; for screenshots and drawings</source>
+        <translation>Auf das Pixel genau; für Bildschirmfotos und Zeichnungen</translation>
+    </message>
+    <message id="compress.format.webpTip">
+        <source>Smallest, for the web; keeps transparency</source>
+        <translation>Am kleinsten, fürs Web; behält Transparenz</translation>
+    </message>
+    <message id="compress.label.quality">
+        <source>Quality</source>
+        <translation>Qualität</translation>
+    </message>
+    <message id="compress.quality.percent">
+        <source>%1%</source>
+        <translation>%1 %</translation>
+    </message>
+    <message id="compress.quality.unused">
+        <source>Nothing is lost in these formats, so quality changes nothing.</source>
+        <translation>In diesen Formaten geht nichts verloren, die Qualität ändert also nichts.</translation>
+    </message>
+    <message id="compress.label.resize">
+        <source>Resize</source>
+        <translation>Größe ändern</translation>
+    </message>
+    <message id="compress.resize.fixed">
+        <source>%1 – at most %2 px</source>
+        <translation>%1 – höchstens %2 px</translation>
+    </message>
+    <message id="compress.resize.off">
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message id="compress.resize.custom">
+        <source>Custom</source>
+        <translation>Eigene</translation>
+    </message>
+    <message id="compress.resize.customTip">
+        <source>Longest edge in pixels. Smaller images stay as they are.</source>
+        <translation>Längste Kante in Pixeln. Kleinere Bilder bleiben, wie sie sind.</translation>
+    </message>
+    <message id="compress.resize.pixels">
+        <source>pixels</source>
+        <translation>Pixel</translation>
+    </message>
+    <message id="compress.label.output">
+        <source>Save results</source>
+        <translation>Ergebnisse sichern</translation>
+    </message>
+    <message id="compress.output.source">
+        <source>Beside the originals</source>
+        <translation>Neben den Originalen</translation>
+    </message>
+    <message id="compress.output.custom">
+        <source>In another folder</source>
+        <translation>In einem anderen Ordner</translation>
+    </message>
+    <message id="compress.output.choose">
+        <source>Choose…</source>
+        <translation>Auswählen …</translation>
+    </message>
+    <message id="compress.output.chooseTitle">
+        <source>Choose a folder for the results</source>
+        <translation>Ordner für die Ergebnisse auswählen</translation>
+    </message>
+    <message id="compress.keepMetadata">
+        <source>Keep metadata</source>
+        <translation>Metadaten behalten</translation>
+    </message>
+    <message id="compress.keepMetadataHelp">
+        <source>Camera, place, author. Off: nobody learns where a photo was taken.</source>
+        <translation>Kamera, Ort, Urheber. Aus: Niemand erfährt, wo ein Foto entstand.</translation>
+    </message>
+    <message id="compress.keepDates">
+        <source>Keep dates</source>
+        <translation>Daten behalten</translation>
+    </message>
+    <message id="compress.keepDatesHelp">
+        <source>Results get the file dates of their originals.</source>
+        <translation>Ergebnisse bekommen das Dateidatum ihrer Originale.</translation>
+    </message>
+    <message id="compress.row.kept">
+        <source>Kept as it was</source>
+        <translation>Blieb, wie es war</translation>
+    </message>
+    <message id="compress.row.metadataRemoved">
+        <source>Only metadata removed</source>
+        <translation>Nur Metadaten entfernt</translation>
+    </message>
+    <message id="compress.size.gigabytes">
+        <source>%1 GB</source>
+        <translation>%1 GB</translation>
+    </message>
+    <message id="compress.size.megabytes">
+        <source>%1 MB</source>
+        <translation>%1 MB</translation>
+    </message>
+    <message id="compress.size.kilobytes">
+        <source>%1 kB</source>
+        <translation>%1 kB</translation>
+    </message>
+    <message id="compress.size.bytes">
+        <source>%1 B</source>
+        <translation>%1 B</translation>
+    </message>
+    <message id="compress.row.smaller">
+        <source>%1% smaller</source>
+        <translation>%1 % kleiner</translation>
+    </message>
+    <message id="compress.row.larger">
+        <source>%1% larger</source>
+        <translation>%1 % größer</translation>
+    </message>
+    <message id="compress.row.pixels">
+        <source>%1 × %2</source>
+        <translation>%1 × %2</translation>
+    </message>
+    <message id="compress.progress.secondsLeft" numerus="yes">
+        <source>%n second(s) left</source>
+        <translation>
+            <numerusform>noch %n Sekunde</numerusform>
+            <numerusform>noch %n Sekunden</numerusform>
+        </translation>
+    </message>
+    <message id="compress.progress.minutesLeft" numerus="yes">
+        <source>%n minute(s) left</source>
+        <translation>
+            <numerusform>noch %n Minute</numerusform>
+            <numerusform>noch %n Minuten</numerusform>
+        </translation>
+    </message>
+    <message id="compress.failure.notFound">
+        <source>The file is no longer there</source>
+        <translation>Die Datei ist nicht mehr da</translation>
+    </message>
+    <message id="compress.failure.notPermitted">
+        <source>You are not allowed to read or write here</source>
+        <translation>Hier dürfen Sie nicht lesen oder schreiben</translation>
+    </message>
+    <message id="compress.failure.notAFile">
+        <source>This is not a file</source>
+        <translation>Das ist keine Datei</translation>
+    </message>
+    <message id="compress.failure.notAPicture">
+        <source>This is not an image</source>
+        <translation>Das ist kein Bild</translation>
+    </message>
+    <message id="compress.failure.tooLarge">
+        <source>The image is too large</source>
+        <translation>Das Bild ist zu groß</translation>
+    </message>
+    <message id="compress.failure.unsupported">
+        <source>This kind of image is not supported</source>
+        <translation>Diese Art von Bild wird nicht unterstützt</translation>
+    </message>
+    <message id="compress.failure.animated">
+        <source>Animations and pages can only keep their format and size</source>
+        <translation>Animationen und Seiten können nur Format und Größe behalten</translation>
+    </message>
+    <message id="compress.failure.damaged">
+        <source>The file is damaged</source>
+        <translation>Die Datei ist beschädigt</translation>
+    </message>
+    <message id="compress.failure.outOfMemory">
+        <source>There is not enough memory</source>
+        <translation>Der Speicher reicht nicht aus</translation>
+    </message>
+    <message id="compress.failure.cannotEncode">
+        <source>The image does not fit this format</source>
+        <translation>Das Bild passt nicht in dieses Format</translation>
+    </message>
+    <message id="compress.failure.diskFull">
+        <source>The disk is full</source>
+        <translation>Der Datenträger ist voll</translation>
+    </message>
+    <message id="compress.failure.writeFailed">
+        <source>The result could not be written</source>
+        <translation>Das Ergebnis konnte nicht geschrieben werden</translation>
+    </message>
+    <message id="compress.row.cancelled">
+        <source>Stopped</source>
+        <translation>Angehalten</translation>
+    </message>
+    <message id="compress.row.sizes">
+        <source>%1 → %2</source>
+        <translation>%1 → %2</translation>
+    </message>
+    <message id="compress.row.running">
+        <source>Compressing…</source>
+        <translation>Wird komprimiert …</translation>
+    </message>
+    <message id="compress.row.same">
+        <source>Same size</source>
+        <translation>Gleich groß</translation>
+    </message>
+    <message id="compress.row.failed">
+        <source>Failed</source>
+        <translation>Fehlgeschlagen</translation>
+    </message>
+    <message id="compress.badge.fullSize">
+        <source>Full size</source>
+        <translation>Volle Größe</translation>
+    </message>
+    <message id="compress.badge.maxEdge">
+        <source>At most %1 px</source>
+        <translation>Höchstens %1 px</translation>
+    </message>
+    <message id="compress.badge.sourceFolder">
+        <source>Source folder</source>
+        <translation>Ordner des Originals</translation>
+    </message>
+    <message id="compress.title">
+        <source>Compress Images</source>
+        <translation>Bilder komprimieren</translation>
+    </message>
+    <message id="compress.command.addImages">
+        <source>Add Images…</source>
+        <translation>Bilder hinzufügen …</translation>
+    </message>
+    <message id="compress.command.addFolder">
+        <source>Add Folder…</source>
+        <translation>Ordner hinzufügen …</translation>
+    </message>
+    <message id="compress.command.paste">
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message id="compress.command.compare">
+        <source>Compare Before and After</source>
+        <translation>Vorher und nachher vergleichen</translation>
+    </message>
+    <message id="compress.command.clear">
+        <source>Remove All</source>
+        <translation>Alle entfernen</translation>
+    </message>
+    <message id="compress.command.settings">
+        <source>Show or Hide Settings</source>
+        <translation>Einstellungen ein- oder ausblenden</translation>
+    </message>
+    <message id="compress.add">
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message id="compress.addTip">
+        <source>Add images, folders, or captures</source>
+        <translation>Bilder, Ordner oder Aufnahmen hinzufügen</translation>
+    </message>
+    <message id="compress.key.space">
+        <source>Space</source>
+        <translation>Leertaste</translation>
+    </message>
+    <message id="compress.toast.nothingToPaste">
+        <source>There is no image on the clipboard</source>
+        <translation>In der Zwischenablage ist kein Bild</translation>
+    </message>
+    <message id="compress.pastedName">
+        <source>Pasted Image %1</source>
+        <translation>Eingefügtes Bild %1</translation>
+    </message>
+    <message id="compress.toast.nothingFound">
+        <source>No new images were found there</source>
+        <translation>Dort wurden keine neuen Bilder gefunden</translation>
+    </message>
+    <message id="compress.looking">
+        <source>Looking for images…</source>
+        <translation>Bilder werden gesucht …</translation>
+    </message>
+    <message id="compress.summary.count" numerus="yes">
+        <source>%n image(s)</source>
+        <translation>
+            <numerusform>%n Bild</numerusform>
+            <numerusform>%n Bilder</numerusform>
+        </translation>
+    </message>
+    <message id="compress.addImages.title">
+        <source>Add images</source>
+        <translation>Bilder hinzufügen</translation>
+    </message>
+    <message id="compress.addImages.filter">
+        <source>Images (%1)</source>
+        <translation>Bilder (%1)</translation>
+    </message>
+    <message id="compress.addImages.allFiles">
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message id="compress.addFolder.title">
+        <source>Add a folder of images</source>
+        <translation>Einen Ordner mit Bildern hinzufügen</translation>
+    </message>
+    <message id="compress.command.captures">
+        <source>Recent Captures</source>
+        <translation>Letzte Aufnahmen</translation>
+    </message>
+    <message id="compress.toast.done" numerus="yes">
+        <source>%n image(s) compressed</source>
+        <translation>
+            <numerusform>%n Bild komprimiert</numerusform>
+            <numerusform>%n Bilder komprimiert</numerusform>
+        </translation>
+    </message>
+    <message id="compress.toast.savedPercent">
+        <source>%1 saved (%2%)</source>
+        <translation>%1 gespart (%2 %)</translation>
+    </message>
+    <message id="compress.toast.stopped" numerus="yes">
+        <source>%n stopped</source>
+        <translation>
+            <numerusform>%n angehalten</numerusform>
+            <numerusform>%n angehalten</numerusform>
+        </translation>
+    </message>
+    <message id="editor.compress">
+        <source>Compress…</source>
+        <translation>Komprimieren …</translation>
+    </message>
+    <message id="recording.bar.level">
+        <source>Level of the microphone</source>
+        <translation>Pegel des Mikrofons</translation>
+    </message>
+    <message id="recording.bar.device">
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message id="recording.bar.start">
+        <source>Start</source>
+        <translation>Start</translation>
+    </message>
+    <message id="recording.bar.startTip">
+        <source>Start recording (Return)</source>
+        <translation>Aufnahme starten (Eingabe)</translation>
+    </message>
+    <message id="recording.camera.close">
+        <source>Turn the camera off</source>
+        <translation>Kamera ausschalten</translation>
+    </message>
+    <message id="recording.camera">
+        <source>Camera</source>
+        <translation>Kamera</translation>
+    </message>
+    <message id="recording.camera.help">
+        <source>Drag to move, turn the wheel to resize</source>
+        <translation>Ziehen zum Verschieben, Mausrad für die Größe</translation>
+    </message>
+    <message id="recording.bar.resume">
+        <source>Resume</source>
+        <translation>Fortsetzen</translation>
+    </message>
+    <message id="recording.bar.pause">
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message id="recording.bar.sound.on">
+        <source>Sound of the computer: on</source>
+        <translation>Ton des Computers: ein</translation>
+    </message>
+    <message id="recording.bar.sound.off">
+        <source>Sound of the computer: off</source>
+        <translation>Ton des Computers: aus</translation>
+    </message>
+    <message id="recording.bar.keys.on">
+        <source>Keystrokes are recorded</source>
+        <translation>Tastendrücke werden aufgezeichnet</translation>
+    </message>
+    <message id="recording.bar.keys.off">
+        <source>Keystrokes are not recorded</source>
+        <translation>Tastendrücke werden nicht aufgezeichnet</translation>
+    </message>
+    <message id="recording.bar.startingIn">
+        <source>Starting in %1</source>
+        <translation>Start in %1</translation>
+    </message>
+    <message id="recording.bar.starting">
+        <source>Starting…</source>
+        <translation>Startet …</translation>
+    </message>
+    <message id="recording.bar">
+        <source>Recording</source>
+        <translation>Aufnahme</translation>
+    </message>
+    <message id="recording.bar.mic">
+        <source>Microphone</source>
+        <translation>Mikrofon</translation>
+    </message>
+    <message id="recording.bar.mic.none">
+        <source>No microphone</source>
+        <translation>Kein Mikrofon</translation>
+    </message>
+    <message id="recording.bar.camera">
+        <source>Camera</source>
+        <translation>Kamera</translation>
+    </message>
+    <message id="recording.bar.camera.none">
+        <source>No camera</source>
+        <translation>Keine Kamera</translation>
+    </message>
+    <message id="recording.bar.cancel">
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message id="recording.bar.elapsed">
+        <source>Recorded time</source>
+        <translation>Aufgenommene Zeit</translation>
+    </message>
+    <message id="recording.bar.stop">
+        <source>Stop and keep the recording</source>
+        <translation>Anhalten und Aufnahme behalten</translation>
+    </message>
+    <message id="recording.bar.close">
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message id="recording.bar.keys.hidden">
+        <source>A password is being typed: keystrokes are not recorded</source>
+        <translation>Ein Passwort wird eingegeben: Tastendrücke werden nicht aufgezeichnet</translation>
+    </message>
+    <message id="recording.countdown" numerus="yes">
+        <source>Recording starts in %n second(s)</source>
+        <translation>
+            <numerusform>Aufnahme beginnt in %n Sekunde</numerusform>
+            <numerusform>Aufnahme beginnt in %n Sekunden</numerusform>
+        </translation>
+    </message>
+    <message id="alert.ok">
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message id="recording.error.writerSetupFailed">
+        <source>Failed to set up the video writer.</source>
+        <translation>Die Videodatei konnte nicht angelegt werden.</translation>
+    </message>
+    <message id="recording.error.writeFailed">
+        <source>Failed to write the recording.</source>
+        <translation>Die Aufnahme konnte nicht geschrieben werden.</translation>
+    </message>
+    <message id="recording.error.displayNotFound">
+        <source>Could not find the display to record.</source>
+        <translation>Der aufzunehmende Bildschirm wurde nicht gefunden.</translation>
+    </message>
+    <message id="recording.error.windowNotFound">
+        <source>Could not find the window to record.</source>
+        <translation>Das aufzunehmende Fenster wurde nicht gefunden.</translation>
+    </message>
+    <message id="recording.error.micNotFound">
+        <source>Could not find the selected microphone.</source>
+        <translation>Das gewählte Mikrofon wurde nicht gefunden.</translation>
+    </message>
+    <message id="recording.error.cameraNotFound">
+        <source>Could not find the selected camera.</source>
+        <translation>Die gewählte Kamera wurde nicht gefunden.</translation>
+    </message>
+    <message id="toast.recordingFailed">
+        <source>The recording could not be kept</source>
+        <translation>Die Aufnahme konnte nicht behalten werden</translation>
+    </message>
+    <message id="record.keyboard.saveFailed">
+        <source>The recording is complete, but its keystrokes could not be saved</source>
+        <translation>Die Aufnahme ist vollständig, aber ihre Tastendrücke ließen sich nicht sichern</translation>
+    </message>
+    <message id="recording.mic.unavailable">
+        <source>The microphone cannot be used: recording without it</source>
+        <translation>Das Mikrofon lässt sich nicht benutzen: Aufnahme ohne Mikrofon</translation>
+    </message>
+    <message id="recording.mic.lost">
+        <source>The microphone is gone: the recording goes on without sound from it</source>
+        <translation>Das Mikrofon ist weg: Die Aufnahme läuft ohne dessen Ton weiter</translation>
+    </message>
+    <message id="recording.camera.lost">
+        <source>The camera is gone: the recording goes on without it</source>
+        <translation>Die Kamera ist weg: Die Aufnahme läuft ohne sie weiter</translation>
+    </message>
+    <message id="recording.disk.low">
+        <source>The disk has room for about five more minutes of recording</source>
+        <translation>Der Datenträger reicht noch für etwa fünf Minuten Aufnahme</translation>
+    </message>
+    <message id="recording.disk.full">
+        <source>The recording was stopped because the disk is nearly full. Everything so far is kept.</source>
+        <translation>Die Aufnahme wurde angehalten, weil der Datenträger fast voll ist. Alles bis dahin ist gesichert.</translation>
+    </message>
+    <message id="recording.stopped">
+        <source>What was being recorded is gone. The recording up to then is kept.</source>
+        <translation>Was aufgenommen wurde, ist weg. Die Aufnahme bis dahin ist gesichert.</translation>
+    </message>
+    <message id="record.keyboard.permission.title">
+        <source>Keystrokes cannot be recorded</source>
+        <translation>Tastendrücke lassen sich nicht aufzeichnen</translation>
+    </message>
+    <message id="record.keyboard.permission.body">
+        <source>This desktop does not let programs see which keys are pressed. The rest is recorded as usual.</source>
+        <translation>Diese Arbeitsumgebung lässt Programme nicht sehen, welche Tasten gedrückt werden. Alles andere wird wie gewohnt aufgenommen.</translation>
+    </message>
+    <message id="alert.importVideo.unreadable.title">
+        <source>This file cannot be read as a video</source>
+        <translation>Diese Datei lässt sich nicht als Video lesen</translation>
+    </message>
+    <message id="recording.startFailed">
+        <source>The recording could not be started</source>
+        <translation>Die Aufnahme konnte nicht gestartet werden</translation>
+    </message>
+    <message id="recording.region.fullDisplay">
+        <source>Full display</source>
+        <translation>Ganzer Bildschirm</translation>
+    </message>
+    <message id="recording.region.square">
+        <source>Square</source>
+        <translation>Quadrat</translation>
+    </message>
+    <message id="recording.region.presets">
+        <source>Sizes and shapes</source>
+        <translation>Größen und Formen</translation>
+    </message>
+    <message id="recording.region.badge">
+        <source>Size of the recording; drag to move it</source>
+        <translation>Größe der Aufnahme; zum Verschieben ziehen</translation>
+    </message>
+    <message id="recording.region.sizes">
+        <source>%1 px · %2 pt</source>
+        <translation>%1 px · %2 pt</translation>
+    </message>
 </context>
 </TS>

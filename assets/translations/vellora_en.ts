@@ -1519,5 +1519,654 @@
             <source>Distribute Vertically</source>
             <translation>Distribute Vertically</translation>
         </message>
+        <message id="compress.compare.value">
+            <source>%1 % before</source>
+            <translation>%1 % before</translation>
+        </message>
+        <message id="compress.compare.selectOne">
+            <source>Select an image to compare it with its result</source>
+            <translation>Select an image to compare it with its result</translation>
+        </message>
+        <message id="compress.compare.before">
+            <source>Before</source>
+            <translation>Before</translation>
+        </message>
+        <message id="compress.compare.after">
+            <source>After</source>
+            <translation>After</translation>
+        </message>
+        <message id="compress.compare.fit">
+            <source>Show the whole picture</source>
+            <translation>Show the whole picture</translation>
+        </message>
+        <message id="compress.compare.actual">
+            <source>Show at 100 %</source>
+            <translation>Show at 100 %</translation>
+        </message>
+        <message id="compress.compare.zoom">
+            <source>%1 %</source>
+            <translation>%1 %</translation>
+        </message>
+        <message id="compress.compare.busy">
+            <source>The result is being made</source>
+            <translation>The result is being made</translation>
+        </message>
+        <message id="compress.compare.name">
+            <source>Before and after</source>
+            <translation>Before and after</translation>
+        </message>
+        <message id="compress.compare.help">
+            <source>The arrow keys move the divider. B shows only the picture before.</source>
+            <translation>The arrow keys move the divider. B shows only the picture before.</translation>
+        </message>
+        <message id="compress.drop.hint">
+            <source>Drop images or folders here</source>
+            <translation>Drop images or folders here</translation>
+        </message>
+        <message id="compress.drop.more">
+            <source>or paste them with %1. Originals are never changed, and results are never larger.</source>
+            <translation>or paste them with %1. Originals are never changed, and results are never larger.</translation>
+        </message>
+        <message id="compress.drop.choose">
+            <source>Choose Images…</source>
+            <translation>Choose Images…</translation>
+        </message>
+        <message id="compress.cancel">
+            <source>Cancel</source>
+            <translation>Cancel</translation>
+        </message>
+        <message id="compress.cancelTip">
+            <source>Stop compressing (Esc)</source>
+            <translation>Stop compressing (Esc)</translation>
+        </message>
+        <message id="compress.actionOne">
+            <source>Compress 1 Image</source>
+            <translation>Compress 1 Image</translation>
+        </message>
+        <message id="compress.actionMany">
+            <source>Compress %1 Images</source>
+            <translation>Compress %1 Images</translation>
+        </message>
+        <message id="compress.actionNone">
+            <source>Compress</source>
+            <translation>Compress</translation>
+        </message>
+        <message id="compress.progress.count">
+            <source>%1 of %2</source>
+            <translation>%1 of %2</translation>
+        </message>
+        <message id="compress.toast.failed" numerus="yes">
+            <source>%n failed</source>
+            <translation>
+                <numerusform>%n failed</numerusform>
+                <numerusform>%n failed</numerusform>
+            </translation>
+        </message>
+        <message id="compress.row.keptTip">
+            <source>Nothing smaller was found in this format and size</source>
+            <translation>Nothing smaller was found in this format and size</translation>
+        </message>
+        <message id="compress.row.resultTip">
+            <source>Result: %1</source>
+            <translation>Result: %1</translation>
+        </message>
+        <message id="compress.row.flattenedTip">
+            <source>This format cannot be transparent: the background became white</source>
+            <translation>This format cannot be transparent: the background became white</translation>
+        </message>
+        <message id="compress.command.retry">
+            <source>Try Again</source>
+            <translation>Try Again</translation>
+        </message>
+        <message id="compress.command.reveal">
+            <source>Show Result in Folder</source>
+            <translation>Show Result in Folder</translation>
+        </message>
+        <message id="compress.command.remove">
+            <source>Remove from List</source>
+            <translation>Remove from List</translation>
+        </message>
+        <message id="compress.list">
+            <source>Images</source>
+            <translation>Images</translation>
+        </message>
+        <message id="compress.settingsTitle">
+            <source>Settings</source>
+            <translation>Settings</translation>
+        </message>
+        <message id="compress.label.format">
+            <source>Format</source>
+            <translation>Format</translation>
+        </message>
+        <message id="compress.format.original">
+            <source>Original</source>
+            <translation>Original</translation>
+        </message>
+        <message id="compress.format.originalTip">
+            <source>Every image keeps its format</source>
+            <translation>Every image keeps its format</translation>
+        </message>
+        <message id="compress.format.jpegTip">
+            <source>For photos; no transparency</source>
+            <translation>For photos; no transparency</translation>
+        </message>
+        <message id="compress.format.pngTip">
+            <source>Exact to the pixel; for screenshots and drawings</source>
+            <translation>Exact to the pixel; for screenshots and drawings</translation>
+        </message>
+        <message id="compress.format.webpTip">
+            <source>Smallest, for the web; keeps transparency</source>
+            <translation>Smallest, for the web; keeps transparency</translation>
+        </message>
+        <message id="compress.label.quality">
+            <source>Quality</source>
+            <translation>Quality</translation>
+        </message>
+        <message id="compress.quality.percent">
+            <source>%1%</source>
+            <translation>%1%</translation>
+        </message>
+        <message id="compress.quality.unused">
+            <source>Nothing is lost in these formats, so quality changes nothing.</source>
+            <translation>Nothing is lost in these formats, so quality changes nothing.</translation>
+        </message>
+        <message id="compress.label.resize">
+            <source>Resize</source>
+            <translation>Resize</translation>
+        </message>
+        <message id="compress.resize.fixed">
+            <source>%1 – at most %2 px</source>
+            <translation>%1 – at most %2 px</translation>
+        </message>
+        <message id="compress.resize.off">
+            <source>Off</source>
+            <translation>Off</translation>
+        </message>
+        <message id="compress.resize.custom">
+            <source>Custom</source>
+            <translation>Custom</translation>
+        </message>
+        <message id="compress.resize.customTip">
+            <source>Longest edge in pixels. Smaller images stay as they are.</source>
+            <translation>Longest edge in pixels. Smaller images stay as they are.</translation>
+        </message>
+        <message id="compress.resize.pixels">
+            <source>pixels</source>
+            <translation>pixels</translation>
+        </message>
+        <message id="compress.label.output">
+            <source>Save results</source>
+            <translation>Save results</translation>
+        </message>
+        <message id="compress.output.source">
+            <source>Beside the originals</source>
+            <translation>Beside the originals</translation>
+        </message>
+        <message id="compress.output.custom">
+            <source>In another folder</source>
+            <translation>In another folder</translation>
+        </message>
+        <message id="compress.output.choose">
+            <source>Choose…</source>
+            <translation>Choose…</translation>
+        </message>
+        <message id="compress.output.chooseTitle">
+            <source>Choose a folder for the results</source>
+            <translation>Choose a folder for the results</translation>
+        </message>
+        <message id="compress.keepMetadata">
+            <source>Keep metadata</source>
+            <translation>Keep metadata</translation>
+        </message>
+        <message id="compress.keepMetadataHelp">
+            <source>Camera, place, author. Off: nobody learns where a photo was taken.</source>
+            <translation>Camera, place, author. Off: nobody learns where a photo was taken.</translation>
+        </message>
+        <message id="compress.keepDates">
+            <source>Keep dates</source>
+            <translation>Keep dates</translation>
+        </message>
+        <message id="compress.keepDatesHelp">
+            <source>Results get the file dates of their originals.</source>
+            <translation>Results get the file dates of their originals.</translation>
+        </message>
+        <message id="compress.row.kept">
+            <source>Kept as it was</source>
+            <translation>Kept as it was</translation>
+        </message>
+        <message id="compress.row.metadataRemoved">
+            <source>Only metadata removed</source>
+            <translation>Only metadata removed</translation>
+        </message>
+        <message id="compress.size.gigabytes">
+            <source>%1 GB</source>
+            <translation>%1 GB</translation>
+        </message>
+        <message id="compress.size.megabytes">
+            <source>%1 MB</source>
+            <translation>%1 MB</translation>
+        </message>
+        <message id="compress.size.kilobytes">
+            <source>%1 kB</source>
+            <translation>%1 kB</translation>
+        </message>
+        <message id="compress.size.bytes">
+            <source>%1 B</source>
+            <translation>%1 B</translation>
+        </message>
+        <message id="compress.row.smaller">
+            <source>%1% smaller</source>
+            <translation>%1% smaller</translation>
+        </message>
+        <message id="compress.row.larger">
+            <source>%1% larger</source>
+            <translation>%1% larger</translation>
+        </message>
+        <message id="compress.row.pixels">
+            <source>%1 × %2</source>
+            <translation>%1 × %2</translation>
+        </message>
+        <message id="compress.progress.secondsLeft" numerus="yes">
+            <source>%n second(s) left</source>
+            <translation>
+                <numerusform>%n second left</numerusform>
+                <numerusform>%n seconds left</numerusform>
+            </translation>
+        </message>
+        <message id="compress.progress.minutesLeft" numerus="yes">
+            <source>%n minute(s) left</source>
+            <translation>
+                <numerusform>%n minute left</numerusform>
+                <numerusform>%n minutes left</numerusform>
+            </translation>
+        </message>
+        <message id="compress.failure.notFound">
+            <source>The file is no longer there</source>
+            <translation>The file is no longer there</translation>
+        </message>
+        <message id="compress.failure.notPermitted">
+            <source>You are not allowed to read or write here</source>
+            <translation>You are not allowed to read or write here</translation>
+        </message>
+        <message id="compress.failure.notAFile">
+            <source>This is not a file</source>
+            <translation>This is not a file</translation>
+        </message>
+        <message id="compress.failure.notAPicture">
+            <source>This is not an image</source>
+            <translation>This is not an image</translation>
+        </message>
+        <message id="compress.failure.tooLarge">
+            <source>The image is too large</source>
+            <translation>The image is too large</translation>
+        </message>
+        <message id="compress.failure.unsupported">
+            <source>This kind of image is not supported</source>
+            <translation>This kind of image is not supported</translation>
+        </message>
+        <message id="compress.failure.animated">
+            <source>Animations and pages can only keep their format and size</source>
+            <translation>Animations and pages can only keep their format and size</translation>
+        </message>
+        <message id="compress.failure.damaged">
+            <source>The file is damaged</source>
+            <translation>The file is damaged</translation>
+        </message>
+        <message id="compress.failure.outOfMemory">
+            <source>There is not enough memory</source>
+            <translation>There is not enough memory</translation>
+        </message>
+        <message id="compress.failure.cannotEncode">
+            <source>The image does not fit this format</source>
+            <translation>The image does not fit this format</translation>
+        </message>
+        <message id="compress.failure.diskFull">
+            <source>The disk is full</source>
+            <translation>The disk is full</translation>
+        </message>
+        <message id="compress.failure.writeFailed">
+            <source>The result could not be written</source>
+            <translation>The result could not be written</translation>
+        </message>
+        <message id="compress.row.cancelled">
+            <source>Stopped</source>
+            <translation>Stopped</translation>
+        </message>
+        <message id="compress.row.sizes">
+            <source>%1 → %2</source>
+            <translation>%1 → %2</translation>
+        </message>
+        <message id="compress.row.running">
+            <source>Compressing…</source>
+            <translation>Compressing…</translation>
+        </message>
+        <message id="compress.row.same">
+            <source>Same size</source>
+            <translation>Same size</translation>
+        </message>
+        <message id="compress.row.failed">
+            <source>Failed</source>
+            <translation>Failed</translation>
+        </message>
+        <message id="compress.badge.fullSize">
+            <source>Full size</source>
+            <translation>Full size</translation>
+        </message>
+        <message id="compress.badge.maxEdge">
+            <source>At most %1 px</source>
+            <translation>At most %1 px</translation>
+        </message>
+        <message id="compress.badge.sourceFolder">
+            <source>Source folder</source>
+            <translation>Source folder</translation>
+        </message>
+        <message id="compress.title">
+            <source>Compress Images</source>
+            <translation>Compress Images</translation>
+        </message>
+        <message id="compress.command.addImages">
+            <source>Add Images…</source>
+            <translation>Add Images…</translation>
+        </message>
+        <message id="compress.command.addFolder">
+            <source>Add Folder…</source>
+            <translation>Add Folder…</translation>
+        </message>
+        <message id="compress.command.paste">
+            <source>Paste</source>
+            <translation>Paste</translation>
+        </message>
+        <message id="compress.command.compare">
+            <source>Compare Before and After</source>
+            <translation>Compare Before and After</translation>
+        </message>
+        <message id="compress.command.clear">
+            <source>Remove All</source>
+            <translation>Remove All</translation>
+        </message>
+        <message id="compress.command.settings">
+            <source>Show or Hide Settings</source>
+            <translation>Show or Hide Settings</translation>
+        </message>
+        <message id="compress.add">
+            <source>Add</source>
+            <translation>Add</translation>
+        </message>
+        <message id="compress.addTip">
+            <source>Add images, folders, or captures</source>
+            <translation>Add images, folders, or captures</translation>
+        </message>
+        <message id="compress.key.space">
+            <source>Space</source>
+            <translation>Space</translation>
+        </message>
+        <message id="compress.toast.nothingToPaste">
+            <source>There is no image on the clipboard</source>
+            <translation>There is no image on the clipboard</translation>
+        </message>
+        <message id="compress.pastedName">
+            <source>Pasted Image %1</source>
+            <translation>Pasted Image %1</translation>
+        </message>
+        <message id="compress.toast.nothingFound">
+            <source>No new images were found there</source>
+            <translation>No new images were found there</translation>
+        </message>
+        <message id="compress.looking">
+            <source>Looking for images…</source>
+            <translation>Looking for images…</translation>
+        </message>
+        <message id="compress.summary.count" numerus="yes">
+            <source>%n image(s)</source>
+            <translation>
+                <numerusform>%n image</numerusform>
+                <numerusform>%n images</numerusform>
+            </translation>
+        </message>
+        <message id="compress.addImages.title">
+            <source>Add images</source>
+            <translation>Add images</translation>
+        </message>
+        <message id="compress.addImages.filter">
+            <source>Images (%1)</source>
+            <translation>Images (%1)</translation>
+        </message>
+        <message id="compress.addImages.allFiles">
+            <source>All files (*)</source>
+            <translation>All files (*)</translation>
+        </message>
+        <message id="compress.addFolder.title">
+            <source>Add a folder of images</source>
+            <translation>Add a folder of images</translation>
+        </message>
+        <message id="compress.command.captures">
+            <source>Recent Captures</source>
+            <translation>Recent Captures</translation>
+        </message>
+        <message id="compress.toast.done" numerus="yes">
+            <source>%n image(s) compressed</source>
+            <translation>
+                <numerusform>%n image compressed</numerusform>
+                <numerusform>%n images compressed</numerusform>
+            </translation>
+        </message>
+        <message id="compress.toast.savedPercent">
+            <source>%1 saved (%2%)</source>
+            <translation>%1 saved (%2%)</translation>
+        </message>
+        <message id="compress.toast.stopped" numerus="yes">
+            <source>%n stopped</source>
+            <translation>
+                <numerusform>%n stopped</numerusform>
+                <numerusform>%n stopped</numerusform>
+            </translation>
+        </message>
+        <message id="editor.compress">
+            <source>Compress…</source>
+            <translation>Compress…</translation>
+        </message>
+        <message id="recording.bar.level">
+            <source>Level of the microphone</source>
+            <translation>Level of the microphone</translation>
+        </message>
+        <message id="recording.bar.device">
+            <source>%1: %2</source>
+            <translation>%1: %2</translation>
+        </message>
+        <message id="recording.bar.start">
+            <source>Start</source>
+            <translation>Start</translation>
+        </message>
+        <message id="recording.bar.startTip">
+            <source>Start recording (Return)</source>
+            <translation>Start recording (Return)</translation>
+        </message>
+        <message id="recording.camera.close">
+            <source>Turn the camera off</source>
+            <translation>Turn the camera off</translation>
+        </message>
+        <message id="recording.camera">
+            <source>Camera</source>
+            <translation>Camera</translation>
+        </message>
+        <message id="recording.camera.help">
+            <source>Drag to move, turn the wheel to resize</source>
+            <translation>Drag to move, turn the wheel to resize</translation>
+        </message>
+        <message id="recording.bar.resume">
+            <source>Resume</source>
+            <translation>Resume</translation>
+        </message>
+        <message id="recording.bar.pause">
+            <source>Pause</source>
+            <translation>Pause</translation>
+        </message>
+        <message id="recording.bar.sound.on">
+            <source>Sound of the computer: on</source>
+            <translation>Sound of the computer: on</translation>
+        </message>
+        <message id="recording.bar.sound.off">
+            <source>Sound of the computer: off</source>
+            <translation>Sound of the computer: off</translation>
+        </message>
+        <message id="recording.bar.keys.on">
+            <source>Keystrokes are recorded</source>
+            <translation>Keystrokes are recorded</translation>
+        </message>
+        <message id="recording.bar.keys.off">
+            <source>Keystrokes are not recorded</source>
+            <translation>Keystrokes are not recorded</translation>
+        </message>
+        <message id="recording.bar.startingIn">
+            <source>Starting in %1</source>
+            <translation>Starting in %1</translation>
+        </message>
+        <message id="recording.bar.starting">
+            <source>Starting…</source>
+            <translation>Starting…</translation>
+        </message>
+        <message id="recording.bar">
+            <source>Recording</source>
+            <translation>Recording</translation>
+        </message>
+        <message id="recording.bar.mic">
+            <source>Microphone</source>
+            <translation>Microphone</translation>
+        </message>
+        <message id="recording.bar.mic.none">
+            <source>No microphone</source>
+            <translation>No microphone</translation>
+        </message>
+        <message id="recording.bar.camera">
+            <source>Camera</source>
+            <translation>Camera</translation>
+        </message>
+        <message id="recording.bar.camera.none">
+            <source>No camera</source>
+            <translation>No camera</translation>
+        </message>
+        <message id="recording.bar.cancel">
+            <source>Cancel</source>
+            <translation>Cancel</translation>
+        </message>
+        <message id="recording.bar.elapsed">
+            <source>Recorded time</source>
+            <translation>Recorded time</translation>
+        </message>
+        <message id="recording.bar.stop">
+            <source>Stop and keep the recording</source>
+            <translation>Stop and keep the recording</translation>
+        </message>
+        <message id="recording.bar.close">
+            <source>Close</source>
+            <translation>Close</translation>
+        </message>
+        <message id="recording.bar.keys.hidden">
+            <source>A password is being typed: keystrokes are not recorded</source>
+            <translation>A password is being typed: keystrokes are not recorded</translation>
+        </message>
+        <message id="recording.countdown" numerus="yes">
+            <source>Recording starts in %n second(s)</source>
+            <translation>
+                <numerusform>Recording starts in %n second</numerusform>
+                <numerusform>Recording starts in %n seconds</numerusform>
+            </translation>
+        </message>
+        <message id="alert.ok">
+            <source>OK</source>
+            <translation>OK</translation>
+        </message>
+        <message id="recording.error.writerSetupFailed">
+            <source>Failed to set up the video writer.</source>
+            <translation>Failed to set up the video writer.</translation>
+        </message>
+        <message id="recording.error.writeFailed">
+            <source>Failed to write the recording.</source>
+            <translation>Failed to write the recording.</translation>
+        </message>
+        <message id="recording.error.displayNotFound">
+            <source>Could not find the display to record.</source>
+            <translation>Could not find the display to record.</translation>
+        </message>
+        <message id="recording.error.windowNotFound">
+            <source>Could not find the window to record.</source>
+            <translation>Could not find the window to record.</translation>
+        </message>
+        <message id="recording.error.micNotFound">
+            <source>Could not find the selected microphone.</source>
+            <translation>Could not find the selected microphone.</translation>
+        </message>
+        <message id="recording.error.cameraNotFound">
+            <source>Could not find the selected camera.</source>
+            <translation>Could not find the selected camera.</translation>
+        </message>
+        <message id="toast.recordingFailed">
+            <source>The recording could not be kept</source>
+            <translation>The recording could not be kept</translation>
+        </message>
+        <message id="record.keyboard.saveFailed">
+            <source>The recording is complete, but its keystrokes could not be saved</source>
+            <translation>The recording is complete, but its keystrokes could not be saved</translation>
+        </message>
+        <message id="recording.mic.unavailable">
+            <source>The microphone cannot be used: recording without it</source>
+            <translation>The microphone cannot be used: recording without it</translation>
+        </message>
+        <message id="recording.mic.lost">
+            <source>The microphone is gone: the recording goes on without sound from it</source>
+            <translation>The microphone is gone: the recording goes on without sound from it</translation>
+        </message>
+        <message id="recording.camera.lost">
+            <source>The camera is gone: the recording goes on without it</source>
+            <translation>The camera is gone: the recording goes on without it</translation>
+        </message>
+        <message id="recording.disk.low">
+            <source>The disk has room for about five more minutes of recording</source>
+            <translation>The disk has room for about five more minutes of recording</translation>
+        </message>
+        <message id="recording.disk.full">
+            <source>The recording was stopped because the disk is nearly full. Everything so far is kept.</source>
+            <translation>The recording was stopped because the disk is nearly full. Everything so far is kept.</translation>
+        </message>
+        <message id="recording.stopped">
+            <source>What was being recorded is gone. The recording up to then is kept.</source>
+            <translation>What was being recorded is gone. The recording up to then is kept.</translation>
+        </message>
+        <message id="record.keyboard.permission.title">
+            <source>Keystrokes cannot be recorded</source>
+            <translation>Keystrokes cannot be recorded</translation>
+        </message>
+        <message id="record.keyboard.permission.body">
+            <source>This desktop does not let programs see which keys are pressed. The rest is recorded as usual.</source>
+            <translation>This desktop does not let programs see which keys are pressed. The rest is recorded as usual.</translation>
+        </message>
+        <message id="alert.importVideo.unreadable.title">
+            <source>This file cannot be read as a video</source>
+            <translation>This file cannot be read as a video</translation>
+        </message>
+        <message id="recording.startFailed">
+            <source>The recording could not be started</source>
+            <translation>The recording could not be started</translation>
+        </message>
+        <message id="recording.region.fullDisplay">
+            <source>Full display</source>
+            <translation>Full display</translation>
+        </message>
+        <message id="recording.region.square">
+            <source>Square</source>
+            <translation>Square</translation>
+        </message>
+        <message id="recording.region.presets">
+            <source>Sizes and shapes</source>
+            <translation>Sizes and shapes</translation>
+        </message>
+        <message id="recording.region.badge">
+            <source>Size of the recording; drag to move it</source>
+            <translation>Size of the recording; drag to move it</translation>
+        </message>
+        <message id="recording.region.sizes">
+            <source>%1 px · %2 pt</source>
+            <translation>%1 px · %2 pt</translation>
+        </message>
     </context>
 </TS>

@@ -1521,5 +1521,654 @@
         <source>Distribute Vertically</source>
         <translation>Distribuir verticalmente</translation>
     </message>
+    <message id="compress.compare.value">
+        <source>%1 % before</source>
+        <translation>%1 % antes</translation>
+    </message>
+    <message id="compress.compare.selectOne">
+        <source>Select an image to compare it with its result</source>
+        <translation>Selecciona una imagen para compararla con su resultado</translation>
+    </message>
+    <message id="compress.compare.before">
+        <source>Before</source>
+        <translation>Antes</translation>
+    </message>
+    <message id="compress.compare.after">
+        <source>After</source>
+        <translation>Después</translation>
+    </message>
+    <message id="compress.compare.fit">
+        <source>Show the whole picture</source>
+        <translation>Mostrar la imagen entera</translation>
+    </message>
+    <message id="compress.compare.actual">
+        <source>Show at 100 %</source>
+        <translation>Mostrar al 100 %</translation>
+    </message>
+    <message id="compress.compare.zoom">
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message id="compress.compare.busy">
+        <source>The result is being made</source>
+        <translation>Se está creando el resultado</translation>
+    </message>
+    <message id="compress.compare.name">
+        <source>Before and after</source>
+        <translation>Antes y después</translation>
+    </message>
+    <message id="compress.compare.help">
+        <source>The arrow keys move the divider. B shows only the picture before.</source>
+        <translation>Las teclas de flecha mueven el divisor. B muestra solo la imagen de antes.</translation>
+    </message>
+    <message id="compress.drop.hint">
+        <source>Drop images or folders here</source>
+        <translation>Suelta aquí imágenes o carpetas</translation>
+    </message>
+    <message id="compress.drop.more">
+        <source>or paste them with %1. Originals are never changed, and results are never larger.</source>
+        <translation>o pégalas con %1. Los originales nunca se modifican y los resultados nunca son mayores.</translation>
+    </message>
+    <message id="compress.drop.choose">
+        <source>Choose Images…</source>
+        <translation>Elegir imágenes…</translation>
+    </message>
+    <message id="compress.cancel">
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message id="compress.cancelTip">
+        <source>Stop compressing (Esc)</source>
+        <translation>Detener la compresión (Esc)</translation>
+    </message>
+    <message id="compress.actionOne">
+        <source>Compress 1 Image</source>
+        <translation>Comprimir 1 imagen</translation>
+    </message>
+    <message id="compress.actionMany">
+        <source>Compress %1 Images</source>
+        <translation>Comprimir %1 imágenes</translation>
+    </message>
+    <message id="compress.actionNone">
+        <source>Compress</source>
+        <translation>Comprimir</translation>
+    </message>
+    <message id="compress.progress.count">
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
+    </message>
+    <message id="compress.toast.failed" numerus="yes">
+        <source>%n failed</source>
+        <translation>
+            <numerusform>%n con error</numerusform>
+            <numerusform>%n con error</numerusform>
+        </translation>
+    </message>
+    <message id="compress.row.keptTip">
+        <source>Nothing smaller was found in this format and size</source>
+        <translation>No se encontró nada menor en este formato y tamaño</translation>
+    </message>
+    <message id="compress.row.resultTip">
+        <source>Result: %1</source>
+        <translation>Resultado: %1</translation>
+    </message>
+    <message id="compress.row.flattenedTip">
+        <source>This format cannot be transparent: the background became white</source>
+        <translation>Este formato no admite transparencia: el fondo pasó a ser blanco</translation>
+    </message>
+    <message id="compress.command.retry">
+        <source>Try Again</source>
+        <translation>Volver a intentar</translation>
+    </message>
+    <message id="compress.command.reveal">
+        <source>Show Result in Folder</source>
+        <translation>Mostrar el resultado en la carpeta</translation>
+    </message>
+    <message id="compress.command.remove">
+        <source>Remove from List</source>
+        <translation>Quitar de la lista</translation>
+    </message>
+    <message id="compress.list">
+        <source>Images</source>
+        <translation>Imágenes</translation>
+    </message>
+    <message id="compress.settingsTitle">
+        <source>Settings</source>
+        <translation>Ajustes</translation>
+    </message>
+    <message id="compress.label.format">
+        <source>Format</source>
+        <translation>Formato</translation>
+    </message>
+    <message id="compress.format.original">
+        <source>Original</source>
+        <translation>Original</translation>
+    </message>
+    <message id="compress.format.originalTip">
+        <source>Every image keeps its format</source>
+        <translation>Cada imagen conserva su formato</translation>
+    </message>
+    <message id="compress.format.jpegTip">
+        <source>For photos; no transparency</source>
+        <translation>Para fotos; sin transparencia</translation>
+    </message>
+    <message id="compress.format.pngTip">
+        <source>Exact to the pixel; for screenshots and drawings</source>
+        <translation>Exacto al píxel; para capturas y dibujos</translation>
+    </message>
+    <message id="compress.format.webpTip">
+        <source>Smallest, for the web; keeps transparency</source>
+        <translation>El más pequeño, para la web; conserva la transparencia</translation>
+    </message>
+    <message id="compress.label.quality">
+        <source>Quality</source>
+        <translation>Calidad</translation>
+    </message>
+    <message id="compress.quality.percent">
+        <source>%1%</source>
+        <translation>%1 %</translation>
+    </message>
+    <message id="compress.quality.unused">
+        <source>Nothing is lost in these formats, so quality changes nothing.</source>
+        <translation>En estos formatos no se pierde nada, así que la calidad no cambia nada.</translation>
+    </message>
+    <message id="compress.label.resize">
+        <source>Resize</source>
+        <translation>Cambiar tamaño</translation>
+    </message>
+    <message id="compress.resize.fixed">
+        <source>%1 – at most %2 px</source>
+        <translation>%1 – como máximo %2 px</translation>
+    </message>
+    <message id="compress.resize.off">
+        <source>Off</source>
+        <translation>No</translation>
+    </message>
+    <message id="compress.resize.custom">
+        <source>Custom</source>
+        <translation>Personalizado</translation>
+    </message>
+    <message id="compress.resize.customTip">
+        <source>Longest edge in pixels. Smaller images stay as they are.</source>
+        <translation>Lado más largo en píxeles. Las imágenes menores se quedan como están.</translation>
+    </message>
+    <message id="compress.resize.pixels">
+        <source>pixels</source>
+        <translation>píxeles</translation>
+    </message>
+    <message id="compress.label.output">
+        <source>Save results</source>
+        <translation>Guardar resultados</translation>
+    </message>
+    <message id="compress.output.source">
+        <source>Beside the originals</source>
+        <translation>Junto a los originales</translation>
+    </message>
+    <message id="compress.output.custom">
+        <source>In another folder</source>
+        <translation>En otra carpeta</translation>
+    </message>
+    <message id="compress.output.choose">
+        <source>Choose…</source>
+        <translation>Elegir…</translation>
+    </message>
+    <message id="compress.output.chooseTitle">
+        <source>Choose a folder for the results</source>
+        <translation>Elige una carpeta para los resultados</translation>
+    </message>
+    <message id="compress.keepMetadata">
+        <source>Keep metadata</source>
+        <translation>Conservar metadatos</translation>
+    </message>
+    <message id="compress.keepMetadataHelp">
+        <source>Camera, place, author. Off: nobody learns where a photo was taken.</source>
+        <translation>Cámara, lugar, autor. Desactivado: nadie sabe dónde se tomó una foto.</translation>
+    </message>
+    <message id="compress.keepDates">
+        <source>Keep dates</source>
+        <translation>Conservar fechas</translation>
+    </message>
+    <message id="compress.keepDatesHelp">
+        <source>Results get the file dates of their originals.</source>
+        <translation>Los resultados reciben las fechas de sus originales.</translation>
+    </message>
+    <message id="compress.row.kept">
+        <source>Kept as it was</source>
+        <translation>Se quedó como estaba</translation>
+    </message>
+    <message id="compress.row.metadataRemoved">
+        <source>Only metadata removed</source>
+        <translation>Solo se quitaron metadatos</translation>
+    </message>
+    <message id="compress.size.gigabytes">
+        <source>%1 GB</source>
+        <translation>%1 GB</translation>
+    </message>
+    <message id="compress.size.megabytes">
+        <source>%1 MB</source>
+        <translation>%1 MB</translation>
+    </message>
+    <message id="compress.size.kilobytes">
+        <source>%1 kB</source>
+        <translation>%1 kB</translation>
+    </message>
+    <message id="compress.size.bytes">
+        <source>%1 B</source>
+        <translation>%1 B</translation>
+    </message>
+    <message id="compress.row.smaller">
+        <source>%1% smaller</source>
+        <translation>%1 % menos</translation>
+    </message>
+    <message id="compress.row.larger">
+        <source>%1% larger</source>
+        <translation>%1 % más</translation>
+    </message>
+    <message id="compress.row.pixels">
+        <source>%1 × %2</source>
+        <translation>%1 × %2</translation>
+    </message>
+    <message id="compress.progress.secondsLeft" numerus="yes">
+        <source>%n second(s) left</source>
+        <translation>
+            <numerusform>queda %n segundo</numerusform>
+            <numerusform>quedan %n segundos</numerusform>
+        </translation>
+    </message>
+    <message id="compress.progress.minutesLeft" numerus="yes">
+        <source>%n minute(s) left</source>
+        <translation>
+            <numerusform>queda %n minuto</numerusform>
+            <numerusform>quedan %n minutos</numerusform>
+        </translation>
+    </message>
+    <message id="compress.failure.notFound">
+        <source>The file is no longer there</source>
+        <translation>El archivo ya no está</translation>
+    </message>
+    <message id="compress.failure.notPermitted">
+        <source>You are not allowed to read or write here</source>
+        <translation>No tienes permiso para leer o escribir aquí</translation>
+    </message>
+    <message id="compress.failure.notAFile">
+        <source>This is not a file</source>
+        <translation>Esto no es un archivo</translation>
+    </message>
+    <message id="compress.failure.notAPicture">
+        <source>This is not an image</source>
+        <translation>Esto no es una imagen</translation>
+    </message>
+    <message id="compress.failure.tooLarge">
+        <source>The image is too large</source>
+        <translation>La imagen es demasiado grande</translation>
+    </message>
+    <message id="compress.failure.unsupported">
+        <source>This kind of image is not supported</source>
+        <translation>Este tipo de imagen no se admite</translation>
+    </message>
+    <message id="compress.failure.animated">
+        <source>Animations and pages can only keep their format and size</source>
+        <translation>Las animaciones y páginas solo pueden conservar su formato y tamaño</translation>
+    </message>
+    <message id="compress.failure.damaged">
+        <source>The file is damaged</source>
+        <translation>El archivo está dañado</translation>
+    </message>
+    <message id="compress.failure.outOfMemory">
+        <source>There is not enough memory</source>
+        <translation>No hay memoria suficiente</translation>
+    </message>
+    <message id="compress.failure.cannotEncode">
+        <source>The image does not fit this format</source>
+        <translation>La imagen no cabe en este formato</translation>
+    </message>
+    <message id="compress.failure.diskFull">
+        <source>The disk is full</source>
+        <translation>El disco está lleno</translation>
+    </message>
+    <message id="compress.failure.writeFailed">
+        <source>The result could not be written</source>
+        <translation>No se pudo escribir el resultado</translation>
+    </message>
+    <message id="compress.row.cancelled">
+        <source>Stopped</source>
+        <translation>Detenida</translation>
+    </message>
+    <message id="compress.row.sizes">
+        <source>%1 → %2</source>
+        <translation>%1 → %2</translation>
+    </message>
+    <message id="compress.row.running">
+        <source>Compressing…</source>
+        <translation>Comprimiendo…</translation>
+    </message>
+    <message id="compress.row.same">
+        <source>Same size</source>
+        <translation>Mismo tamaño</translation>
+    </message>
+    <message id="compress.row.failed">
+        <source>Failed</source>
+        <translation>Error</translation>
+    </message>
+    <message id="compress.badge.fullSize">
+        <source>Full size</source>
+        <translation>Tamaño completo</translation>
+    </message>
+    <message id="compress.badge.maxEdge">
+        <source>At most %1 px</source>
+        <translation>Máximo %1 px</translation>
+    </message>
+    <message id="compress.badge.sourceFolder">
+        <source>Source folder</source>
+        <translation>Carpeta de origen</translation>
+    </message>
+    <message id="compress.title">
+        <source>Compress Images</source>
+        <translation>Comprimir imágenes</translation>
+    </message>
+    <message id="compress.command.addImages">
+        <source>Add Images…</source>
+        <translation>Añadir imágenes…</translation>
+    </message>
+    <message id="compress.command.addFolder">
+        <source>Add Folder…</source>
+        <translation>Añadir carpeta…</translation>
+    </message>
+    <message id="compress.command.paste">
+        <source>Paste</source>
+        <translation>Pegar</translation>
+    </message>
+    <message id="compress.command.compare">
+        <source>Compare Before and After</source>
+        <translation>Comparar antes y después</translation>
+    </message>
+    <message id="compress.command.clear">
+        <source>Remove All</source>
+        <translation>Quitar todas</translation>
+    </message>
+    <message id="compress.command.settings">
+        <source>Show or Hide Settings</source>
+        <translation>Mostrar u ocultar ajustes</translation>
+    </message>
+    <message id="compress.add">
+        <source>Add</source>
+        <translation>Añadir</translation>
+    </message>
+    <message id="compress.addTip">
+        <source>Add images, folders, or captures</source>
+        <translation>Añadir imágenes, carpetas o capturas</translation>
+    </message>
+    <message id="compress.key.space">
+        <source>Space</source>
+        <translation>Espacio</translation>
+    </message>
+    <message id="compress.toast.nothingToPaste">
+        <source>There is no image on the clipboard</source>
+        <translation>No hay ninguna imagen en el portapapeles</translation>
+    </message>
+    <message id="compress.pastedName">
+        <source>Pasted Image %1</source>
+        <translation>Imagen pegada %1</translation>
+    </message>
+    <message id="compress.toast.nothingFound">
+        <source>No new images were found there</source>
+        <translation>No se encontraron imágenes nuevas ahí</translation>
+    </message>
+    <message id="compress.looking">
+        <source>Looking for images…</source>
+        <translation>Buscando imágenes…</translation>
+    </message>
+    <message id="compress.summary.count" numerus="yes">
+        <source>%n image(s)</source>
+        <translation>
+            <numerusform>%n imagen</numerusform>
+            <numerusform>%n imágenes</numerusform>
+        </translation>
+    </message>
+    <message id="compress.addImages.title">
+        <source>Add images</source>
+        <translation>Añadir imágenes</translation>
+    </message>
+    <message id="compress.addImages.filter">
+        <source>Images (%1)</source>
+        <translation>Imágenes (%1)</translation>
+    </message>
+    <message id="compress.addImages.allFiles">
+        <source>All files (*)</source>
+        <translation>Todos los archivos (*)</translation>
+    </message>
+    <message id="compress.addFolder.title">
+        <source>Add a folder of images</source>
+        <translation>Añadir una carpeta de imágenes</translation>
+    </message>
+    <message id="compress.command.captures">
+        <source>Recent Captures</source>
+        <translation>Capturas recientes</translation>
+    </message>
+    <message id="compress.toast.done" numerus="yes">
+        <source>%n image(s) compressed</source>
+        <translation>
+            <numerusform>%n imagen comprimida</numerusform>
+            <numerusform>%n imágenes comprimidas</numerusform>
+        </translation>
+    </message>
+    <message id="compress.toast.savedPercent">
+        <source>%1 saved (%2%)</source>
+        <translation>%1 ahorrados (%2 %)</translation>
+    </message>
+    <message id="compress.toast.stopped" numerus="yes">
+        <source>%n stopped</source>
+        <translation>
+            <numerusform>%n detenida</numerusform>
+            <numerusform>%n detenidas</numerusform>
+        </translation>
+    </message>
+    <message id="editor.compress">
+        <source>Compress…</source>
+        <translation>Comprimir…</translation>
+    </message>
+    <message id="recording.bar.level">
+        <source>Level of the microphone</source>
+        <translation>Nivel del micrófono</translation>
+    </message>
+    <message id="recording.bar.device">
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message id="recording.bar.start">
+        <source>Start</source>
+        <translation>Iniciar</translation>
+    </message>
+    <message id="recording.bar.startTip">
+        <source>Start recording (Return)</source>
+        <translation>Iniciar la grabación (Intro)</translation>
+    </message>
+    <message id="recording.camera.close">
+        <source>Turn the camera off</source>
+        <translation>Apagar la cámara</translation>
+    </message>
+    <message id="recording.camera">
+        <source>Camera</source>
+        <translation>Cámara</translation>
+    </message>
+    <message id="recording.camera.help">
+        <source>Drag to move, turn the wheel to resize</source>
+        <translation>Arrastra para mover, gira la rueda para cambiar el tamaño</translation>
+    </message>
+    <message id="recording.bar.resume">
+        <source>Resume</source>
+        <translation>Reanudar</translation>
+    </message>
+    <message id="recording.bar.pause">
+        <source>Pause</source>
+        <translation>Pausar</translation>
+    </message>
+    <message id="recording.bar.sound.on">
+        <source>Sound of the computer: on</source>
+        <translation>Sonido del equipo: sí</translation>
+    </message>
+    <message id="recording.bar.sound.off">
+        <source>Sound of the computer: off</source>
+        <translation>Sonido del equipo: no</translation>
+    </message>
+    <message id="recording.bar.keys.on">
+        <source>Keystrokes are recorded</source>
+        <translation>Se graban las pulsaciones</translation>
+    </message>
+    <message id="recording.bar.keys.off">
+        <source>Keystrokes are not recorded</source>
+        <translation>No se graban las pulsaciones</translation>
+    </message>
+    <message id="recording.bar.startingIn">
+        <source>Starting in %1</source>
+        <translation>Empieza en %1</translation>
+    </message>
+    <message id="recording.bar.starting">
+        <source>Starting…</source>
+        <translation>Iniciando…</translation>
+    </message>
+    <message id="recording.bar">
+        <source>Recording</source>
+        <translation>Grabación</translation>
+    </message>
+    <message id="recording.bar.mic">
+        <source>Microphone</source>
+        <translation>Micrófono</translation>
+    </message>
+    <message id="recording.bar.mic.none">
+        <source>No microphone</source>
+        <translation>Sin micrófono</translation>
+    </message>
+    <message id="recording.bar.camera">
+        <source>Camera</source>
+        <translation>Cámara</translation>
+    </message>
+    <message id="recording.bar.camera.none">
+        <source>No camera</source>
+        <translation>Sin cámara</translation>
+    </message>
+    <message id="recording.bar.cancel">
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message id="recording.bar.elapsed">
+        <source>Recorded time</source>
+        <translation>Tiempo grabado</translation>
+    </message>
+    <message id="recording.bar.stop">
+        <source>Stop and keep the recording</source>
+        <translation>Detener y conservar la grabación</translation>
+    </message>
+    <message id="recording.bar.close">
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message id="recording.bar.keys.hidden">
+        <source>A password is being typed: keystrokes are not recorded</source>
+        <translation>Se está escribiendo una contraseña: no se graban las pulsaciones</translation>
+    </message>
+    <message id="recording.countdown" numerus="yes">
+        <source>Recording starts in %n second(s)</source>
+        <translation>
+            <numerusform>La grabación empieza en %n segundo</numerusform>
+            <numerusform>La grabación empieza en %n segundos</numerusform>
+        </translation>
+    </message>
+    <message id="alert.ok">
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+    <message id="recording.error.writerSetupFailed">
+        <source>Failed to set up the video writer.</source>
+        <translation>No se pudo preparar la escritura del vídeo.</translation>
+    </message>
+    <message id="recording.error.writeFailed">
+        <source>Failed to write the recording.</source>
+        <translation>No se pudo escribir la grabación.</translation>
+    </message>
+    <message id="recording.error.displayNotFound">
+        <source>Could not find the display to record.</source>
+        <translation>No se encontró la pantalla que grabar.</translation>
+    </message>
+    <message id="recording.error.windowNotFound">
+        <source>Could not find the window to record.</source>
+        <translation>No se encontró la ventana que grabar.</translation>
+    </message>
+    <message id="recording.error.micNotFound">
+        <source>Could not find the selected microphone.</source>
+        <translation>No se encontró el micrófono elegido.</translation>
+    </message>
+    <message id="recording.error.cameraNotFound">
+        <source>Could not find the selected camera.</source>
+        <translation>No se encontró la cámara elegida.</translation>
+    </message>
+    <message id="toast.recordingFailed">
+        <source>The recording could not be kept</source>
+        <translation>No se pudo conservar la grabación</translation>
+    </message>
+    <message id="record.keyboard.saveFailed">
+        <source>The recording is complete, but its keystrokes could not be saved</source>
+        <translation>La grabación está completa, pero no se pudieron guardar sus pulsaciones</translation>
+    </message>
+    <message id="recording.mic.unavailable">
+        <source>The microphone cannot be used: recording without it</source>
+        <translation>No se puede usar el micrófono: se graba sin él</translation>
+    </message>
+    <message id="recording.mic.lost">
+        <source>The microphone is gone: the recording goes on without sound from it</source>
+        <translation>El micrófono se desconectó: la grabación sigue sin su sonido</translation>
+    </message>
+    <message id="recording.camera.lost">
+        <source>The camera is gone: the recording goes on without it</source>
+        <translation>La cámara se desconectó: la grabación sigue sin ella</translation>
+    </message>
+    <message id="recording.disk.low">
+        <source>The disk has room for about five more minutes of recording</source>
+        <translation>Queda espacio en disco para unos cinco minutos de grabación</translation>
+    </message>
+    <message id="recording.disk.full">
+        <source>The recording was stopped because the disk is nearly full. Everything so far is kept.</source>
+        <translation>La grabación se detuvo porque el disco está casi lleno. Se conserva todo lo anterior.</translation>
+    </message>
+    <message id="recording.stopped">
+        <source>What was being recorded is gone. The recording up to then is kept.</source>
+        <translation>Lo que se grababa ya no está. Se conserva la grabación hasta ese momento.</translation>
+    </message>
+    <message id="record.keyboard.permission.title">
+        <source>Keystrokes cannot be recorded</source>
+        <translation>No se pueden grabar las pulsaciones</translation>
+    </message>
+    <message id="record.keyboard.permission.body">
+        <source>This desktop does not let programs see which keys are pressed. The rest is recorded as usual.</source>
+        <translation>Este escritorio no deja que los programas vean qué teclas se pulsan. El resto se graba como siempre.</translation>
+    </message>
+    <message id="alert.importVideo.unreadable.title">
+        <source>This file cannot be read as a video</source>
+        <translation>Este archivo no se puede leer como vídeo</translation>
+    </message>
+    <message id="recording.startFailed">
+        <source>The recording could not be started</source>
+        <translation>No se pudo iniciar la grabación</translation>
+    </message>
+    <message id="recording.region.fullDisplay">
+        <source>Full display</source>
+        <translation>Pantalla completa</translation>
+    </message>
+    <message id="recording.region.square">
+        <source>Square</source>
+        <translation>Cuadrado</translation>
+    </message>
+    <message id="recording.region.presets">
+        <source>Sizes and shapes</source>
+        <translation>Tamaños y formas</translation>
+    </message>
+    <message id="recording.region.badge">
+        <source>Size of the recording; drag to move it</source>
+        <translation>Tamaño de la grabación; arrastra para mover</translation>
+    </message>
+    <message id="recording.region.sizes">
+        <source>%1 px · %2 pt</source>
+        <translation>%1 px · %2 pt</translation>
+    </message>
 </context>
 </TS>

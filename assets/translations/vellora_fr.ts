@@ -1521,5 +1521,654 @@
         <source>Distribute Vertically</source>
         <translation>Répartir verticalement</translation>
     </message>
+    <message id="compress.compare.value">
+        <source>%1 % before</source>
+        <translation>%1 % avant</translation>
+    </message>
+    <message id="compress.compare.selectOne">
+        <source>Select an image to compare it with its result</source>
+        <translation>Sélectionnez une image pour la comparer à son résultat</translation>
+    </message>
+    <message id="compress.compare.before">
+        <source>Before</source>
+        <translation>Avant</translation>
+    </message>
+    <message id="compress.compare.after">
+        <source>After</source>
+        <translation>Après</translation>
+    </message>
+    <message id="compress.compare.fit">
+        <source>Show the whole picture</source>
+        <translation>Afficher l’image entière</translation>
+    </message>
+    <message id="compress.compare.actual">
+        <source>Show at 100 %</source>
+        <translation>Afficher à 100 %</translation>
+    </message>
+    <message id="compress.compare.zoom">
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message id="compress.compare.busy">
+        <source>The result is being made</source>
+        <translation>Le résultat est en cours de création</translation>
+    </message>
+    <message id="compress.compare.name">
+        <source>Before and after</source>
+        <translation>Avant et après</translation>
+    </message>
+    <message id="compress.compare.help">
+        <source>The arrow keys move the divider. B shows only the picture before.</source>
+        <translation>Les touches fléchées déplacent le séparateur. B n’affiche que l’image d’avant.</translation>
+    </message>
+    <message id="compress.drop.hint">
+        <source>Drop images or folders here</source>
+        <translation>Déposez des images ou des dossiers ici</translation>
+    </message>
+    <message id="compress.drop.more">
+        <source>or paste them with %1. Originals are never changed, and results are never larger.</source>
+        <translation>ou collez-les avec %1. Les originaux ne sont jamais modifiés et les résultats ne sont jamais plus gros.</translation>
+    </message>
+    <message id="compress.drop.choose">
+        <source>Choose Images…</source>
+        <translation>Choisir des images…</translation>
+    </message>
+    <message id="compress.cancel">
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message id="compress.cancelTip">
+        <source>Stop compressing (Esc)</source>
+        <translation>Arrêter la compression (Échap)</translation>
+    </message>
+    <message id="compress.actionOne">
+        <source>Compress 1 Image</source>
+        <translation>Compresser 1 image</translation>
+    </message>
+    <message id="compress.actionMany">
+        <source>Compress %1 Images</source>
+        <translation>Compresser %1 images</translation>
+    </message>
+    <message id="compress.actionNone">
+        <source>Compress</source>
+        <translation>Compresser</translation>
+    </message>
+    <message id="compress.progress.count">
+        <source>%1 of %2</source>
+        <translation>%1 sur %2</translation>
+    </message>
+    <message id="compress.toast.failed" numerus="yes">
+        <source>%n failed</source>
+        <translation>
+            <numerusform>%n échec</numerusform>
+            <numerusform>%n échecs</numerusform>
+        </translation>
+    </message>
+    <message id="compress.row.keptTip">
+        <source>Nothing smaller was found in this format and size</source>
+        <translation>Rien de plus petit n’a été trouvé dans ce format et cette taille</translation>
+    </message>
+    <message id="compress.row.resultTip">
+        <source>Result: %1</source>
+        <translation>Résultat : %1</translation>
+    </message>
+    <message id="compress.row.flattenedTip">
+        <source>This format cannot be transparent: the background became white</source>
+        <translation>Ce format ne connaît pas la transparence : le fond est devenu blanc</translation>
+    </message>
+    <message id="compress.command.retry">
+        <source>Try Again</source>
+        <translation>Réessayer</translation>
+    </message>
+    <message id="compress.command.reveal">
+        <source>Show Result in Folder</source>
+        <translation>Afficher le résultat dans son dossier</translation>
+    </message>
+    <message id="compress.command.remove">
+        <source>Remove from List</source>
+        <translation>Retirer de la liste</translation>
+    </message>
+    <message id="compress.list">
+        <source>Images</source>
+        <translation>Images</translation>
+    </message>
+    <message id="compress.settingsTitle">
+        <source>Settings</source>
+        <translation>Réglages</translation>
+    </message>
+    <message id="compress.label.format">
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message id="compress.format.original">
+        <source>Original</source>
+        <translation>Original</translation>
+    </message>
+    <message id="compress.format.originalTip">
+        <source>Every image keeps its format</source>
+        <translation>Chaque image garde son format</translation>
+    </message>
+    <message id="compress.format.jpegTip">
+        <source>For photos; no transparency</source>
+        <translation>Pour les photos ; sans transparence</translation>
+    </message>
+    <message id="compress.format.pngTip">
+        <source>Exact to the pixel; for screenshots and drawings</source>
+        <translation>Exact au pixel près ; pour captures et dessins</translation>
+    </message>
+    <message id="compress.format.webpTip">
+        <source>Smallest, for the web; keeps transparency</source>
+        <translation>Le plus petit, pour le Web ; garde la transparence</translation>
+    </message>
+    <message id="compress.label.quality">
+        <source>Quality</source>
+        <translation>Qualité</translation>
+    </message>
+    <message id="compress.quality.percent">
+        <source>%1%</source>
+        <translation>%1 %</translation>
+    </message>
+    <message id="compress.quality.unused">
+        <source>Nothing is lost in these formats, so quality changes nothing.</source>
+        <translation>Rien ne se perd dans ces formats, la qualité n’y change donc rien.</translation>
+    </message>
+    <message id="compress.label.resize">
+        <source>Resize</source>
+        <translation>Redimensionner</translation>
+    </message>
+    <message id="compress.resize.fixed">
+        <source>%1 – at most %2 px</source>
+        <translation>%1 – au plus %2 px</translation>
+    </message>
+    <message id="compress.resize.off">
+        <source>Off</source>
+        <translation>Désactivé</translation>
+    </message>
+    <message id="compress.resize.custom">
+        <source>Custom</source>
+        <translation>Personnalisé</translation>
+    </message>
+    <message id="compress.resize.customTip">
+        <source>Longest edge in pixels. Smaller images stay as they are.</source>
+        <translation>Plus grand côté en pixels. Les images plus petites restent telles quelles.</translation>
+    </message>
+    <message id="compress.resize.pixels">
+        <source>pixels</source>
+        <translation>pixels</translation>
+    </message>
+    <message id="compress.label.output">
+        <source>Save results</source>
+        <translation>Enregistrer les résultats</translation>
+    </message>
+    <message id="compress.output.source">
+        <source>Beside the originals</source>
+        <translation>À côté des originaux</translation>
+    </message>
+    <message id="compress.output.custom">
+        <source>In another folder</source>
+        <translation>Dans un autre dossier</translation>
+    </message>
+    <message id="compress.output.choose">
+        <source>Choose…</source>
+        <translation>Choisir…</translation>
+    </message>
+    <message id="compress.output.chooseTitle">
+        <source>Choose a folder for the results</source>
+        <translation>Choisir un dossier pour les résultats</translation>
+    </message>
+    <message id="compress.keepMetadata">
+        <source>Keep metadata</source>
+        <translation>Garder les métadonnées</translation>
+    </message>
+    <message id="compress.keepMetadataHelp">
+        <source>Camera, place, author. Off: nobody learns where a photo was taken.</source>
+        <translation>Appareil, lieu, auteur. Désactivé : personne ne sait où une photo a été prise.</translation>
+    </message>
+    <message id="compress.keepDates">
+        <source>Keep dates</source>
+        <translation>Garder les dates</translation>
+    </message>
+    <message id="compress.keepDatesHelp">
+        <source>Results get the file dates of their originals.</source>
+        <translation>Les résultats reçoivent les dates de leurs originaux.</translation>
+    </message>
+    <message id="compress.row.kept">
+        <source>Kept as it was</source>
+        <translation>Laissée telle quelle</translation>
+    </message>
+    <message id="compress.row.metadataRemoved">
+        <source>Only metadata removed</source>
+        <translation>Métadonnées seules retirées</translation>
+    </message>
+    <message id="compress.size.gigabytes">
+        <source>%1 GB</source>
+        <translation>%1 Go</translation>
+    </message>
+    <message id="compress.size.megabytes">
+        <source>%1 MB</source>
+        <translation>%1 Mo</translation>
+    </message>
+    <message id="compress.size.kilobytes">
+        <source>%1 kB</source>
+        <translation>%1 ko</translation>
+    </message>
+    <message id="compress.size.bytes">
+        <source>%1 B</source>
+        <translation>%1 o</translation>
+    </message>
+    <message id="compress.row.smaller">
+        <source>%1% smaller</source>
+        <translation>%1 % de moins</translation>
+    </message>
+    <message id="compress.row.larger">
+        <source>%1% larger</source>
+        <translation>%1 % de plus</translation>
+    </message>
+    <message id="compress.row.pixels">
+        <source>%1 × %2</source>
+        <translation>%1 × %2</translation>
+    </message>
+    <message id="compress.progress.secondsLeft" numerus="yes">
+        <source>%n second(s) left</source>
+        <translation>
+            <numerusform>%n seconde restante</numerusform>
+            <numerusform>%n secondes restantes</numerusform>
+        </translation>
+    </message>
+    <message id="compress.progress.minutesLeft" numerus="yes">
+        <source>%n minute(s) left</source>
+        <translation>
+            <numerusform>%n minute restante</numerusform>
+            <numerusform>%n minutes restantes</numerusform>
+        </translation>
+    </message>
+    <message id="compress.failure.notFound">
+        <source>The file is no longer there</source>
+        <translation>Le fichier n’est plus là</translation>
+    </message>
+    <message id="compress.failure.notPermitted">
+        <source>You are not allowed to read or write here</source>
+        <translation>Vous n’avez pas le droit de lire ou d’écrire ici</translation>
+    </message>
+    <message id="compress.failure.notAFile">
+        <source>This is not a file</source>
+        <translation>Ce n’est pas un fichier</translation>
+    </message>
+    <message id="compress.failure.notAPicture">
+        <source>This is not an image</source>
+        <translation>Ce n’est pas une image</translation>
+    </message>
+    <message id="compress.failure.tooLarge">
+        <source>The image is too large</source>
+        <translation>L’image est trop grande</translation>
+    </message>
+    <message id="compress.failure.unsupported">
+        <source>This kind of image is not supported</source>
+        <translation>Ce type d’image n’est pas pris en charge</translation>
+    </message>
+    <message id="compress.failure.animated">
+        <source>Animations and pages can only keep their format and size</source>
+        <translation>Les animations et les pages ne peuvent que garder leur format et leur taille</translation>
+    </message>
+    <message id="compress.failure.damaged">
+        <source>The file is damaged</source>
+        <translation>Le fichier est endommagé</translation>
+    </message>
+    <message id="compress.failure.outOfMemory">
+        <source>There is not enough memory</source>
+        <translation>La mémoire est insuffisante</translation>
+    </message>
+    <message id="compress.failure.cannotEncode">
+        <source>The image does not fit this format</source>
+        <translation>L’image ne convient pas à ce format</translation>
+    </message>
+    <message id="compress.failure.diskFull">
+        <source>The disk is full</source>
+        <translation>Le disque est plein</translation>
+    </message>
+    <message id="compress.failure.writeFailed">
+        <source>The result could not be written</source>
+        <translation>Le résultat n’a pas pu être écrit</translation>
+    </message>
+    <message id="compress.row.cancelled">
+        <source>Stopped</source>
+        <translation>Arrêtée</translation>
+    </message>
+    <message id="compress.row.sizes">
+        <source>%1 → %2</source>
+        <translation>%1 → %2</translation>
+    </message>
+    <message id="compress.row.running">
+        <source>Compressing…</source>
+        <translation>Compression…</translation>
+    </message>
+    <message id="compress.row.same">
+        <source>Same size</source>
+        <translation>Même taille</translation>
+    </message>
+    <message id="compress.row.failed">
+        <source>Failed</source>
+        <translation>Échec</translation>
+    </message>
+    <message id="compress.badge.fullSize">
+        <source>Full size</source>
+        <translation>Taille réelle</translation>
+    </message>
+    <message id="compress.badge.maxEdge">
+        <source>At most %1 px</source>
+        <translation>Au plus %1 px</translation>
+    </message>
+    <message id="compress.badge.sourceFolder">
+        <source>Source folder</source>
+        <translation>Dossier source</translation>
+    </message>
+    <message id="compress.title">
+        <source>Compress Images</source>
+        <translation>Compresser des images</translation>
+    </message>
+    <message id="compress.command.addImages">
+        <source>Add Images…</source>
+        <translation>Ajouter des images…</translation>
+    </message>
+    <message id="compress.command.addFolder">
+        <source>Add Folder…</source>
+        <translation>Ajouter un dossier…</translation>
+    </message>
+    <message id="compress.command.paste">
+        <source>Paste</source>
+        <translation>Coller</translation>
+    </message>
+    <message id="compress.command.compare">
+        <source>Compare Before and After</source>
+        <translation>Comparer avant et après</translation>
+    </message>
+    <message id="compress.command.clear">
+        <source>Remove All</source>
+        <translation>Tout retirer</translation>
+    </message>
+    <message id="compress.command.settings">
+        <source>Show or Hide Settings</source>
+        <translation>Afficher ou masquer les réglages</translation>
+    </message>
+    <message id="compress.add">
+        <source>Add</source>
+        <translation>Ajouter</translation>
+    </message>
+    <message id="compress.addTip">
+        <source>Add images, folders, or captures</source>
+        <translation>Ajouter des images, des dossiers ou des captures</translation>
+    </message>
+    <message id="compress.key.space">
+        <source>Space</source>
+        <translation>Espace</translation>
+    </message>
+    <message id="compress.toast.nothingToPaste">
+        <source>There is no image on the clipboard</source>
+        <translation>Il n’y a pas d’image dans le presse-papiers</translation>
+    </message>
+    <message id="compress.pastedName">
+        <source>Pasted Image %1</source>
+        <translation>Image collée %1</translation>
+    </message>
+    <message id="compress.toast.nothingFound">
+        <source>No new images were found there</source>
+        <translation>Aucune nouvelle image n’y a été trouvée</translation>
+    </message>
+    <message id="compress.looking">
+        <source>Looking for images…</source>
+        <translation>Recherche d’images…</translation>
+    </message>
+    <message id="compress.summary.count" numerus="yes">
+        <source>%n image(s)</source>
+        <translation>
+            <numerusform>%n image</numerusform>
+            <numerusform>%n images</numerusform>
+        </translation>
+    </message>
+    <message id="compress.addImages.title">
+        <source>Add images</source>
+        <translation>Ajouter des images</translation>
+    </message>
+    <message id="compress.addImages.filter">
+        <source>Images (%1)</source>
+        <translation>Images (%1)</translation>
+    </message>
+    <message id="compress.addImages.allFiles">
+        <source>All files (*)</source>
+        <translation>Tous les fichiers (*)</translation>
+    </message>
+    <message id="compress.addFolder.title">
+        <source>Add a folder of images</source>
+        <translation>Ajouter un dossier d’images</translation>
+    </message>
+    <message id="compress.command.captures">
+        <source>Recent Captures</source>
+        <translation>Captures récentes</translation>
+    </message>
+    <message id="compress.toast.done" numerus="yes">
+        <source>%n image(s) compressed</source>
+        <translation>
+            <numerusform>%n image compressée</numerusform>
+            <numerusform>%n images compressées</numerusform>
+        </translation>
+    </message>
+    <message id="compress.toast.savedPercent">
+        <source>%1 saved (%2%)</source>
+        <translation>%1 économisés (%2 %)</translation>
+    </message>
+    <message id="compress.toast.stopped" numerus="yes">
+        <source>%n stopped</source>
+        <translation>
+            <numerusform>%n arrêtée</numerusform>
+            <numerusform>%n arrêtées</numerusform>
+        </translation>
+    </message>
+    <message id="editor.compress">
+        <source>Compress…</source>
+        <translation>Compresser…</translation>
+    </message>
+    <message id="recording.bar.level">
+        <source>Level of the microphone</source>
+        <translation>Niveau du micro</translation>
+    </message>
+    <message id="recording.bar.device">
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+    <message id="recording.bar.start">
+        <source>Start</source>
+        <translation>Démarrer</translation>
+    </message>
+    <message id="recording.bar.startTip">
+        <source>Start recording (Return)</source>
+        <translation>Démarrer l’enregistrement (Entrée)</translation>
+    </message>
+    <message id="recording.camera.close">
+        <source>Turn the camera off</source>
+        <translation>Éteindre la caméra</translation>
+    </message>
+    <message id="recording.camera">
+        <source>Camera</source>
+        <translation>Caméra</translation>
+    </message>
+    <message id="recording.camera.help">
+        <source>Drag to move, turn the wheel to resize</source>
+        <translation>Faites glisser pour déplacer, tournez la molette pour redimensionner</translation>
+    </message>
+    <message id="recording.bar.resume">
+        <source>Resume</source>
+        <translation>Reprendre</translation>
+    </message>
+    <message id="recording.bar.pause">
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message id="recording.bar.sound.on">
+        <source>Sound of the computer: on</source>
+        <translation>Son de l’ordinateur : activé</translation>
+    </message>
+    <message id="recording.bar.sound.off">
+        <source>Sound of the computer: off</source>
+        <translation>Son de l’ordinateur : désactivé</translation>
+    </message>
+    <message id="recording.bar.keys.on">
+        <source>Keystrokes are recorded</source>
+        <translation>Les touches sont enregistrées</translation>
+    </message>
+    <message id="recording.bar.keys.off">
+        <source>Keystrokes are not recorded</source>
+        <translation>Les touches ne sont pas enregistrées</translation>
+    </message>
+    <message id="recording.bar.startingIn">
+        <source>Starting in %1</source>
+        <translation>Début dans %1</translation>
+    </message>
+    <message id="recording.bar.starting">
+        <source>Starting…</source>
+        <translation>Démarrage…</translation>
+    </message>
+    <message id="recording.bar">
+        <source>Recording</source>
+        <translation>Enregistrement</translation>
+    </message>
+    <message id="recording.bar.mic">
+        <source>Microphone</source>
+        <translation>Micro</translation>
+    </message>
+    <message id="recording.bar.mic.none">
+        <source>No microphone</source>
+        <translation>Aucun micro</translation>
+    </message>
+    <message id="recording.bar.camera">
+        <source>Camera</source>
+        <translation>Caméra</translation>
+    </message>
+    <message id="recording.bar.camera.none">
+        <source>No camera</source>
+        <translation>Aucune caméra</translation>
+    </message>
+    <message id="recording.bar.cancel">
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message id="recording.bar.elapsed">
+        <source>Recorded time</source>
+        <translation>Durée enregistrée</translation>
+    </message>
+    <message id="recording.bar.stop">
+        <source>Stop and keep the recording</source>
+        <translation>Arrêter et garder l’enregistrement</translation>
+    </message>
+    <message id="recording.bar.close">
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message id="recording.bar.keys.hidden">
+        <source>A password is being typed: keystrokes are not recorded</source>
+        <translation>Un mot de passe est saisi : les touches ne sont pas enregistrées</translation>
+    </message>
+    <message id="recording.countdown" numerus="yes">
+        <source>Recording starts in %n second(s)</source>
+        <translation>
+            <numerusform>L’enregistrement commence dans %n seconde</numerusform>
+            <numerusform>L’enregistrement commence dans %n secondes</numerusform>
+        </translation>
+    </message>
+    <message id="alert.ok">
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message id="recording.error.writerSetupFailed">
+        <source>Failed to set up the video writer.</source>
+        <translation>L’écriture de la vidéo n’a pas pu être préparée.</translation>
+    </message>
+    <message id="recording.error.writeFailed">
+        <source>Failed to write the recording.</source>
+        <translation>L’enregistrement n’a pas pu être écrit.</translation>
+    </message>
+    <message id="recording.error.displayNotFound">
+        <source>Could not find the display to record.</source>
+        <translation>L’écran à enregistrer est introuvable.</translation>
+    </message>
+    <message id="recording.error.windowNotFound">
+        <source>Could not find the window to record.</source>
+        <translation>La fenêtre à enregistrer est introuvable.</translation>
+    </message>
+    <message id="recording.error.micNotFound">
+        <source>Could not find the selected microphone.</source>
+        <translation>Le micro choisi est introuvable.</translation>
+    </message>
+    <message id="recording.error.cameraNotFound">
+        <source>Could not find the selected camera.</source>
+        <translation>La caméra choisie est introuvable.</translation>
+    </message>
+    <message id="toast.recordingFailed">
+        <source>The recording could not be kept</source>
+        <translation>L’enregistrement n’a pas pu être conservé</translation>
+    </message>
+    <message id="record.keyboard.saveFailed">
+        <source>The recording is complete, but its keystrokes could not be saved</source>
+        <translation>L’enregistrement est complet, mais ses touches n’ont pas pu être enregistrées</translation>
+    </message>
+    <message id="recording.mic.unavailable">
+        <source>The microphone cannot be used: recording without it</source>
+        <translation>Le micro ne peut pas être utilisé : enregistrement sans lui</translation>
+    </message>
+    <message id="recording.mic.lost">
+        <source>The microphone is gone: the recording goes on without sound from it</source>
+        <translation>Le micro a disparu : l’enregistrement continue sans son de sa part</translation>
+    </message>
+    <message id="recording.camera.lost">
+        <source>The camera is gone: the recording goes on without it</source>
+        <translation>La caméra a disparu : l’enregistrement continue sans elle</translation>
+    </message>
+    <message id="recording.disk.low">
+        <source>The disk has room for about five more minutes of recording</source>
+        <translation>Le disque a de la place pour environ cinq minutes d’enregistrement</translation>
+    </message>
+    <message id="recording.disk.full">
+        <source>The recording was stopped because the disk is nearly full. Everything so far is kept.</source>
+        <translation>L’enregistrement a été arrêté car le disque est presque plein. Tout ce qui précède est conservé.</translation>
+    </message>
+    <message id="recording.stopped">
+        <source>What was being recorded is gone. The recording up to then is kept.</source>
+        <translation>Ce qui était enregistré a disparu. L’enregistrement jusque-là est conservé.</translation>
+    </message>
+    <message id="record.keyboard.permission.title">
+        <source>Keystrokes cannot be recorded</source>
+        <translation>Les touches ne peuvent pas être enregistrées</translation>
+    </message>
+    <message id="record.keyboard.permission.body">
+        <source>This desktop does not let programs see which keys are pressed. The rest is recorded as usual.</source>
+        <translation>Ce bureau ne laisse pas les programmes voir les touches enfoncées. Le reste est enregistré comme d’habitude.</translation>
+    </message>
+    <message id="alert.importVideo.unreadable.title">
+        <source>This file cannot be read as a video</source>
+        <translation>Ce fichier ne peut pas être lu comme une vidéo</translation>
+    </message>
+    <message id="recording.startFailed">
+        <source>The recording could not be started</source>
+        <translation>L’enregistrement n’a pas pu démarrer</translation>
+    </message>
+    <message id="recording.region.fullDisplay">
+        <source>Full display</source>
+        <translation>Écran entier</translation>
+    </message>
+    <message id="recording.region.square">
+        <source>Square</source>
+        <translation>Carré</translation>
+    </message>
+    <message id="recording.region.presets">
+        <source>Sizes and shapes</source>
+        <translation>Tailles et formes</translation>
+    </message>
+    <message id="recording.region.badge">
+        <source>Size of the recording; drag to move it</source>
+        <translation>Taille de l’enregistrement ; faites glisser pour déplacer</translation>
+    </message>
+    <message id="recording.region.sizes">
+        <source>%1 px · %2 pt</source>
+        <translation>%1 px · %2 pt</translation>
+    </message>
 </context>
 </TS>

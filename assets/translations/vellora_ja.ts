@@ -1517,5 +1517,647 @@
         <source>Copied the selection</source>
         <translation>選択項目をコピーしました</translation>
     </message>
+    <message id="compress.compare.value">
+        <source>%1 % before</source>
+        <translation>変更前 %1 %</translation>
+    </message>
+    <message id="compress.compare.selectOne">
+        <source>Select an image to compare it with its result</source>
+        <translation>画像を選択すると結果と比較できます</translation>
+    </message>
+    <message id="compress.compare.before">
+        <source>Before</source>
+        <translation>変更前</translation>
+    </message>
+    <message id="compress.compare.after">
+        <source>After</source>
+        <translation>変更後</translation>
+    </message>
+    <message id="compress.compare.fit">
+        <source>Show the whole picture</source>
+        <translation>画像全体を表示</translation>
+    </message>
+    <message id="compress.compare.actual">
+        <source>Show at 100 %</source>
+        <translation>100 % で表示</translation>
+    </message>
+    <message id="compress.compare.zoom">
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message id="compress.compare.busy">
+        <source>The result is being made</source>
+        <translation>結果を作成しています</translation>
+    </message>
+    <message id="compress.compare.name">
+        <source>Before and after</source>
+        <translation>変更前と変更後</translation>
+    </message>
+    <message id="compress.compare.help">
+        <source>The arrow keys move the divider. B shows only the picture before.</source>
+        <translation>矢印キーで仕切りを動かします。B キーで変更前の画像だけを表示します。</translation>
+    </message>
+    <message id="compress.drop.hint">
+        <source>Drop images or folders here</source>
+        <translation>画像またはフォルダをここにドロップ</translation>
+    </message>
+    <message id="compress.drop.more">
+        <source>or paste them with %1. Originals are never changed, and results are never larger.</source>
+        <translation>または %1 で貼り付け。元のファイルは変更されず、結果が大きくなることもありません。</translation>
+    </message>
+    <message id="compress.drop.choose">
+        <source>Choose Images…</source>
+        <translation>画像を選択…</translation>
+    </message>
+    <message id="compress.cancel">
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message id="compress.cancelTip">
+        <source>Stop compressing (Esc)</source>
+        <translation>圧縮を中止 (Esc)</translation>
+    </message>
+    <message id="compress.actionOne">
+        <source>Compress 1 Image</source>
+        <translation>1 枚の画像を圧縮</translation>
+    </message>
+    <message id="compress.actionMany">
+        <source>Compress %1 Images</source>
+        <translation>%1 枚の画像を圧縮</translation>
+    </message>
+    <message id="compress.actionNone">
+        <source>Compress</source>
+        <translation>圧縮</translation>
+    </message>
+    <message id="compress.progress.count">
+        <source>%1 of %2</source>
+        <translation>%1 / %2</translation>
+    </message>
+    <message id="compress.toast.failed" numerus="yes">
+        <source>%n failed</source>
+        <translation>
+            <numerusform>%n 件失敗</numerusform>
+        </translation>
+    </message>
+    <message id="compress.row.keptTip">
+        <source>Nothing smaller was found in this format and size</source>
+        <translation>この形式とサイズでは、これより小さくなりませんでした</translation>
+    </message>
+    <message id="compress.row.resultTip">
+        <source>Result: %1</source>
+        <translation>結果: %1</translation>
+    </message>
+    <message id="compress.row.flattenedTip">
+        <source>This format cannot be transparent: the background became white</source>
+        <translation>この形式は透明を扱えないため、背景は白になりました</translation>
+    </message>
+    <message id="compress.command.retry">
+        <source>Try Again</source>
+        <translation>再試行</translation>
+    </message>
+    <message id="compress.command.reveal">
+        <source>Show Result in Folder</source>
+        <translation>結果をフォルダで表示</translation>
+    </message>
+    <message id="compress.command.remove">
+        <source>Remove from List</source>
+        <translation>リストから削除</translation>
+    </message>
+    <message id="compress.list">
+        <source>Images</source>
+        <translation>画像</translation>
+    </message>
+    <message id="compress.settingsTitle">
+        <source>Settings</source>
+        <translation>設定</translation>
+    </message>
+    <message id="compress.label.format">
+        <source>Format</source>
+        <translation>形式</translation>
+    </message>
+    <message id="compress.format.original">
+        <source>Original</source>
+        <translation>元のまま</translation>
+    </message>
+    <message id="compress.format.originalTip">
+        <source>Every image keeps its format</source>
+        <translation>各画像の形式を保ちます</translation>
+    </message>
+    <message id="compress.format.jpegTip">
+        <source>For photos; no transparency</source>
+        <translation>写真向け。透明は扱えません</translation>
+    </message>
+    <message id="compress.format.pngTip">
+        <source>Exact to the pixel; for screenshots and drawings</source>
+        <translation>ピクセル単位で正確。スクリーンショットや図向け</translation>
+    </message>
+    <message id="compress.format.webpTip">
+        <source>Smallest, for the web; keeps transparency</source>
+        <translation>最小。ウェブ向けで透明も保ちます</translation>
+    </message>
+    <message id="compress.label.quality">
+        <source>Quality</source>
+        <translation>品質</translation>
+    </message>
+    <message id="compress.quality.percent">
+        <source>%1%</source>
+        <translation>%1%</translation>
+    </message>
+    <message id="compress.quality.unused">
+        <source>Nothing is lost in these formats, so quality changes nothing.</source>
+        <translation>これらの形式では何も失われないため、品質は影響しません。</translation>
+    </message>
+    <message id="compress.label.resize">
+        <source>Resize</source>
+        <translation>サイズ変更</translation>
+    </message>
+    <message id="compress.resize.fixed">
+        <source>%1 – at most %2 px</source>
+        <translation>%1 – 最大 %2 px</translation>
+    </message>
+    <message id="compress.resize.off">
+        <source>Off</source>
+        <translation>オフ</translation>
+    </message>
+    <message id="compress.resize.custom">
+        <source>Custom</source>
+        <translation>カスタム</translation>
+    </message>
+    <message id="compress.resize.customTip">
+        <source>Longest edge in pixels. Smaller images stay as they are.</source>
+        <translation>長辺のピクセル数。これより小さい画像はそのままです。</translation>
+    </message>
+    <message id="compress.resize.pixels">
+        <source>pixels</source>
+        <translation>ピクセル</translation>
+    </message>
+    <message id="compress.label.output">
+        <source>Save results</source>
+        <translation>結果の保存先</translation>
+    </message>
+    <message id="compress.output.source">
+        <source>Beside the originals</source>
+        <translation>元のファイルと同じ場所</translation>
+    </message>
+    <message id="compress.output.custom">
+        <source>In another folder</source>
+        <translation>別のフォルダ</translation>
+    </message>
+    <message id="compress.output.choose">
+        <source>Choose…</source>
+        <translation>選択…</translation>
+    </message>
+    <message id="compress.output.chooseTitle">
+        <source>Choose a folder for the results</source>
+        <translation>結果を保存するフォルダを選択</translation>
+    </message>
+    <message id="compress.keepMetadata">
+        <source>Keep metadata</source>
+        <translation>メタデータを残す</translation>
+    </message>
+    <message id="compress.keepMetadataHelp">
+        <source>Camera, place, author. Off: nobody learns where a photo was taken.</source>
+        <translation>カメラ、場所、作者。オフにすると撮影場所は誰にも伝わりません。</translation>
+    </message>
+    <message id="compress.keepDates">
+        <source>Keep dates</source>
+        <translation>日付を残す</translation>
+    </message>
+    <message id="compress.keepDatesHelp">
+        <source>Results get the file dates of their originals.</source>
+        <translation>結果に元のファイルの日付を付けます。</translation>
+    </message>
+    <message id="compress.row.kept">
+        <source>Kept as it was</source>
+        <translation>そのまま</translation>
+    </message>
+    <message id="compress.row.metadataRemoved">
+        <source>Only metadata removed</source>
+        <translation>メタデータのみ削除</translation>
+    </message>
+    <message id="compress.size.gigabytes">
+        <source>%1 GB</source>
+        <translation>%1 GB</translation>
+    </message>
+    <message id="compress.size.megabytes">
+        <source>%1 MB</source>
+        <translation>%1 MB</translation>
+    </message>
+    <message id="compress.size.kilobytes">
+        <source>%1 kB</source>
+        <translation>%1 kB</translation>
+    </message>
+    <message id="compress.size.bytes">
+        <source>%1 B</source>
+        <translation>%1 B</translation>
+    </message>
+    <message id="compress.row.smaller">
+        <source>%1% smaller</source>
+        <translation>%1% 削減</translation>
+    </message>
+    <message id="compress.row.larger">
+        <source>%1% larger</source>
+        <translation>%1% 増加</translation>
+    </message>
+    <message id="compress.row.pixels">
+        <source>%1 × %2</source>
+        <translation>%1 × %2</translation>
+    </message>
+    <message id="compress.progress.secondsLeft" numerus="yes">
+        <source>%n second(s) left</source>
+        <translation>
+            <numerusform>残り %n 秒</numerusform>
+        </translation>
+    </message>
+    <message id="compress.progress.minutesLeft" numerus="yes">
+        <source>%n minute(s) left</source>
+        <translation>
+            <numerusform>残り %n 分</numerusform>
+        </translation>
+    </message>
+    <message id="compress.failure.notFound">
+        <source>The file is no longer there</source>
+        <translation>ファイルがなくなりました</translation>
+    </message>
+    <message id="compress.failure.notPermitted">
+        <source>You are not allowed to read or write here</source>
+        <translation>ここを読み書きする権限がありません</translation>
+    </message>
+    <message id="compress.failure.notAFile">
+        <source>This is not a file</source>
+        <translation>ファイルではありません</translation>
+    </message>
+    <message id="compress.failure.notAPicture">
+        <source>This is not an image</source>
+        <translation>画像ではありません</translation>
+    </message>
+    <message id="compress.failure.tooLarge">
+        <source>The image is too large</source>
+        <translation>画像が大きすぎます</translation>
+    </message>
+    <message id="compress.failure.unsupported">
+        <source>This kind of image is not supported</source>
+        <translation>この種類の画像には対応していません</translation>
+    </message>
+    <message id="compress.failure.animated">
+        <source>Animations and pages can only keep their format and size</source>
+        <translation>アニメーションと複数ページは形式とサイズを変えられません</translation>
+    </message>
+    <message id="compress.failure.damaged">
+        <source>The file is damaged</source>
+        <translation>ファイルが壊れています</translation>
+    </message>
+    <message id="compress.failure.outOfMemory">
+        <source>There is not enough memory</source>
+        <translation>メモリが足りません</translation>
+    </message>
+    <message id="compress.failure.cannotEncode">
+        <source>The image does not fit this format</source>
+        <translation>この形式では表せない画像です</translation>
+    </message>
+    <message id="compress.failure.diskFull">
+        <source>The disk is full</source>
+        <translation>ディスクがいっぱいです</translation>
+    </message>
+    <message id="compress.failure.writeFailed">
+        <source>The result could not be written</source>
+        <translation>結果を書き込めませんでした</translation>
+    </message>
+    <message id="compress.row.cancelled">
+        <source>Stopped</source>
+        <translation>中止</translation>
+    </message>
+    <message id="compress.row.sizes">
+        <source>%1 → %2</source>
+        <translation>%1 → %2</translation>
+    </message>
+    <message id="compress.row.running">
+        <source>Compressing…</source>
+        <translation>圧縮中…</translation>
+    </message>
+    <message id="compress.row.same">
+        <source>Same size</source>
+        <translation>同じサイズ</translation>
+    </message>
+    <message id="compress.row.failed">
+        <source>Failed</source>
+        <translation>失敗</translation>
+    </message>
+    <message id="compress.badge.fullSize">
+        <source>Full size</source>
+        <translation>元のサイズ</translation>
+    </message>
+    <message id="compress.badge.maxEdge">
+        <source>At most %1 px</source>
+        <translation>最大 %1 px</translation>
+    </message>
+    <message id="compress.badge.sourceFolder">
+        <source>Source folder</source>
+        <translation>元のフォルダ</translation>
+    </message>
+    <message id="compress.title">
+        <source>Compress Images</source>
+        <translation>画像を圧縮</translation>
+    </message>
+    <message id="compress.command.addImages">
+        <source>Add Images…</source>
+        <translation>画像を追加…</translation>
+    </message>
+    <message id="compress.command.addFolder">
+        <source>Add Folder…</source>
+        <translation>フォルダを追加…</translation>
+    </message>
+    <message id="compress.command.paste">
+        <source>Paste</source>
+        <translation>貼り付け</translation>
+    </message>
+    <message id="compress.command.compare">
+        <source>Compare Before and After</source>
+        <translation>変更前後を比較</translation>
+    </message>
+    <message id="compress.command.clear">
+        <source>Remove All</source>
+        <translation>すべて削除</translation>
+    </message>
+    <message id="compress.command.settings">
+        <source>Show or Hide Settings</source>
+        <translation>設定の表示/非表示</translation>
+    </message>
+    <message id="compress.add">
+        <source>Add</source>
+        <translation>追加</translation>
+    </message>
+    <message id="compress.addTip">
+        <source>Add images, folders, or captures</source>
+        <translation>画像、フォルダ、キャプチャを追加</translation>
+    </message>
+    <message id="compress.key.space">
+        <source>Space</source>
+        <translation>スペース</translation>
+    </message>
+    <message id="compress.toast.nothingToPaste">
+        <source>There is no image on the clipboard</source>
+        <translation>クリップボードに画像がありません</translation>
+    </message>
+    <message id="compress.pastedName">
+        <source>Pasted Image %1</source>
+        <translation>貼り付けた画像 %1</translation>
+    </message>
+    <message id="compress.toast.nothingFound">
+        <source>No new images were found there</source>
+        <translation>そこに新しい画像は見つかりませんでした</translation>
+    </message>
+    <message id="compress.looking">
+        <source>Looking for images…</source>
+        <translation>画像を探しています…</translation>
+    </message>
+    <message id="compress.summary.count" numerus="yes">
+        <source>%n image(s)</source>
+        <translation>
+            <numerusform>%n 枚の画像</numerusform>
+        </translation>
+    </message>
+    <message id="compress.addImages.title">
+        <source>Add images</source>
+        <translation>画像を追加</translation>
+    </message>
+    <message id="compress.addImages.filter">
+        <source>Images (%1)</source>
+        <translation>画像 (%1)</translation>
+    </message>
+    <message id="compress.addImages.allFiles">
+        <source>All files (*)</source>
+        <translation>すべてのファイル (*)</translation>
+    </message>
+    <message id="compress.addFolder.title">
+        <source>Add a folder of images</source>
+        <translation>画像のフォルダを追加</translation>
+    </message>
+    <message id="compress.command.captures">
+        <source>Recent Captures</source>
+        <translation>最近のキャプチャ</translation>
+    </message>
+    <message id="compress.toast.done" numerus="yes">
+        <source>%n image(s) compressed</source>
+        <translation>
+            <numerusform>%n 枚の画像を圧縮しました</numerusform>
+        </translation>
+    </message>
+    <message id="compress.toast.savedPercent">
+        <source>%1 saved (%2%)</source>
+        <translation>%1 削減 (%2%)</translation>
+    </message>
+    <message id="compress.toast.stopped" numerus="yes">
+        <source>%n stopped</source>
+        <translation>
+            <numerusform>%n 件中止</numerusform>
+        </translation>
+    </message>
+    <message id="editor.compress">
+        <source>Compress…</source>
+        <translation>圧縮…</translation>
+    </message>
+    <message id="recording.bar.level">
+        <source>Level of the microphone</source>
+        <translation>マイクのレベル</translation>
+    </message>
+    <message id="recording.bar.device">
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message id="recording.bar.start">
+        <source>Start</source>
+        <translation>開始</translation>
+    </message>
+    <message id="recording.bar.startTip">
+        <source>Start recording (Return)</source>
+        <translation>録画を開始 (Return)</translation>
+    </message>
+    <message id="recording.camera.close">
+        <source>Turn the camera off</source>
+        <translation>カメラをオフにする</translation>
+    </message>
+    <message id="recording.camera">
+        <source>Camera</source>
+        <translation>カメラ</translation>
+    </message>
+    <message id="recording.camera.help">
+        <source>Drag to move, turn the wheel to resize</source>
+        <translation>ドラッグで移動、ホイールでサイズ変更</translation>
+    </message>
+    <message id="recording.bar.resume">
+        <source>Resume</source>
+        <translation>再開</translation>
+    </message>
+    <message id="recording.bar.pause">
+        <source>Pause</source>
+        <translation>一時停止</translation>
+    </message>
+    <message id="recording.bar.sound.on">
+        <source>Sound of the computer: on</source>
+        <translation>コンピュータの音声: オン</translation>
+    </message>
+    <message id="recording.bar.sound.off">
+        <source>Sound of the computer: off</source>
+        <translation>コンピュータの音声: オフ</translation>
+    </message>
+    <message id="recording.bar.keys.on">
+        <source>Keystrokes are recorded</source>
+        <translation>キー操作を記録します</translation>
+    </message>
+    <message id="recording.bar.keys.off">
+        <source>Keystrokes are not recorded</source>
+        <translation>キー操作は記録しません</translation>
+    </message>
+    <message id="recording.bar.startingIn">
+        <source>Starting in %1</source>
+        <translation>%1 秒後に開始</translation>
+    </message>
+    <message id="recording.bar.starting">
+        <source>Starting…</source>
+        <translation>開始しています…</translation>
+    </message>
+    <message id="recording.bar">
+        <source>Recording</source>
+        <translation>録画</translation>
+    </message>
+    <message id="recording.bar.mic">
+        <source>Microphone</source>
+        <translation>マイク</translation>
+    </message>
+    <message id="recording.bar.mic.none">
+        <source>No microphone</source>
+        <translation>マイクなし</translation>
+    </message>
+    <message id="recording.bar.camera">
+        <source>Camera</source>
+        <translation>カメラ</translation>
+    </message>
+    <message id="recording.bar.camera.none">
+        <source>No camera</source>
+        <translation>カメラなし</translation>
+    </message>
+    <message id="recording.bar.cancel">
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message id="recording.bar.elapsed">
+        <source>Recorded time</source>
+        <translation>録画時間</translation>
+    </message>
+    <message id="recording.bar.stop">
+        <source>Stop and keep the recording</source>
+        <translation>停止して録画を保存</translation>
+    </message>
+    <message id="recording.bar.close">
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message id="recording.bar.keys.hidden">
+        <source>A password is being typed: keystrokes are not recorded</source>
+        <translation>パスワード入力中: キー操作は記録されません</translation>
+    </message>
+    <message id="recording.countdown" numerus="yes">
+        <source>Recording starts in %n second(s)</source>
+        <translation>
+            <numerusform>%n 秒後に録画を開始</numerusform>
+        </translation>
+    </message>
+    <message id="alert.ok">
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message id="recording.error.writerSetupFailed">
+        <source>Failed to set up the video writer.</source>
+        <translation>ビデオの書き込みを準備できませんでした。</translation>
+    </message>
+    <message id="recording.error.writeFailed">
+        <source>Failed to write the recording.</source>
+        <translation>録画を書き込めませんでした。</translation>
+    </message>
+    <message id="recording.error.displayNotFound">
+        <source>Could not find the display to record.</source>
+        <translation>録画する画面が見つかりませんでした。</translation>
+    </message>
+    <message id="recording.error.windowNotFound">
+        <source>Could not find the window to record.</source>
+        <translation>録画するウインドウが見つかりませんでした。</translation>
+    </message>
+    <message id="recording.error.micNotFound">
+        <source>Could not find the selected microphone.</source>
+        <translation>選択したマイクが見つかりませんでした。</translation>
+    </message>
+    <message id="recording.error.cameraNotFound">
+        <source>Could not find the selected camera.</source>
+        <translation>選択したカメラが見つかりませんでした。</translation>
+    </message>
+    <message id="toast.recordingFailed">
+        <source>The recording could not be kept</source>
+        <translation>録画を保存できませんでした</translation>
+    </message>
+    <message id="record.keyboard.saveFailed">
+        <source>The recording is complete, but its keystrokes could not be saved</source>
+        <translation>録画は完全ですが、キー操作を保存できませんでした</translation>
+    </message>
+    <message id="recording.mic.unavailable">
+        <source>The microphone cannot be used: recording without it</source>
+        <translation>マイクを使えません。マイクなしで録画します</translation>
+    </message>
+    <message id="recording.mic.lost">
+        <source>The microphone is gone: the recording goes on without sound from it</source>
+        <translation>マイクがなくなりました。その音声なしで録画を続けます</translation>
+    </message>
+    <message id="recording.camera.lost">
+        <source>The camera is gone: the recording goes on without it</source>
+        <translation>カメラがなくなりました。カメラなしで録画を続けます</translation>
+    </message>
+    <message id="recording.disk.low">
+        <source>The disk has room for about five more minutes of recording</source>
+        <translation>ディスクの空きは録画約 5 分ぶんです</translation>
+    </message>
+    <message id="recording.disk.full">
+        <source>The recording was stopped because the disk is nearly full. Everything so far is kept.</source>
+        <translation>ディスクがほぼいっぱいのため録画を停止しました。それまでの内容は保存されています。</translation>
+    </message>
+    <message id="recording.stopped">
+        <source>What was being recorded is gone. The recording up to then is kept.</source>
+        <translation>録画の対象がなくなりました。それまでの録画は保存されています。</translation>
+    </message>
+    <message id="record.keyboard.permission.title">
+        <source>Keystrokes cannot be recorded</source>
+        <translation>キー操作を記録できません</translation>
+    </message>
+    <message id="record.keyboard.permission.body">
+        <source>This desktop does not let programs see which keys are pressed. The rest is recorded as usual.</source>
+        <translation>このデスクトップでは、押されたキーをプログラムが読み取れません。その他は通常どおり録画されます。</translation>
+    </message>
+    <message id="alert.importVideo.unreadable.title">
+        <source>This file cannot be read as a video</source>
+        <translation>このファイルはビデオとして読み取れません</translation>
+    </message>
+    <message id="recording.startFailed">
+        <source>The recording could not be started</source>
+        <translation>録画を開始できませんでした</translation>
+    </message>
+    <message id="recording.region.fullDisplay">
+        <source>Full display</source>
+        <translation>画面全体</translation>
+    </message>
+    <message id="recording.region.square">
+        <source>Square</source>
+        <translation>正方形</translation>
+    </message>
+    <message id="recording.region.presets">
+        <source>Sizes and shapes</source>
+        <translation>サイズと形</translation>
+    </message>
+    <message id="recording.region.badge">
+        <source>Size of the recording; drag to move it</source>
+        <translation>録画のサイズ。ドラッグで移動</translation>
+    </message>
+    <message id="recording.region.sizes">
+        <source>%1 px · %2 pt</source>
+        <translation>%1 px · %2 pt</translation>
+    </message>
 </context>
 </TS>

@@ -1517,5 +1517,647 @@
         <source>Copied the selection</source>
         <translation>已复制所选内容</translation>
     </message>
+    <message id="compress.compare.value">
+        <source>%1 % before</source>
+        <translation>之前 %1 %</translation>
+    </message>
+    <message id="compress.compare.selectOne">
+        <source>Select an image to compare it with its result</source>
+        <translation>选择一张图片以与结果比较</translation>
+    </message>
+    <message id="compress.compare.before">
+        <source>Before</source>
+        <translation>之前</translation>
+    </message>
+    <message id="compress.compare.after">
+        <source>After</source>
+        <translation>之后</translation>
+    </message>
+    <message id="compress.compare.fit">
+        <source>Show the whole picture</source>
+        <translation>显示整张图片</translation>
+    </message>
+    <message id="compress.compare.actual">
+        <source>Show at 100 %</source>
+        <translation>以 100 % 显示</translation>
+    </message>
+    <message id="compress.compare.zoom">
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message id="compress.compare.busy">
+        <source>The result is being made</source>
+        <translation>正在生成结果</translation>
+    </message>
+    <message id="compress.compare.name">
+        <source>Before and after</source>
+        <translation>之前与之后</translation>
+    </message>
+    <message id="compress.compare.help">
+        <source>The arrow keys move the divider. B shows only the picture before.</source>
+        <translation>方向键移动分隔线。按 B 只显示之前的图片。</translation>
+    </message>
+    <message id="compress.drop.hint">
+        <source>Drop images or folders here</source>
+        <translation>将图片或文件夹拖放到此处</translation>
+    </message>
+    <message id="compress.drop.more">
+        <source>or paste them with %1. Originals are never changed, and results are never larger.</source>
+        <translation>或用 %1 粘贴。原文件不会被更改,结果也不会变大。</translation>
+    </message>
+    <message id="compress.drop.choose">
+        <source>Choose Images…</source>
+        <translation>选择图片…</translation>
+    </message>
+    <message id="compress.cancel">
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message id="compress.cancelTip">
+        <source>Stop compressing (Esc)</source>
+        <translation>停止压缩 (Esc)</translation>
+    </message>
+    <message id="compress.actionOne">
+        <source>Compress 1 Image</source>
+        <translation>压缩 1 张图片</translation>
+    </message>
+    <message id="compress.actionMany">
+        <source>Compress %1 Images</source>
+        <translation>压缩 %1 张图片</translation>
+    </message>
+    <message id="compress.actionNone">
+        <source>Compress</source>
+        <translation>压缩</translation>
+    </message>
+    <message id="compress.progress.count">
+        <source>%1 of %2</source>
+        <translation>%1 / %2</translation>
+    </message>
+    <message id="compress.toast.failed" numerus="yes">
+        <source>%n failed</source>
+        <translation>
+            <numerusform>%n 张失败</numerusform>
+        </translation>
+    </message>
+    <message id="compress.row.keptTip">
+        <source>Nothing smaller was found in this format and size</source>
+        <translation>在此格式和尺寸下无法更小</translation>
+    </message>
+    <message id="compress.row.resultTip">
+        <source>Result: %1</source>
+        <translation>结果:%1</translation>
+    </message>
+    <message id="compress.row.flattenedTip">
+        <source>This format cannot be transparent: the background became white</source>
+        <translation>此格式不支持透明,背景已变为白色</translation>
+    </message>
+    <message id="compress.command.retry">
+        <source>Try Again</source>
+        <translation>重试</translation>
+    </message>
+    <message id="compress.command.reveal">
+        <source>Show Result in Folder</source>
+        <translation>在文件夹中显示结果</translation>
+    </message>
+    <message id="compress.command.remove">
+        <source>Remove from List</source>
+        <translation>从列表中移除</translation>
+    </message>
+    <message id="compress.list">
+        <source>Images</source>
+        <translation>图片</translation>
+    </message>
+    <message id="compress.settingsTitle">
+        <source>Settings</source>
+        <translation>设置</translation>
+    </message>
+    <message id="compress.label.format">
+        <source>Format</source>
+        <translation>格式</translation>
+    </message>
+    <message id="compress.format.original">
+        <source>Original</source>
+        <translation>原格式</translation>
+    </message>
+    <message id="compress.format.originalTip">
+        <source>Every image keeps its format</source>
+        <translation>每张图片保持原有格式</translation>
+    </message>
+    <message id="compress.format.jpegTip">
+        <source>For photos; no transparency</source>
+        <translation>适合照片;不支持透明</translation>
+    </message>
+    <message id="compress.format.pngTip">
+        <source>Exact to the pixel; for screenshots and drawings</source>
+        <translation>像素级精确;适合截图和图画</translation>
+    </message>
+    <message id="compress.format.webpTip">
+        <source>Smallest, for the web; keeps transparency</source>
+        <translation>体积最小,适合网页;保留透明</translation>
+    </message>
+    <message id="compress.label.quality">
+        <source>Quality</source>
+        <translation>质量</translation>
+    </message>
+    <message id="compress.quality.percent">
+        <source>%1%</source>
+        <translation>%1%</translation>
+    </message>
+    <message id="compress.quality.unused">
+        <source>Nothing is lost in these formats, so quality changes nothing.</source>
+        <translation>这些格式不会损失任何内容,质量设置不起作用。</translation>
+    </message>
+    <message id="compress.label.resize">
+        <source>Resize</source>
+        <translation>调整大小</translation>
+    </message>
+    <message id="compress.resize.fixed">
+        <source>%1 – at most %2 px</source>
+        <translation>%1 – 最大 %2 px</translation>
+    </message>
+    <message id="compress.resize.off">
+        <source>Off</source>
+        <translation>关闭</translation>
+    </message>
+    <message id="compress.resize.custom">
+        <source>Custom</source>
+        <translation>自定义</translation>
+    </message>
+    <message id="compress.resize.customTip">
+        <source>Longest edge in pixels. Smaller images stay as they are.</source>
+        <translation>最长边的像素数。较小的图片保持不变。</translation>
+    </message>
+    <message id="compress.resize.pixels">
+        <source>pixels</source>
+        <translation>像素</translation>
+    </message>
+    <message id="compress.label.output">
+        <source>Save results</source>
+        <translation>保存结果</translation>
+    </message>
+    <message id="compress.output.source">
+        <source>Beside the originals</source>
+        <translation>原文件旁</translation>
+    </message>
+    <message id="compress.output.custom">
+        <source>In another folder</source>
+        <translation>其他文件夹</translation>
+    </message>
+    <message id="compress.output.choose">
+        <source>Choose…</source>
+        <translation>选择…</translation>
+    </message>
+    <message id="compress.output.chooseTitle">
+        <source>Choose a folder for the results</source>
+        <translation>选择保存结果的文件夹</translation>
+    </message>
+    <message id="compress.keepMetadata">
+        <source>Keep metadata</source>
+        <translation>保留元数据</translation>
+    </message>
+    <message id="compress.keepMetadataHelp">
+        <source>Camera, place, author. Off: nobody learns where a photo was taken.</source>
+        <translation>相机、地点、作者。关闭后,没有人知道照片的拍摄地点。</translation>
+    </message>
+    <message id="compress.keepDates">
+        <source>Keep dates</source>
+        <translation>保留日期</translation>
+    </message>
+    <message id="compress.keepDatesHelp">
+        <source>Results get the file dates of their originals.</source>
+        <translation>结果使用原文件的日期。</translation>
+    </message>
+    <message id="compress.row.kept">
+        <source>Kept as it was</source>
+        <translation>保持原样</translation>
+    </message>
+    <message id="compress.row.metadataRemoved">
+        <source>Only metadata removed</source>
+        <translation>仅移除了元数据</translation>
+    </message>
+    <message id="compress.size.gigabytes">
+        <source>%1 GB</source>
+        <translation>%1 GB</translation>
+    </message>
+    <message id="compress.size.megabytes">
+        <source>%1 MB</source>
+        <translation>%1 MB</translation>
+    </message>
+    <message id="compress.size.kilobytes">
+        <source>%1 kB</source>
+        <translation>%1 kB</translation>
+    </message>
+    <message id="compress.size.bytes">
+        <source>%1 B</source>
+        <translation>%1 B</translation>
+    </message>
+    <message id="compress.row.smaller">
+        <source>%1% smaller</source>
+        <translation>减小 %1%</translation>
+    </message>
+    <message id="compress.row.larger">
+        <source>%1% larger</source>
+        <translation>增大 %1%</translation>
+    </message>
+    <message id="compress.row.pixels">
+        <source>%1 × %2</source>
+        <translation>%1 × %2</translation>
+    </message>
+    <message id="compress.progress.secondsLeft" numerus="yes">
+        <source>%n second(s) left</source>
+        <translation>
+            <numerusform>剩余 %n 秒</numerusform>
+        </translation>
+    </message>
+    <message id="compress.progress.minutesLeft" numerus="yes">
+        <source>%n minute(s) left</source>
+        <translation>
+            <numerusform>剩余 %n 分钟</numerusform>
+        </translation>
+    </message>
+    <message id="compress.failure.notFound">
+        <source>The file is no longer there</source>
+        <translation>文件已不存在</translation>
+    </message>
+    <message id="compress.failure.notPermitted">
+        <source>You are not allowed to read or write here</source>
+        <translation>您无权在此读取或写入</translation>
+    </message>
+    <message id="compress.failure.notAFile">
+        <source>This is not a file</source>
+        <translation>这不是文件</translation>
+    </message>
+    <message id="compress.failure.notAPicture">
+        <source>This is not an image</source>
+        <translation>这不是图片</translation>
+    </message>
+    <message id="compress.failure.tooLarge">
+        <source>The image is too large</source>
+        <translation>图片太大</translation>
+    </message>
+    <message id="compress.failure.unsupported">
+        <source>This kind of image is not supported</source>
+        <translation>不支持此类图片</translation>
+    </message>
+    <message id="compress.failure.animated">
+        <source>Animations and pages can only keep their format and size</source>
+        <translation>动画和多页图片只能保持格式和尺寸</translation>
+    </message>
+    <message id="compress.failure.damaged">
+        <source>The file is damaged</source>
+        <translation>文件已损坏</translation>
+    </message>
+    <message id="compress.failure.outOfMemory">
+        <source>There is not enough memory</source>
+        <translation>内存不足</translation>
+    </message>
+    <message id="compress.failure.cannotEncode">
+        <source>The image does not fit this format</source>
+        <translation>图片不适合此格式</translation>
+    </message>
+    <message id="compress.failure.diskFull">
+        <source>The disk is full</source>
+        <translation>磁盘已满</translation>
+    </message>
+    <message id="compress.failure.writeFailed">
+        <source>The result could not be written</source>
+        <translation>无法写入结果</translation>
+    </message>
+    <message id="compress.row.cancelled">
+        <source>Stopped</source>
+        <translation>已停止</translation>
+    </message>
+    <message id="compress.row.sizes">
+        <source>%1 → %2</source>
+        <translation>%1 → %2</translation>
+    </message>
+    <message id="compress.row.running">
+        <source>Compressing…</source>
+        <translation>正在压缩…</translation>
+    </message>
+    <message id="compress.row.same">
+        <source>Same size</source>
+        <translation>大小相同</translation>
+    </message>
+    <message id="compress.row.failed">
+        <source>Failed</source>
+        <translation>失败</translation>
+    </message>
+    <message id="compress.badge.fullSize">
+        <source>Full size</source>
+        <translation>原始尺寸</translation>
+    </message>
+    <message id="compress.badge.maxEdge">
+        <source>At most %1 px</source>
+        <translation>最大 %1 px</translation>
+    </message>
+    <message id="compress.badge.sourceFolder">
+        <source>Source folder</source>
+        <translation>源文件夹</translation>
+    </message>
+    <message id="compress.title">
+        <source>Compress Images</source>
+        <translation>压缩图片</translation>
+    </message>
+    <message id="compress.command.addImages">
+        <source>Add Images…</source>
+        <translation>添加图片…</translation>
+    </message>
+    <message id="compress.command.addFolder">
+        <source>Add Folder…</source>
+        <translation>添加文件夹…</translation>
+    </message>
+    <message id="compress.command.paste">
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
+    <message id="compress.command.compare">
+        <source>Compare Before and After</source>
+        <translation>比较前后</translation>
+    </message>
+    <message id="compress.command.clear">
+        <source>Remove All</source>
+        <translation>全部移除</translation>
+    </message>
+    <message id="compress.command.settings">
+        <source>Show or Hide Settings</source>
+        <translation>显示或隐藏设置</translation>
+    </message>
+    <message id="compress.add">
+        <source>Add</source>
+        <translation>添加</translation>
+    </message>
+    <message id="compress.addTip">
+        <source>Add images, folders, or captures</source>
+        <translation>添加图片、文件夹或截图</translation>
+    </message>
+    <message id="compress.key.space">
+        <source>Space</source>
+        <translation>空格</translation>
+    </message>
+    <message id="compress.toast.nothingToPaste">
+        <source>There is no image on the clipboard</source>
+        <translation>剪贴板中没有图片</translation>
+    </message>
+    <message id="compress.pastedName">
+        <source>Pasted Image %1</source>
+        <translation>粘贴的图片 %1</translation>
+    </message>
+    <message id="compress.toast.nothingFound">
+        <source>No new images were found there</source>
+        <translation>那里没有找到新图片</translation>
+    </message>
+    <message id="compress.looking">
+        <source>Looking for images…</source>
+        <translation>正在查找图片…</translation>
+    </message>
+    <message id="compress.summary.count" numerus="yes">
+        <source>%n image(s)</source>
+        <translation>
+            <numerusform>%n 张图片</numerusform>
+        </translation>
+    </message>
+    <message id="compress.addImages.title">
+        <source>Add images</source>
+        <translation>添加图片</translation>
+    </message>
+    <message id="compress.addImages.filter">
+        <source>Images (%1)</source>
+        <translation>图片 (%1)</translation>
+    </message>
+    <message id="compress.addImages.allFiles">
+        <source>All files (*)</source>
+        <translation>所有文件 (*)</translation>
+    </message>
+    <message id="compress.addFolder.title">
+        <source>Add a folder of images</source>
+        <translation>添加图片文件夹</translation>
+    </message>
+    <message id="compress.command.captures">
+        <source>Recent Captures</source>
+        <translation>最近的截图</translation>
+    </message>
+    <message id="compress.toast.done" numerus="yes">
+        <source>%n image(s) compressed</source>
+        <translation>
+            <numerusform>已压缩 %n 张图片</numerusform>
+        </translation>
+    </message>
+    <message id="compress.toast.savedPercent">
+        <source>%1 saved (%2%)</source>
+        <translation>节省 %1(%2%)</translation>
+    </message>
+    <message id="compress.toast.stopped" numerus="yes">
+        <source>%n stopped</source>
+        <translation>
+            <numerusform>%n 张已停止</numerusform>
+        </translation>
+    </message>
+    <message id="editor.compress">
+        <source>Compress…</source>
+        <translation>压缩…</translation>
+    </message>
+    <message id="recording.bar.level">
+        <source>Level of the microphone</source>
+        <translation>麦克风电平</translation>
+    </message>
+    <message id="recording.bar.device">
+        <source>%1: %2</source>
+        <translation>%1:%2</translation>
+    </message>
+    <message id="recording.bar.start">
+        <source>Start</source>
+        <translation>开始</translation>
+    </message>
+    <message id="recording.bar.startTip">
+        <source>Start recording (Return)</source>
+        <translation>开始录制 (Return)</translation>
+    </message>
+    <message id="recording.camera.close">
+        <source>Turn the camera off</source>
+        <translation>关闭摄像头</translation>
+    </message>
+    <message id="recording.camera">
+        <source>Camera</source>
+        <translation>摄像头</translation>
+    </message>
+    <message id="recording.camera.help">
+        <source>Drag to move, turn the wheel to resize</source>
+        <translation>拖动可移动,滚轮可调整大小</translation>
+    </message>
+    <message id="recording.bar.resume">
+        <source>Resume</source>
+        <translation>继续</translation>
+    </message>
+    <message id="recording.bar.pause">
+        <source>Pause</source>
+        <translation>暂停</translation>
+    </message>
+    <message id="recording.bar.sound.on">
+        <source>Sound of the computer: on</source>
+        <translation>电脑声音:开</translation>
+    </message>
+    <message id="recording.bar.sound.off">
+        <source>Sound of the computer: off</source>
+        <translation>电脑声音:关</translation>
+    </message>
+    <message id="recording.bar.keys.on">
+        <source>Keystrokes are recorded</source>
+        <translation>正在记录按键</translation>
+    </message>
+    <message id="recording.bar.keys.off">
+        <source>Keystrokes are not recorded</source>
+        <translation>不记录按键</translation>
+    </message>
+    <message id="recording.bar.startingIn">
+        <source>Starting in %1</source>
+        <translation>%1 秒后开始</translation>
+    </message>
+    <message id="recording.bar.starting">
+        <source>Starting…</source>
+        <translation>正在开始…</translation>
+    </message>
+    <message id="recording.bar">
+        <source>Recording</source>
+        <translation>录制</translation>
+    </message>
+    <message id="recording.bar.mic">
+        <source>Microphone</source>
+        <translation>麦克风</translation>
+    </message>
+    <message id="recording.bar.mic.none">
+        <source>No microphone</source>
+        <translation>无麦克风</translation>
+    </message>
+    <message id="recording.bar.camera">
+        <source>Camera</source>
+        <translation>摄像头</translation>
+    </message>
+    <message id="recording.bar.camera.none">
+        <source>No camera</source>
+        <translation>无摄像头</translation>
+    </message>
+    <message id="recording.bar.cancel">
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message id="recording.bar.elapsed">
+        <source>Recorded time</source>
+        <translation>已录制时间</translation>
+    </message>
+    <message id="recording.bar.stop">
+        <source>Stop and keep the recording</source>
+        <translation>停止并保留录制</translation>
+    </message>
+    <message id="recording.bar.close">
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message id="recording.bar.keys.hidden">
+        <source>A password is being typed: keystrokes are not recorded</source>
+        <translation>正在输入密码:不记录按键</translation>
+    </message>
+    <message id="recording.countdown" numerus="yes">
+        <source>Recording starts in %n second(s)</source>
+        <translation>
+            <numerusform>%n 秒后开始录制</numerusform>
+        </translation>
+    </message>
+    <message id="alert.ok">
+        <source>OK</source>
+        <translation>好</translation>
+    </message>
+    <message id="recording.error.writerSetupFailed">
+        <source>Failed to set up the video writer.</source>
+        <translation>无法准备视频写入。</translation>
+    </message>
+    <message id="recording.error.writeFailed">
+        <source>Failed to write the recording.</source>
+        <translation>无法写入录制内容。</translation>
+    </message>
+    <message id="recording.error.displayNotFound">
+        <source>Could not find the display to record.</source>
+        <translation>找不到要录制的显示器。</translation>
+    </message>
+    <message id="recording.error.windowNotFound">
+        <source>Could not find the window to record.</source>
+        <translation>找不到要录制的窗口。</translation>
+    </message>
+    <message id="recording.error.micNotFound">
+        <source>Could not find the selected microphone.</source>
+        <translation>找不到所选的麦克风。</translation>
+    </message>
+    <message id="recording.error.cameraNotFound">
+        <source>Could not find the selected camera.</source>
+        <translation>找不到所选的摄像头。</translation>
+    </message>
+    <message id="toast.recordingFailed">
+        <source>The recording could not be kept</source>
+        <translation>无法保留录制内容</translation>
+    </message>
+    <message id="record.keyboard.saveFailed">
+        <source>The recording is complete, but its keystrokes could not be saved</source>
+        <translation>录制内容完整,但无法保存按键</translation>
+    </message>
+    <message id="recording.mic.unavailable">
+        <source>The microphone cannot be used: recording without it</source>
+        <translation>麦克风无法使用:将在没有麦克风的情况下录制</translation>
+    </message>
+    <message id="recording.mic.lost">
+        <source>The microphone is gone: the recording goes on without sound from it</source>
+        <translation>麦克风已断开:录制将在没有其声音的情况下继续</translation>
+    </message>
+    <message id="recording.camera.lost">
+        <source>The camera is gone: the recording goes on without it</source>
+        <translation>摄像头已断开:录制将在没有它的情况下继续</translation>
+    </message>
+    <message id="recording.disk.low">
+        <source>The disk has room for about five more minutes of recording</source>
+        <translation>磁盘空间还可录制约五分钟</translation>
+    </message>
+    <message id="recording.disk.full">
+        <source>The recording was stopped because the disk is nearly full. Everything so far is kept.</source>
+        <translation>磁盘快满了,录制已停止。此前的内容均已保留。</translation>
+    </message>
+    <message id="recording.stopped">
+        <source>What was being recorded is gone. The recording up to then is kept.</source>
+        <translation>录制的对象已消失。此前的录制内容已保留。</translation>
+    </message>
+    <message id="record.keyboard.permission.title">
+        <source>Keystrokes cannot be recorded</source>
+        <translation>无法记录按键</translation>
+    </message>
+    <message id="record.keyboard.permission.body">
+        <source>This desktop does not let programs see which keys are pressed. The rest is recorded as usual.</source>
+        <translation>此桌面不允许程序查看按下的按键。其余内容照常录制。</translation>
+    </message>
+    <message id="alert.importVideo.unreadable.title">
+        <source>This file cannot be read as a video</source>
+        <translation>无法将此文件作为视频读取</translation>
+    </message>
+    <message id="recording.startFailed">
+        <source>The recording could not be started</source>
+        <translation>无法开始录制</translation>
+    </message>
+    <message id="recording.region.fullDisplay">
+        <source>Full display</source>
+        <translation>整个屏幕</translation>
+    </message>
+    <message id="recording.region.square">
+        <source>Square</source>
+        <translation>正方形</translation>
+    </message>
+    <message id="recording.region.presets">
+        <source>Sizes and shapes</source>
+        <translation>尺寸和形状</translation>
+    </message>
+    <message id="recording.region.badge">
+        <source>Size of the recording; drag to move it</source>
+        <translation>录制尺寸;拖动可移动</translation>
+    </message>
+    <message id="recording.region.sizes">
+        <source>%1 px · %2 pt</source>
+        <translation>%1 px · %2 pt</translation>
+    </message>
 </context>
 </TS>

@@ -273,7 +273,8 @@ void CompressorWindow::paste() {
   services_.readClipboard(lifetime_.guard([this](const Bitmap& picture) {
     if (picture.isNull()) {
       //% "There is no image on the clipboard"
-      Toast::show({}, qtTrId("compress.toast.nothingToPaste"), ToastKind::Info, screen());
+      const QString nothing = qtTrId("compress.toast.nothingToPaste");
+      Toast::show({}, nothing, ToastKind::Info, screen());
       return;
     }
     //% "Pasted Image %1"
@@ -316,7 +317,8 @@ void CompressorWindow::listChanged() {
   model_->listChanged();
   if (!isRemoving_ && looking_ > 0 && --looking_ == 0 && run_.items().size() == countBefore_) {
     //% "No new images were found there"
-    Toast::show({}, qtTrId("compress.toast.nothingFound"), ToastKind::Info, screen());
+    const QString nothing = qtTrId("compress.toast.nothingFound");
+    Toast::show({}, nothing, ToastKind::Info, screen());
   }
   if (pages_->currentIndex() == 0 && model_->rowCount() > 0) {
     refresh();
