@@ -27,8 +27,9 @@ struct ScreenStreamConfiguration {
   std::vector<WindowId> leftOut{};
 };
 
-/// One picture of a stream: BGRA, 8 bits, opaque, sRGB, top row first. It may be held, on any thread, until the stream
-/// needs its memory: never more than `queueDepth` at once. Holding one keeps the memory alive beyond the stream.
+/// One picture of a stream: BGRA, 8 bits, opaque (whatever the fourth byte says), sRGB, top row first. It may be held,
+/// on any thread, until the stream needs its memory: never more than `queueDepth` at once. Holding one keeps the memory
+/// alive beyond the stream.
 class ScreenFrame {
  public:
   virtual ~ScreenFrame() = default;
@@ -60,6 +61,15 @@ class ScreenStream {
   virtual void requestFrame() = 0;
 };
 
+/// Where the pointer is and how it looks, sampled beside the frames of a stream.
+struct PointerSample {
+  double time = 0;            ///< host clock
+  PixelPoint position;        ///< of its hot spot in the picture, in pixels; may lie outside
+  std::uint64_t shape = 0;    ///< names the cursor's picture; the same number for the same one
+  std::uint32_t buttons = 0;  ///< bit 0 left, 1 middle, 2 right
+  friend bool operator==(const PointerSample&, const PointerSample&) = default;
+};
+
 /// Streams of the desktop: a frame when something changed and the frame clock allows, so that a still screen costs next
 /// to nothing.
 class ScreenStreamService {
@@ -69,21 +79,15 @@ class ScreenStreamService {
     std::function<void(std::shared_ptr<const ScreenFrame>)> onFrame{};
     /// The stream ended by itself: the display or window is gone, or the connection is. Once, on the stream's thread.
     std::function<void(ScreenCaptureError)> onStopped{};
+    /// The pointer moved, changed its shape, or a button went down or up; at most once for each moment of the frame
+    /// clock. On the stream's thread.
+    std::function<void(const PointerSample&)> onPointer{};
   };
   virtual ~ScreenStreamService() = default;
   /// Opens a stream; takes some milliseconds. The first frame comes at once, whether or not anything changes. Main
   /// thread or a queue.
   virtual Result<std::unique_ptr<ScreenStream>, ScreenCaptureError> start(
       const ScreenStreamConfiguration& configuration, Callbacks callbacks) = 0;
-};
-
-/// Where the pointer is and how it looks, sampled beside a recording.
-struct PointerSample {
-  double time = 0;  ///< host clock
-  PixelPoint position;
-  std::uint64_t shape = 0;    ///< names the cursor's picture; the same number for the same one
-  std::uint32_t buttons = 0;  ///< bit 0 left, 1 middle, 2 right
-  friend bool operator==(const PointerSample&, const PointerSample&) = default;
 };
 
 }  // namespace vellora
