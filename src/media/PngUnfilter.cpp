@@ -23,41 +23,34 @@ std::uint8_t paeth(int left, int above, int corner) {
 
 #ifdef __SSE2__
 
-/// Four bytes with which a filter calculates side by side.
+/// Four bytes with which a filter calculates side by side, in lanes of 16 bits: the way from one pixel to the next is
+/// short.
 class Pixel {
  public:
-  explicit Pixel(std::uint32_t word) : bytes_(_mm_cvtsi32_si128(static_cast<int>(word))) {}
+  explicit Pixel(std::uint32_t word)
+      : lanes_(_mm_unpacklo_epi8(_mm_cvtsi32_si128(static_cast<int>(word)), _mm_setzero_si128())) {}
 
-  std::uint32_t word() const { return static_cast<std::uint32_t>(_mm_cvtsi128_si32(bytes_)); }
-  Pixel operator+(Pixel other) const { return Pixel(_mm_add_epi8(bytes_, other.bytes_)); }
+  std::uint32_t word() const { return static_cast<std::uint32_t>(_mm_cvtsi128_si32(_mm_packus_epi16(lanes_, lanes_))); }
+  Pixel operator+(Pixel other) const { return Pixel(_mm_add_epi8(lanes_, other.lanes_)); }
 
-  static Pixel average(Pixel a, Pixel b) {
-    // The instruction rounds up, PNG down.
-    const __m128i odd = _mm_and_si128(_mm_xor_si128(a.bytes_, b.bytes_), _mm_set1_epi8(1));
-    return Pixel(_mm_sub_epi8(_mm_avg_epu8(a.bytes_, b.bytes_), odd));
-  }
+  static Pixel average(Pixel a, Pixel b) { return Pixel(_mm_srli_epi16(_mm_add_epi16(a.lanes_, b.lanes_), 1)); }
 
+  /// Left + above - corner is nearest to the lesser of left and above where the corner is beyond the greater one, to
+  /// the greater where it is beyond the lesser, and to the corner where that is between them. With ties as PNG has
+  /// them, that is to ask on which sides of them 3 corner - left - above lies.
   static Pixel paeth(Pixel left, Pixel above, Pixel corner) {
-    const __m128i zero = _mm_setzero_si128();
-    const __m128i a = _mm_unpacklo_epi8(left.bytes_, zero), b = _mm_unpacklo_epi8(above.bytes_, zero);
-    const __m128i c = _mm_unpacklo_epi8(corner.bytes_, zero);
-    const __m128i byLeft = _mm_sub_epi16(b, c), byAbove = _mm_sub_epi16(a, c);
-    const __m128i toLeft = absolute(byLeft), toAbove = absolute(byAbove);
-    const __m128i toCorner = absolute(_mm_add_epi16(byLeft, byAbove));
-    const __m128i least = _mm_min_epi16(toCorner, _mm_min_epi16(toLeft, toAbove));
-    const __m128i other = select(_mm_cmpeq_epi16(least, toAbove), b, c);
-    const __m128i chosen = select(_mm_cmpeq_epi16(least, toLeft), a, other);
-    return Pixel(_mm_packus_epi16(chosen, chosen));
+    const __m128i c = corner.lanes_, threefold = _mm_add_epi16(c, _mm_add_epi16(c, c));
+    const __m128i threshold = _mm_sub_epi16(_mm_sub_epi16(threefold, above.lanes_), left.lanes_);
+    const __m128i least = _mm_min_epi16(left.lanes_, above.lanes_), most = _mm_max_epi16(left.lanes_, above.lanes_);
+    const __m128i isNotLeast = _mm_cmpgt_epi16(most, threshold), isNotMost = _mm_cmpgt_epi16(threshold, least);
+    const __m128i leastOrCorner = _mm_or_si128(_mm_andnot_si128(isNotLeast, least), _mm_and_si128(isNotLeast, c));
+    return Pixel(_mm_or_si128(_mm_andnot_si128(isNotMost, most), _mm_and_si128(isNotMost, leastOrCorner)));
   }
 
  private:
-  explicit Pixel(__m128i bytes) : bytes_(bytes) {}
-  static __m128i absolute(__m128i value) { return _mm_max_epi16(value, _mm_sub_epi16(_mm_setzero_si128(), value)); }
-  static __m128i select(__m128i mask, __m128i yes, __m128i no) {
-    return _mm_or_si128(_mm_and_si128(mask, yes), _mm_andnot_si128(mask, no));
-  }
+  explicit Pixel(__m128i lanes) : lanes_(lanes) {}
 
-  __m128i bytes_;
+  __m128i lanes_;
 };
 
 #else
@@ -152,6 +145,78 @@ bool unfilter(Reader reader, const std::uint32_t* above, std::uint32_t* row, std
   }
 }
 
+std::uint32_t wordAt(const void* bytes) {
+  std::uint32_t word;
+  std::memcpy(&word, bytes, sizeof(word));
+  return word;
+}
+
+template <Filter filter>
+Pixel predicted(Pixel left, Pixel above, Pixel corner) {
+  if constexpr (filter == Sub) return left;
+  if constexpr (filter == Average) return Pixel::average(left, above);
+  if constexpr (filter == Paeth) return Pixel::paeth(left, above, corner);
+}
+
+/// Pixels of 3 or 4 bytes. Of 3, words hold a byte of the next, which is written again with it.
+template <Filter filter, std::size_t distance>
+void unfilterPixels(const std::byte* differences, std::span<const std::uint8_t> above, std::span<std::uint8_t> row) {
+  Pixel left(0), corner(0);
+  const auto step = [&](std::uint32_t difference, std::uint32_t over) {
+    const Pixel aboveIt(over);
+    left = Pixel(difference) + predicted<filter>(left, aboveIt, corner);
+    corner = aboveIt;
+    return left.word();
+  };
+  std::size_t at = 0;
+  for (; at + sizeof(std::uint32_t) <= row.size(); at += distance) {
+    const std::uint32_t word = step(wordAt(differences + at), wordAt(&above[at]));
+    std::memcpy(&row[at], &word, sizeof(word));
+  }
+  if (at == row.size()) return;
+  std::uint32_t difference = 0, over = 0;
+  std::memcpy(&difference, differences + at, distance);
+  std::memcpy(&over, &above[at], distance);
+  const std::uint32_t word = step(difference, over);
+  std::memcpy(&row[at], &word, distance);
+}
+
+template <Filter filter>
+void unfilterAny(const std::byte* differences, std::span<const std::uint8_t> above, std::span<std::uint8_t> row,
+                 std::size_t distance) {
+  for (std::size_t i = 0; i < row.size(); ++i) {
+    const int left = i < distance ? 0 : row[i - distance], corner = i < distance ? 0 : above[i - distance];
+    int sum = std::to_integer<int>(differences[i]);
+    if constexpr (filter == Sub) sum += left;
+    if constexpr (filter == Average) sum += (left + above[i]) / 2;
+    if constexpr (filter == Paeth) sum += paeth(left, above[i], corner);
+    row[i] = static_cast<std::uint8_t>(sum);
+  }
+}
+
+template <Filter filter>
+void unfilter(const std::byte* differences, std::span<const std::uint8_t> above, std::span<std::uint8_t> row,
+              std::size_t distance) {
+  if (distance == 3) return unfilterPixels<filter, 3>(differences, above, row);
+  if (distance == 4) return unfilterPixels<filter, 4>(differences, above, row);
+  unfilterAny<filter>(differences, above, row, distance);
+}
+
+void addAbove(const std::byte* differences, std::span<const std::uint8_t> above, std::span<std::uint8_t> row) {
+  using Block = std::uint8_t __attribute__((vector_size(16)));
+  std::size_t at = 0;
+  for (; at + sizeof(Block) <= row.size(); at += sizeof(Block)) {
+    Block sum, over;
+    std::memcpy(&sum, differences + at, sizeof(sum));
+    std::memcpy(&over, &above[at], sizeof(over));
+    sum += over;
+    std::memcpy(&row[at], &sum, sizeof(sum));
+  }
+  for (; at < row.size(); ++at) {
+    row[at] = static_cast<std::uint8_t>(std::to_integer<int>(differences[at]) + above[at]);
+  }
+}
+
 }  // namespace
 
 bool unfilterRgb(const std::byte* filtered, const std::uint32_t* above, std::uint32_t* row, std::size_t width) {
@@ -164,26 +229,22 @@ bool unfilterRgba(const std::byte* filtered, const std::uint32_t* above, std::ui
 
 bool unfilterBytes(const std::byte* filtered, std::span<const std::uint8_t> above, std::span<std::uint8_t> row,
                    std::size_t distance) {
-  const auto filter = std::to_integer<std::uint8_t>(*filtered);
-  std::memcpy(row.data(), filtered + 1, row.size());
-  const auto add = [row](std::size_t at, int predicted) { row[at] = static_cast<std::uint8_t>(row[at] + predicted); };
-  const auto left = [&](std::size_t at) { return at < distance ? 0 : int{row[at - distance]}; };
-  switch (filter) {
+  const std::byte* const differences = filtered + 1;
+  switch (std::to_integer<std::uint8_t>(*filtered)) {
     case None:
+      std::memmove(row.data(), differences, row.size());
       return true;
     case Sub:
-      for (std::size_t i = distance; i < row.size(); ++i) add(i, row[i - distance]);
+      unfilter<Sub>(differences, above, row, distance);
       return true;
     case Up:
-      for (std::size_t i = 0; i < row.size(); ++i) add(i, above[i]);
+      addAbove(differences, above, row);
       return true;
     case Average:
-      for (std::size_t i = 0; i < row.size(); ++i) add(i, (left(i) + above[i]) / 2);
+      unfilter<Average>(differences, above, row, distance);
       return true;
     case Paeth:
-      for (std::size_t i = 0; i < row.size(); ++i) {
-        add(i, paeth(left(i), above[i], i < distance ? 0 : above[i - distance]));
-      }
+      unfilter<Paeth>(differences, above, row, distance);
       return true;
     default:
       return false;

@@ -16,7 +16,8 @@ bool unfilterRgb(const std::byte* filtered, const std::uint32_t* above, std::uin
 /// Takes a row of 4 bytes a pixel to blue, green, red, alpha. `above` is the row over it, for the first all 0.
 bool unfilterRgba(const std::byte* filtered, const std::uint32_t* above, std::uint32_t* row, std::size_t width);
 
-/// Any other row; its filters look `distance` bytes back. `above` for the first row is all 0.
+/// Any row as it is; its filters look `distance` bytes back. `above` for the first row is all 0. `row` may begin at
+/// `filtered` or before it, also where they overlap.
 bool unfilterBytes(const std::byte* filtered, std::span<const std::uint8_t> above, std::span<std::uint8_t> row,
                    std::size_t distance);
 

@@ -29,7 +29,8 @@ Result<DecodedPicture, PictureFailure> decodeBmp(FileBytes file, const DecodeOpt
 Result<PictureInfo, PictureFailure> inspectGif(FileBytes file);
 Result<DecodedPicture, PictureFailure> decodeGif(FileBytes file, const DecodeOptions& options);
 
-/// A raster for what `info` announces; TooLarge and OutOfMemory as failures.
-Result<Raster, PictureFailure> rasterFor(int width, int height, RasterLayout layout, int bitsPerSample = 8);
+/// A raster for what a file announces; TooLarge and OutOfMemory as failures. `spareBytes` as in Raster::create.
+Result<Raster, PictureFailure> rasterFor(int width, int height, RasterLayout layout, int bitsPerSample = 8,
+                                         std::size_t spareBytes = 0);
 
 }  // namespace vellora

@@ -143,7 +143,8 @@ std::size_t decodedBytesOf(const PictureInfo& info, const DecodeOptions& options
   return pixels * (isCopied ? 2 : 1) + info.workingBytes;
 }
 
-Result<Raster, PictureFailure> rasterFor(int width, int height, RasterLayout layout, int bitsPerSample) {
+Result<Raster, PictureFailure> rasterFor(int width, int height, RasterLayout layout, int bitsPerSample,
+                                         std::size_t spareBytes) {
   if (width <= 0 || height <= 0) return refused(PictureError::Damaged, "no pixels");
   if (width > Raster::maximumEdge || height > Raster::maximumEdge) {
     return refused(PictureError::TooLarge, "a side of more than 65,535 pixels");
@@ -153,7 +154,7 @@ Result<Raster, PictureFailure> rasterFor(int width, int height, RasterLayout lay
   if (samples * static_cast<std::size_t>(bitsPerSample / 8) > Raster::maximumBytes) {
     return refused(PictureError::TooLarge, "more than 1 GB of pixels");
   }
-  auto raster = Raster::create(width, height, layout, bitsPerSample);
+  auto raster = Raster::create(width, height, layout, bitsPerSample, spareBytes);
   if (!raster) return refused(PictureError::OutOfMemory);
   return std::move(*raster);
 }

@@ -19,7 +19,6 @@ namespace {
 
 /// Deflate says 258 bytes with two bits at best (RFC 1951, 3.2.5).
 constexpr std::size_t mostInflated = 1032;
-constexpr std::uint32_t opaqueBlack = 0xFF000000U;
 
 /// A picture as it lies in the data: the whole, or every few pixels of it.
 struct Pass {
@@ -64,6 +63,16 @@ RasterLayout layoutOf(const PngFile& png) {
   return hasAlphaChannel(png) ? RasterLayout::Rgba : RasterLayout::Rgb;
 }
 
+/// Whether samples stand in the file as in a raster.
+bool hasPlainRows(const PngFile& png) {
+  return png.depth == 8 && png.color != PngColor::Indexed && png.transparency.empty();
+}
+
+/// Whether the raster's own memory serves for inflating.
+bool isUnfilteredInPlace(const PngFile& png) {
+  return hasPlainRows(png) && !png.isInterlaced;
+}
+
 PictureInfo infoOf(const PngFile& png) {
   PictureInfo info{.type = PictureType::Png, .width = png.width, .height = png.height};
   info.orientation = exifFacts({octets(png.exif), png.exif.size()}).orientation;
@@ -76,23 +85,20 @@ PictureInfo infoOf(const PngFile& png) {
   info.hasAlpha = hasAlphaChannel(png);
   info.hasProfile = !png.profile.empty();
   info.hasMetadata = !png.exif.empty() || png.hasTexts;
-  info.workingBytes = inflatedBytesOf(png) + png.deflatedBytes;
+  info.workingBytes = (isUnfilteredInPlace(png) ? 0 : inflatedBytesOf(png)) + png.deflatedBytes;
   return info;
+}
+
+/// What filters look back.
+std::size_t filterDistance(const PngFile& png) {
+  return static_cast<std::size_t>(std::max(1, png.channels() * png.depth / 8));
 }
 
 /// Makes samples of the rows of one pass, one after another.
 class RowDecoder {
  public:
   RowDecoder(const PngFile& png, int width)
-      : png_(png),
-        width_(static_cast<std::size_t>(width)),
-        rowBytes_(rowBytesOf(png, width)),
-        takesWords_(png.depth == 8 && (png.color == PngColor::Rgb || png.color == PngColor::Rgba)) {
-    if (takesWords_) {
-      words_.resize(2 * width_, png.color == PngColor::Rgb ? opaqueBlack : 0);
-    } else {
-      bytes_.resize(2 * rowBytes_);
-    }
+      : png_(png), width_(static_cast<std::size_t>(width)), rowBytes_(rowBytesOf(png, width)), bytes_(2 * rowBytes_) {
     if (png.color == PngColor::Indexed) return;
     const std::uint32_t mask = (1U << png.depth) - 1;
     for (std::size_t i = 0; i < png.transparency.size() / 2; ++i) {
@@ -105,22 +111,17 @@ class RowDecoder {
   /// False when the row's filter is unknown.
   bool decode(const std::byte* filtered, std::uint8_t* target) {
     isOdd_ = !isOdd_;
-    if (takesWords_) {
-      std::uint32_t* const row = &words_[isOdd_ ? width_ : 0];
-      const std::uint32_t* const above = &words_[isOdd_ ? 0 : width_];
-      const bool isRgb = png_.color == PngColor::Rgb;
-      if (!(isRgb ? unfilterRgb : unfilterRgba)(filtered, above, row, width_)) return false;
-      takeWords(row, target);
-      return true;
-    }
     const std::span row(&bytes_[isOdd_ ? rowBytes_ : 0], rowBytes_);
     const std::span above(&bytes_[isOdd_ ? 0 : rowBytes_], rowBytes_);
-    const auto distance = static_cast<std::size_t>(std::max(1, png_.channels() * png_.depth / 8));
-    if (!unfilterBytes(filtered, above, row, distance)) return false;
-    if (png_.color == PngColor::Indexed) {
+    if (!unfilterBytes(filtered, above, row, filterDistance(png_))) return false;
+    if (hasPlainRows(png_)) {
+      std::memcpy(target, row.data(), row.size());
+    } else if (png_.color == PngColor::Indexed) {
       takeIndexed(row, target);
     } else if (png_.depth == 16) {
       takeDeep(row, reinterpret_cast<std::uint16_t*>(target));
+    } else if (png_.color == PngColor::Rgb) {
+      takeKeyed(row, target);
     } else {
       takeGrey(row, target);
     }
@@ -128,36 +129,12 @@ class RowDecoder {
   }
 
  private:
-  /// From blue, green, red, alpha.
-  void takeWords(const std::uint32_t* row, std::uint8_t* target) const {
-    if (png_.color == PngColor::Rgb && png_.transparency.empty()) {
-      packRgb(row, target);
-      return;
-    }
-    const bool isKeyed = png_.color == PngColor::Rgb;
-    const std::uint32_t clear =
-        opaqueBlack | std::uint32_t{clear_[0]} << 16 | std::uint32_t{clear_[1]} << 8 | clear_[2];
-    for (std::size_t x = 0; x < width_; ++x, target += 4) {
-      const std::uint32_t word = row[x];
-      target[0] = static_cast<std::uint8_t>(word >> 16);
-      target[1] = static_cast<std::uint8_t>(word >> 8);
-      target[2] = static_cast<std::uint8_t>(word);
-      target[3] = isKeyed && word == clear ? 0 : static_cast<std::uint8_t>(word >> 24);
-    }
-  }
-
-  /// Four pixels at a time, which fill three words.
-  void packRgb(const std::uint32_t* row, std::uint8_t* target) const {
-    const auto rgb = [](std::uint32_t word) { return __builtin_bswap32(word) >> 8; };
-    std::size_t x = 0;
-    for (; x + 4 <= width_; x += 4, target += 12) {
-      const std::uint32_t a = rgb(row[x]), b = rgb(row[x + 1]), c = rgb(row[x + 2]), d = rgb(row[x + 3]);
-      const std::array<std::uint32_t, 3> words{a | b << 24, b >> 8 | c << 16, c >> 16 | d << 8};
-      std::memcpy(target, words.data(), sizeof(words));
-    }
-    for (; x < width_; ++x, target += 3) {
-      const std::uint32_t last = rgb(row[x]);
-      std::memcpy(target, &last, 3);
+  /// Red, green and blue, of which one color is transparent.
+  void takeKeyed(std::span<const std::uint8_t> row, std::uint8_t* target) const {
+    for (std::size_t x = 0; x < row.size(); x += 3, target += 4) {
+      std::memcpy(target, &row[x], 3);
+      const bool isClear = row[x] == clear_[0] && row[x + 1] == clear_[1] && row[x + 2] == clear_[2];
+      target[3] = isClear ? 0 : 255;
     }
   }
 
@@ -182,12 +159,8 @@ class RowDecoder {
     }
   }
 
-  /// Grey, with or without alpha, of up to 8 bits.
+  /// Grey of less than 8 bits, or of which one level is transparent.
   void takeGrey(std::span<const std::uint8_t> row, std::uint8_t* target) const {
-    if (png_.color == PngColor::GrayAlpha || (png_.depth == 8 && png_.transparency.empty())) {
-      std::memcpy(target, row.data(), row.size());
-      return;
-    }
     const unsigned int highest = (1U << png_.depth) - 1;
     for (std::size_t x = 0; x < width_; ++x) {
       const unsigned int level = packed(row, x);
@@ -212,16 +185,17 @@ class RowDecoder {
 
   const PngFile& png_;
   const std::size_t width_, rowBytes_;
-  const bool takesWords_;
   std::vector<std::uint8_t> bytes_;       // two rows in turn
-  std::vector<std::uint32_t> words_;      // likewise
   std::array<std::uint16_t, 3> clear_{};  // the color tRNS makes transparent
   bool isOdd_ = false;
 };
 
-Result<std::shared_ptr<std::byte[]>, PictureFailure> inflate(const PngFile& png) {
-  const std::size_t bytes = inflatedBytesOf(png);
-  if (bytes / mostInflated > png.deflatedBytes) return refused(PictureError::Damaged, "too little data");
+/// Whether there is enough data at all: to be asked before any memory is taken.
+bool mayInflate(const PngFile& png) {
+  return inflatedBytesOf(png) / mostInflated <= png.deflatedBytes;
+}
+
+Result<void, PictureFailure> inflate(const PngFile& png, std::byte* target) {
   FileBytes deflated = png.deflated.front();
   ByteBuffer joined;
   if (png.deflated.size() > 1) {
@@ -233,14 +207,27 @@ Result<std::shared_ptr<std::byte[]>, PictureFailure> inflate(const PngFile& png)
   }
   const std::unique_ptr<libdeflate_decompressor, void (*)(libdeflate_decompressor*)> decompressor(
       libdeflate_alloc_decompressor(), libdeflate_free_decompressor);
-  auto pixels = allocatePixels(bytes);
-  if (!decompressor || !pixels) return refused(PictureError::OutOfMemory);
+  if (!decompressor) return refused(PictureError::OutOfMemory);
   // Without a place for the actual size, any other size is an error.
-  if (libdeflate_zlib_decompress(decompressor.get(), deflated.data(), deflated.size(), pixels.get(), bytes, nullptr) !=
-      LIBDEFLATE_SUCCESS) {
+  if (libdeflate_zlib_decompress(decompressor.get(), deflated.data(), deflated.size(), target, inflatedBytesOf(png),
+                                 nullptr) != LIBDEFLATE_SUCCESS) {
     return refused(PictureError::Damaged, "corrupt compressed data");
   }
-  return pixels;
+  return {};
+}
+
+/// Unfilters rows where they were inflated: each moves up by the filters' numbers before it.
+bool unfilterInPlace(const PngFile& png, Raster& raster) {
+  const std::size_t rowBytes = raster.stride();
+  const std::vector<std::uint8_t> nothing(rowBytes);
+  const std::uint8_t* above = nothing.data();
+  const auto* filtered = reinterpret_cast<const std::byte*>(raster.row(0));
+  for (int y = 0; y < png.height; ++y, filtered += rowBytes + 1) {
+    std::uint8_t* const row = raster.row(y);
+    if (!unfilterBytes(filtered, {above, rowBytes}, {row, rowBytes}, filterDistance(png))) return false;
+    above = row;
+  }
+  return true;
 }
 
 bool decodePasses(const PngFile& png, const std::byte* filtered, Raster& raster) {
@@ -277,12 +264,17 @@ Result<DecodedPicture, PictureFailure> decodePngPicture(FileBytes file, const De
   const auto png = readPngFile(file, true);
   if (!png) return failure(png.error());
   DecodedPicture picture{.info = infoOf(*png)};
-  // The data first: it is found to be too short before any memory is taken.
-  const auto pixels = inflate(*png);
-  if (!pixels) return failure(pixels.error());
-  auto raster = rasterFor(png->width, png->height, layoutOf(*png), png->depth == 16 ? 16 : 8);
+  if (!mayInflate(*png)) return refused(PictureError::Damaged, "too little data");
+  const bool isInPlace = isUnfilteredInPlace(*png);
+  auto raster = rasterFor(png->width, png->height, layoutOf(*png), png->depth == 16 ? 16 : 8,
+                          isInPlace ? static_cast<std::size_t>(png->height) : 0);
   if (!raster) return failure(raster.error());
-  if (!decodePasses(*png, pixels->get(), *raster)) return refused(PictureError::Damaged, "unknown filter");
+  const auto pixels = isInPlace ? nullptr : allocatePixels(inflatedBytesOf(*png));
+  if (!isInPlace && !pixels) return refused(PictureError::OutOfMemory);
+  const auto inflated = inflate(*png, isInPlace ? reinterpret_cast<std::byte*>(raster->row(0)) : pixels.get());
+  if (!inflated) return failure(inflated.error());
+  const bool isWhole = isInPlace ? unfilterInPlace(*png, *raster) : decodePasses(*png, pixels.get(), *raster);
+  if (!isWhole) return refused(PictureError::Damaged, "unknown filter");
   picture.raster = std::move(*raster);
   picture.metadata = {copyOf(png->exif), png->xmp, png->profile, png->dotsPerInch};
   if (png->color == PngColor::Indexed) picture.palette = static_cast<int>(png->palette.size() / 3);

@@ -4,7 +4,8 @@
 
 namespace vellora {
 
-std::optional<Raster> Raster::create(int width, int height, RasterLayout layout, int bitsPerSample) {
+std::optional<Raster> Raster::create(int width, int height, RasterLayout layout, int bitsPerSample,
+                                     std::size_t spareBytes) {
   if (width <= 0 || height <= 0 || width > maximumEdge || height > maximumEdge) return std::nullopt;
   if (bitsPerSample != 8 && bitsPerSample != 16) return std::nullopt;
   Raster raster;
@@ -13,7 +14,7 @@ std::optional<Raster> Raster::create(int width, int height, RasterLayout layout,
   raster.layout_ = layout;
   raster.bitsPerSample_ = bitsPerSample;
   if (raster.bytes() > maximumBytes) return std::nullopt;
-  raster.samples_ = allocatePixels(raster.bytes());
+  raster.samples_ = allocatePixels(raster.bytes() + spareBytes);
   if (!raster.samples_) return std::nullopt;
   return raster;
 }

@@ -25,8 +25,10 @@ class Raster {
   static constexpr std::size_t maximumBytes = std::size_t{1} << 30;
 
   Raster() = default;
-  /// Zero-filled. Nothing when the size is empty, beyond the limits, or memory is short.
-  static std::optional<Raster> create(int width, int height, RasterLayout layout, int bitsPerSample = 8);
+  /// Zero-filled, with `spareBytes` more behind the last row. Nothing when the size is empty, beyond the limits, or
+  /// memory is short.
+  static std::optional<Raster> create(int width, int height, RasterLayout layout, int bitsPerSample = 8,
+                                      std::size_t spareBytes = 0);
 
   bool isNull() const { return samples_ == nullptr; }
   int width() const { return width_; }
