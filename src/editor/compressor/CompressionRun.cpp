@@ -198,10 +198,14 @@ class CompressionRun::State : public std::enable_shared_from_this<State> {
         std::ranges::count_if(items_, [&](const CompressionItem& item) { return isOutstanding(item, wish); }));
   }
 
-  void retry(std::uint64_t id) {
+  void retry(std::uint64_t id, const std::optional<Wish>& wish = std::nullopt) {
     const auto found = position(id);
     if (found == items_.end() || !isFinished(found->state) || isSuccess(found->state)) return;
-    if (!isRunning_) beginRun();
+    if (!isRunning_) {
+      options_ = wish ? wish->options : options_;
+      destination_ = wish ? wish->destination : destination_;
+      beginRun();
+    }
     if (ended_.erase(id) != 0) {
       --progress_.finished;
       if (found->state == CompressionState::failed) --progress_.failed;
@@ -475,6 +479,10 @@ std::size_t CompressionRun::outstanding(const CompressOptions& options, const Co
 
 void CompressionRun::retry(std::uint64_t id) {
   state_->retry(id);
+}
+
+void CompressionRun::retry(std::uint64_t id, const CompressOptions& options, const CompressDestination& destination) {
+  state_->retry(id, Wish{options, destination});
 }
 
 void CompressionRun::cancel() {

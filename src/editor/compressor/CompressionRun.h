@@ -79,6 +79,8 @@ class CompressionRun {
   std::size_t outstanding(const CompressOptions& options, const CompressDestination& destination) const;
   /// Failed or cancelled items again, also while others run, which then counts them as not finished yet.
   void retry(std::uint64_t id);
+  /// With other options for another destination, unless a run goes on, which keeps its own.
+  void retry(std::uint64_t id, const CompressOptions& options, const CompressDestination& destination);
   /// Running items stop soon; only whole files stay.
   void cancel();
   bool isRunning() const;
