@@ -283,8 +283,7 @@ void CompressorWindow::paste() {
 }
 
 void CompressorWindow::start() {
-  const CompressDestination destination = settings_.destination(services_.settings.saveDirectory());
-  run_.start(settings_.options(), destination);
+  run_.start(settings_.options(), destination());
   if (!run_.isRunning()) return;
   Toast::dismiss();
   refresh();
@@ -365,8 +364,7 @@ void CompressorWindow::refresh() {
   if (isRunning) {
     footer_->setProgress(run_.progress());
   } else {
-    footer_->setOutstanding(
-        run_.outstanding(settings_.options(), settings_.destination(services_.settings.saveDirectory())));
+    footer_->setOutstanding(run_.outstanding(settings_.options(), destination()));
   }
   footer_->setRunning(isRunning);
   refreshCommands();
@@ -388,6 +386,10 @@ void CompressorWindow::refreshCommands() {
   commands_.remove->setEnabled(
       any([](const CompressionItem& each) { return each.state != CompressionState::running; }));
   commands_.reveal->setEnabled(services_.reveal && item != nullptr && item->lastOutput);
+}
+
+CompressDestination CompressorWindow::destination() const {
+  return settings_.destination(services_.settings.saveDirectory());
 }
 
 QString CompressorWindow::summary() const {

@@ -108,6 +108,7 @@ class CompressorWindow final : public QWidget {
   void refreshCommands();
   void updateComparison();
   QString summary() const;
+  CompressDestination destination() const;
 
   CompressionRun& run_;
   CompressorWindowController::Services services_;

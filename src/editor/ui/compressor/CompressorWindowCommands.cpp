@@ -126,7 +126,7 @@ void CompressorWindow::perform(RowAction action, std::uint64_t id) {
   if (item == nullptr) return;
   switch (action) {
     case RowAction::Retry:
-      run_.retry(id);
+      run_.retry(id, settings_.options(), destination());
       return refresh();
     case RowAction::Reveal:
       if (services_.reveal && item->lastOutput) services_.reveal(item->lastOutput->file);
@@ -140,7 +140,7 @@ void CompressorWindow::perform(RowAction action, std::uint64_t id) {
 }
 
 void CompressorWindow::retrySelected() {
-  for (const std::uint64_t id : list_->selectedIds()) run_.retry(id);
+  for (const std::uint64_t id : list_->selectedIds()) run_.retry(id, settings_.options(), destination());
   refresh();
 }
 

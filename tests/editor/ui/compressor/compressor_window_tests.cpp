@@ -143,11 +143,12 @@ TEST_F(CompressorWindowTest, AFailedRowSaysWhyAndCanBeTriedAgain) {
                   .contains(QLatin1String("compress.failure.notAPicture")));
   EXPECT_EQ(Toast::current()->kind(), ToastKind::Failure);
   write("bad.jpg");
+  stored().setFormat(CompressFormat::png);
   clickAction(1, RowAction::Retry);
   finish();
   EXPECT_EQ(items()[1].state, CompressionState::done);
-  EXPECT_TRUE(fs::exists(root() / "bad-compressed.jpg"));
-  EXPECT_FALSE(fs::exists(root() / "good-compressed (2).jpg"));
+  EXPECT_TRUE(fs::exists(root() / "bad-compressed.png")) << "with the settings of now";
+  EXPECT_FALSE(fs::exists(root() / "good-compressed.png"));
 }
 
 TEST_F(CompressorWindowTest, RowsAreRemovedByButtonAndKeyAndTheSelectionGoesOn) {
