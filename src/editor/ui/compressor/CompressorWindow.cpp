@@ -313,6 +313,7 @@ void CompressorWindow::updateComparison() {
 }
 
 void CompressorWindow::listChanged() {
+  const int rowsBefore = model_->rowCount();
   model_->listChanged();
   if (!isRemoving_ && looking_ > 0 && --looking_ == 0 && run_.items().size() == countBefore_) {
     //% "No new images were found there"
@@ -321,9 +322,10 @@ void CompressorWindow::listChanged() {
   }
   if (pages_->currentIndex() == 0 && model_->rowCount() > 0) {
     refresh();
-    list_->setCurrentIndex(model_->index(0));
     list_->setFocus(Qt::OtherFocusReason);
   }
+  // What has come is to be seen.
+  if (model_->rowCount() > rowsBefore) list_->setCurrentIndex(model_->index(rowsBefore));
   if (model_->rowCount() == 0) setComparisonShown(false);
   refreshSoon();
 }
