@@ -162,13 +162,9 @@ void CameraBubble::paintEvent(QPaintEvent*) {
     painter.drawEllipse(disc);
   }
   if (close_->isVisible()) {
-    // The controls are read on any picture.
-    QRadialGradient shade(QRectF(close_->geometry()).center(), 36);
-    shade.setColorAt(0, QColor(0, 0, 0, 150));
-    shade.setColorAt(0.45, QColor(0, 0, 0, 120));
-    shade.setColorAt(1, QColor(0, 0, 0, 0));
-    painter.setBrush(shade);
-    painter.drawEllipse(disc);
+    // The button is seen on any picture.
+    painter.setBrush(QColor(0, 0, 0, 140));
+    painter.drawEllipse(QRectF(close_->geometry()).center(), tokens::minimumHit / 2.0, tokens::minimumHit / 2.0);
   }
   painter.setBrush(Qt::NoBrush);
   painter.setPen(QPen(QColor(255, 255, 255, blended_ ? 90 : 255), edgeWidth));

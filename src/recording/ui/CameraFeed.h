@@ -39,7 +39,7 @@ class CameraFeed {
   std::function<void(QImage)> show_;
   int side_ = 0;
   bool isConverting_ = false;
-  double convertedAt_ = 0;
+  double convertedAt_ = -leastInterval;
   TimerHandle wait_;
 
   std::mutex mutex_;

@@ -28,6 +28,34 @@ constexpr int lampRoom = 22;
 
 using Mode = RecordingBarModel::Mode;
 
+QString pauseTitle(bool isPaused) {
+  //% "Resume"
+  if (isPaused) return qtTrId("recording.bar.resume");
+  //% "Pause"
+  return qtTrId("recording.bar.pause");
+}
+
+QString soundTitle(bool isOn) {
+  //% "Sound of the computer: on"
+  if (isOn) return qtTrId("recording.bar.sound.on");
+  //% "Sound of the computer: off"
+  return qtTrId("recording.bar.sound.off");
+}
+
+QString keysTitle(bool isOn) {
+  //% "Keystrokes are recorded"
+  if (isOn) return qtTrId("recording.bar.keys.on");
+  //% "Keystrokes are not recorded"
+  return qtTrId("recording.bar.keys.off");
+}
+
+QString startingText(int countdown) {
+  //% "Starting in %1"
+  if (countdown > 0) return qtTrId("recording.bar.startingIn").arg(countdown);
+  //% "Starting…"
+  return qtTrId("recording.bar.starting");
+}
+
 int clampedStart(int wanted, int length, int from, int to) {
   return std::clamp(wanted, from, std::max(from, to - length));
 }
@@ -90,6 +118,7 @@ void RecordingBar::makeControls() {
   start_ = new StartButton;
   hint_ = new TextLabel(TextLabel::Role::Body);
   hint_->setFont(tabularFont());
+  hint_->setContentsMargins(0, 0, tokens::space3, 0);
   //% "Cancel"
   cancel_ = new Button(Button::Role::Secondary, qtTrId("recording.bar.cancel"));
   clock_ = new TextLabel(TextLabel::Role::Strong);
@@ -109,9 +138,10 @@ void RecordingBar::makeControls() {
   auto* const row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(0);
+  // The meter stands beside the microphone before the start, and after the clock while recording.
   for (QWidget* const control :
-       std::initializer_list<QWidget*>{source_, mic_, meter_, systemSound_, camera_, keyboard_, hint_, cancel_, clock_,
-                                       keys_, pause_, stop_, start_, close_}) {
+       std::initializer_list<QWidget*>{source_, mic_, clock_, hint_, meter_, keys_, systemSound_, camera_, keyboard_,
+                                       cancel_, pause_, stop_, start_, close_}) {
     row->addWidget(control);
     control->installEventFilter(this);
   }
@@ -163,10 +193,7 @@ void RecordingBar::refresh() {
       refreshBeforeStart();
       break;
     case Mode::arming: {
-      //% "Starting in %1"
-      const QString text = countdown_ > 0 ? qtTrId("recording.bar.startingIn").arg(countdown_)
-                                          //% "Starting…"
-                                          : qtTrId("recording.bar.starting");
+      const QString text = startingText(countdown_);
       if (hint_->text() != text) {
         hint_->setText(text);
         fit();
@@ -206,9 +233,7 @@ void RecordingBar::showControls() {
   if (running) {
     const bool paused = *shown_ == Mode::paused;
     pause_->setIconName(paused ? QStringLiteral("play") : QStringLiteral("pause"));
-    //% "Resume"
-    //% "Pause"
-    pause_->setTitle(paused ? qtTrId("recording.bar.resume") : qtTrId("recording.bar.pause"));
+    pause_->setTitle(pauseTitle(paused));
     stop_->setIconColor(Theme::shared().palette().record);
   }
   if (before) start_->setFocus();
@@ -236,16 +261,12 @@ void RecordingBar::refreshBeforeStart() {
   const bool sound = model_->systemSoundEnabled;
   systemSound_->setIconName(sound ? QStringLiteral("speaker") : QStringLiteral("speaker.slash"));
   systemSound_->setIconColor(sound ? palette.text : palette.secondaryText);
-  //% "Sound of the computer: on"
-  //% "Sound of the computer: off"
-  systemSound_->setTitle(sound ? qtTrId("recording.bar.sound.on") : qtTrId("recording.bar.sound.off"));
+  systemSound_->setTitle(soundTitle(sound));
   const bool keys = model_->keyboardEnabled;
   keyboard_->setIconName(keys ? QStringLiteral("keyboard") : QStringLiteral("keyboard.slash"));
   keyboard_->setIconColor(keys ? palette.text : palette.secondaryText);
   keyboard_->setDot(keys ? palette.record : QColor());
-  //% "Keystrokes are recorded"
-  //% "Keystrokes are not recorded"
-  keyboard_->setTitle(keys ? qtTrId("recording.bar.keys.on") : qtTrId("recording.bar.keys.off"));
+  keyboard_->setTitle(keysTitle(keys));
   if (changed) fit();
 }
 
@@ -280,7 +301,7 @@ void RecordingBar::refreshRunning() {
     keys_->setIconColor(hidden ? palette.warning : palette.text);
     keys_->setDot(hidden || *shown_ == Mode::paused ? QColor() : palette.record);
     //% "A password is being typed: keystrokes are not recorded"
-    keys_->setTitle(hidden ? qtTrId("recording.bar.keys.hidden") : qtTrId("recording.bar.keys.on"));
+    keys_->setTitle(hidden ? qtTrId("recording.bar.keys.hidden") : keysTitle(true));
   }
   if (changed) fit();
 }
@@ -289,7 +310,7 @@ void RecordingBar::fit() {
   layout()->invalidate();
   layout()->activate();
   const QSize around = size() - panelRect().size();
-  const QSize next(layout()->sizeHint().width(), tokens::barHeight + around.height());
+  const QSize next(layout()->totalSizeHint().width(), tokens::barHeight + around.height());
   if (next == size()) return;
   const QPoint middle = geometry().center();
   setFixedSize(next);

@@ -76,9 +76,9 @@ void RecordingCountdown::paintEvent(QPaintEvent*) {
   QColor ground = palette.sunken;
   if (blended_) {
     ground.setAlphaF(0.78F);
-    painter.setPen(Qt::NoPen);
+    painter.setPen(QPen(QColor(255, 255, 255, 36), 1));  // tells it from what is dark itself
     painter.setBrush(ground);
-    painter.drawEllipse(rect());
+    painter.drawEllipse(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
   } else {
     painter.fillRect(rect(), ground);
   }

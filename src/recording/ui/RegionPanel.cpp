@@ -1,5 +1,7 @@
 #include "recording/ui/RegionPanel.h"
 
+#include <algorithm>
+
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
@@ -84,7 +86,12 @@ class RegionPanel::Frame final : public PixelWindow {
     const RegionFrameLayout layout(panel_.model_.region(), panel_.screen_.scale);
     painter.translate(-frame().x, -frame().y);
     if (!isBlended()) {
-      for (const PixelRect& side : layout.band()) painter.fillRect(toQRect(side), palette.raised);
+      const int hair = std::max(1, static_cast<int>(panel_.screen_.scale));
+      for (const PixelRect& side : layout.band()) painter.fillRect(toQRect(side), palette.controlBorder);
+      const QRect outer = toQRect(layout.band()[0]) | toQRect(layout.band()[2]);
+      QRegion ring(outer.adjusted(hair, hair, -hair, -hair));
+      ring -= toQRect(panel_.model_.region());
+      for (const QRect& part : ring) painter.fillRect(part, palette.raised);
     }
     for (const PixelRect& side : layout.lines()) painter.fillRect(toQRect(side), palette.accent);
     painter.setRenderHint(QPainter::Antialiasing);
