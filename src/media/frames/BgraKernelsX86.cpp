@@ -63,28 +63,26 @@ inline __m128i addNeighbors(__m128i left, __m128i right) {
   return _mm_add_epi16(_mm_castps_si128(_mm_shuffle_ps(l, r, 0x88)), _mm_castps_si128(_mm_shuffle_ps(l, r, 0xdd)));
 }
 
-inline void storeLuma(std::uint8_t* to, const Pairs (&row)[4]) {
-  const __m128i low = _mm_packs_epi32(luma(row[0]), luma(row[1]));
-  const __m128i high = _mm_packs_epi32(luma(row[2]), luma(row[3]));
-  _mm_storeu_si128(reinterpret_cast<__m128i*>(to), _mm_packus_epi16(low, high));
+/// 8 pixels of both rows, as 16-bit and 32-bit numbers.
+struct Half {
+  __m128i topY, bottomY, u, v;
+};
+
+inline Half convertHalf(const std::uint8_t* top, const std::uint8_t* bottom) {
+  const Pairs left = load(top), right = load(top + 16), leftBelow = load(bottom), rightBelow = load(bottom + 16);
+  Pairs sums;
+  sums.br = addNeighbors(_mm_add_epi16(left.br, leftBelow.br), _mm_add_epi16(right.br, rightBelow.br));
+  sums.ga = addNeighbors(_mm_add_epi16(left.ga, leftBelow.ga), _mm_add_epi16(right.ga, rightBelow.ga));
+  return {_mm_packs_epi32(luma(left), luma(right)), _mm_packs_epi32(luma(leftBelow), luma(rightBelow)),
+          chroma(sums, uBR, uG), chroma(sums, vBR, vG)};
 }
 
 /// 16 pixels of both rows.
 inline void convert(const BgraRowPair& rows) {
-  const Pairs top[4] = {load(rows.top), load(rows.top + 16), load(rows.top + 32), load(rows.top + 48)};
-  const Pairs bottom[4] = {load(rows.bottom), load(rows.bottom + 16), load(rows.bottom + 32), load(rows.bottom + 48)};
-  storeLuma(rows.topY, top);
-  storeLuma(rows.bottomY, bottom);
-  Pairs sums[2];
-  for (int i = 0; i < 2; ++i) {
-    const Pairs &left = top[2 * i], &right = top[2 * i + 1];
-    const Pairs &leftBelow = bottom[2 * i], &rightBelow = bottom[2 * i + 1];
-    sums[i].br = addNeighbors(_mm_add_epi16(left.br, leftBelow.br), _mm_add_epi16(right.br, rightBelow.br));
-    sums[i].ga = addNeighbors(_mm_add_epi16(left.ga, leftBelow.ga), _mm_add_epi16(right.ga, rightBelow.ga));
-  }
-  const __m128i u = _mm_packs_epi32(chroma(sums[0], uBR, uG), chroma(sums[1], uBR, uG));
-  const __m128i v = _mm_packs_epi32(chroma(sums[0], vBR, vG), chroma(sums[1], vBR, vG));
-  const __m128i uv = _mm_packus_epi16(u, v);
+  const Half left = convertHalf(rows.top, rows.bottom), right = convertHalf(rows.top + 32, rows.bottom + 32);
+  _mm_storeu_si128(reinterpret_cast<__m128i*>(rows.topY), _mm_packus_epi16(left.topY, right.topY));
+  _mm_storeu_si128(reinterpret_cast<__m128i*>(rows.bottomY), _mm_packus_epi16(left.bottomY, right.bottomY));
+  const __m128i uv = _mm_packus_epi16(_mm_packs_epi32(left.u, right.u), _mm_packs_epi32(left.v, right.v));
   _mm_storel_epi64(reinterpret_cast<__m128i*>(rows.u), uv);
   _mm_storeh_pd(reinterpret_cast<double*>(rows.v), _mm_castsi128_pd(uv));
 }
@@ -125,31 +123,34 @@ VELLORA_AVX2 __m256i addNeighbors(__m256i left, __m256i right) {
                           _mm256_castps_si256(_mm256_shuffle_ps(l, r, 0xdd)));
 }
 
-VELLORA_AVX2 void storeLuma(std::uint8_t* to, const Pairs (&row)[4]) {
-  const __m256i low = _mm256_packs_epi32(luma(row[0]), luma(row[1]));
-  const __m256i high = _mm256_packs_epi32(luma(row[2]), luma(row[3]));
+/// 16 pixels of both rows, as 16-bit and 32-bit numbers.
+struct Half {
+  __m256i topY, bottomY, u, v;
+};
+
+VELLORA_AVX2 Half convertHalf(const std::uint8_t* top, const std::uint8_t* bottom) {
+  const Pairs left = load(top), right = load(top + 32), leftBelow = load(bottom), rightBelow = load(bottom + 32);
+  Pairs sums;
+  sums.br = addNeighbors(_mm256_add_epi16(left.br, leftBelow.br), _mm256_add_epi16(right.br, rightBelow.br));
+  sums.ga = addNeighbors(_mm256_add_epi16(left.ga, leftBelow.ga), _mm256_add_epi16(right.ga, rightBelow.ga));
+  return {_mm256_packs_epi32(luma(left), luma(right)), _mm256_packs_epi32(luma(leftBelow), luma(rightBelow)),
+          chroma(sums, uBR, uG), chroma(sums, vBR, vG)};
+}
+
+VELLORA_AVX2 void storeLuma(std::uint8_t* to, __m256i left, __m256i right) {
   const __m256i order = _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7);
   _mm256_storeu_si256(reinterpret_cast<__m256i*>(to),
-                      _mm256_permutevar8x32_epi32(_mm256_packus_epi16(low, high), order));
+                      _mm256_permutevar8x32_epi32(_mm256_packus_epi16(left, right), order));
 }
 
 /// 32 pixels of both rows.
 VELLORA_AVX2 void convert(const BgraRowPair& rows) {
-  const Pairs top[4] = {load(rows.top), load(rows.top + 32), load(rows.top + 64), load(rows.top + 96)};
-  const Pairs bottom[4] = {load(rows.bottom), load(rows.bottom + 32), load(rows.bottom + 64), load(rows.bottom + 96)};
-  storeLuma(rows.topY, top);
-  storeLuma(rows.bottomY, bottom);
-  Pairs sums[2];
-  for (int i = 0; i < 2; ++i) {
-    const Pairs &left = top[2 * i], &right = top[2 * i + 1];
-    const Pairs &leftBelow = bottom[2 * i], &rightBelow = bottom[2 * i + 1];
-    sums[i].br = addNeighbors(_mm256_add_epi16(left.br, leftBelow.br), _mm256_add_epi16(right.br, rightBelow.br));
-    sums[i].ga = addNeighbors(_mm256_add_epi16(left.ga, leftBelow.ga), _mm256_add_epi16(right.ga, rightBelow.ga));
-  }
-  const __m256i u = _mm256_packs_epi32(chroma(sums[0], uBR, uG), chroma(sums[1], uBR, uG));
-  const __m256i v = _mm256_packs_epi32(chroma(sums[0], vBR, vG), chroma(sums[1], vBR, vG));
+  const Half left = convertHalf(rows.top, rows.bottom), right = convertHalf(rows.top + 64, rows.bottom + 64);
+  storeLuma(rows.topY, left.topY, right.topY);
+  storeLuma(rows.bottomY, left.bottomY, right.bottomY);
   // Each half has every other pair of U, then of V.
-  const __m256i mixed = _mm256_permute4x64_epi64(_mm256_packus_epi16(u, v), 0xd8);
+  const __m256i packed = _mm256_packus_epi16(_mm256_packs_epi32(left.u, right.u), _mm256_packs_epi32(left.v, right.v));
+  const __m256i mixed = _mm256_permute4x64_epi64(packed, 0xd8);
   const __m256i order = _mm256_setr_epi8(0, 1, 8, 9, 2, 3, 10, 11, 4, 5, 12, 13, 6, 7, 14, 15,  //
                                          0, 1, 8, 9, 2, 3, 10, 11, 4, 5, 12, 13, 6, 7, 14, 15);
   const __m256i uv = _mm256_shuffle_epi8(mixed, order);
