@@ -71,31 +71,30 @@ Glance glanceAt(const fs::path& source, const Raster& image, MemoryGate& gate) {
           picture ? reduced(picture->raster, thumbnailEdge) : Raster()};
 }
 
+/// `before` gets the source as soon as it is decoded.
 Result<CompressionRun::Preview, PictureFailure> makePreview(const fs::path& source, const Raster& image,
                                                             const CompressOptions& options,
-                                                            const CompressControl& control, MemoryGate& gate) {
-  CompressionRun::Preview preview;
+                                                            const CompressControl& control, MemoryGate& gate,
+                                                            const std::function<void(const Raster&)>& before) {
   Result<ImageCompressor::Output, PictureFailure> output = failure(PictureFailure{});
   if (source.empty()) {
     const MemoryGate::Share share(gate, workingBytes(image.bytes()));
-    preview.before = image;
+    before(image);
     output = ImageCompressor::compress(image, options, control);
   } else {
     const auto file =
         admit(source, gate, [](const PictureInfo& info) { return workingBytes(2 * decodedBytesOf(info)); });
     if (!file) return failure(file.error());
-    auto before = decodePicture(file->data);
-    if (!before) return failure(std::move(before.error()));
-    preview.before = std::move(before->raster);
+    const auto decoded = decodePicture(file->data);
+    if (!decoded) return failure(decoded.error());
     if (control.isCancelled()) return failure(PictureFailure{PictureError::Cancelled});
+    before(decoded->raster);
     output = ImageCompressor::compress(file->data, options, control);
   }
   if (!output) return failure(std::move(output.error()));
   auto after = decodePicture(output->data);
   if (!after) return failure(std::move(after.error()));
-  preview.after = std::move(after->raster);
-  preview.bytes = output->data.size();
-  return preview;
+  return CompressionRun::Preview{std::move(after->raster), output->data.size()};
 }
 
 }  // namespace
@@ -232,19 +231,24 @@ class CompressionRun::State : public std::enable_shared_from_this<State> {
     return progress;
   }
 
-  void preview(std::uint64_t id, const CompressOptions& options,
-               std::function<void(Result<Preview, PictureFailure>)> then) {
+  void preview(std::uint64_t id, const CompressOptions& options, std::function<void(Raster)> before,
+               std::function<void(Result<Preview, PictureFailure>)> after) {
     const CompressionItem* item = find(id);
     if (!item) return;
     const std::uint64_t number = ++previewNumber_;
-    previewQueue_->async(
-        [this, number, source = item->sourceURL, image = item->image, options, then = std::move(then)] {
-          const CompressControl control{defaultJobs(), [this, number] { return number != previewNumber_; }};
-          if (control.isCancelled()) return;
-          post([number, then, preview = makePreview(source, image, options, control, gate_)](State& self) {
-            if (number == self.previewNumber_) then(preview);
-          });
+    previewQueue_->async([this, number, source = item->sourceURL, image = item->image, options,
+                          before = std::move(before), after = std::move(after)] {
+      const CompressControl control{defaultJobs(), [this, number] { return number != previewNumber_; }};
+      if (control.isCancelled()) return;
+      const auto tellBefore = [&](const Raster& raster) {
+        post([number, before, raster](State& self) {
+          if (number == self.previewNumber_) before(raster);
         });
+      };
+      post([number, after, preview = makePreview(source, image, options, control, gate_, tellBefore)](State& self) {
+        if (number == self.previewNumber_) after(preview);
+      });
+    });
   }
 
  private:
@@ -497,9 +501,9 @@ CompressionProgress CompressionRun::progress() const {
   return state_->progress();
 }
 
-void CompressionRun::preview(std::uint64_t id, const CompressOptions& options,
-                             std::function<void(Result<Preview, PictureFailure>)> then) {
-  state_->preview(id, options, std::move(then));
+void CompressionRun::preview(std::uint64_t id, const CompressOptions& options, std::function<void(Raster)> before,
+                             std::function<void(Result<Preview, PictureFailure>)> after) {
+  state_->preview(id, options, std::move(before), std::move(after));
 }
 
 }  // namespace vellora

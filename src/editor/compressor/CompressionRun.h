@@ -86,15 +86,15 @@ class CompressionRun {
   bool isRunning() const;
   CompressionProgress progress() const;
 
-  /// What `id` would become, for the comparison: encoded and decoded again, on a thread, the newest request winning.
-  /// `then` gets the source and the result as 8-bit rasters and the result's size in bytes; or a failure.
+  /// What a picture would become.
   struct Preview {
-    Raster before;
-    Raster after;
+    Raster picture;
     std::uintmax_t bytes = 0;
   };
-  void preview(std::uint64_t id, const CompressOptions& options,
-               std::function<void(Result<Preview, PictureFailure>)> then);
+  /// Makes the result of `id` for the comparison, encoded and decoded again, on a thread, the newest request winning.
+  /// `before` gets the source as soon as it is decoded, `after` the result or a failure; both 8-bit rasters.
+  void preview(std::uint64_t id, const CompressOptions& options, std::function<void(Raster)> before,
+               std::function<void(Result<Preview, PictureFailure>)> after);
 
  private:
   class State;

@@ -217,7 +217,8 @@ TEST_F(CompressionRunTest, GoingAwayAtAnyMomentLeavesNothingBehind) {
     run_->start({}, folder(out));
     for (int i = 0; i < 3; ++i) {
       run_->requestThumbnail(run_->items()[random() % sources.size()].id);
-      run_->preview(run_->items()[0].id, {}, [&](const auto&) { ++changes; });
+      run_->preview(
+          run_->items()[0].id, {}, [&](const Raster&) { ++changes; }, [&](const auto&) { ++changes; });
     }
     run_->addPaths({path("in")}, true);
     const int until = changes + static_cast<int>(random() % 30);
@@ -241,24 +242,30 @@ TEST_F(CompressionRunTest, TheNewestPreviewWins) {
   add({path("a.png"), path("broken.png")});
   const std::uint64_t id = item("a.png").id;
   std::vector<int> told;
+  std::vector<int> shown;
   std::uintmax_t bytes = 0;
   for (const int quality : {90, 10, 60, 30}) {
-    run_->preview(id, {.format = CompressFormat::webp, .quality = quality}, [&, quality](const auto& preview) {
+    const auto before = [&, quality](const Raster& source) {
+      shown.push_back(quality);
+      EXPECT_EQ(source.width(), 200);
+    };
+    run_->preview(id, {.format = CompressFormat::webp, .quality = quality}, before, [&, quality](const auto& preview) {
       told.push_back(quality);
       ASSERT_TRUE(preview);
-      EXPECT_EQ(preview->before.width(), 200);
-      EXPECT_EQ(preview->after.width(), 200);
+      EXPECT_EQ(preview->picture.width(), 200);
       bytes = preview->bytes;
     });
   }
   ASSERT_TRUE(loop_.runUntil([&] { return !told.empty(); }));
+  EXPECT_EQ(shown, (std::vector{30}));
   EXPECT_EQ(told, (std::vector{30}));
   const auto same =
       ImageCompressor::compress(contentOf(path("a.png")), {.format = CompressFormat::webp, .quality = 30});
   EXPECT_EQ(bytes, same->data.size());
 
   std::optional<PictureError> error;
-  run_->preview(item("broken.png").id, {}, [&](const auto& preview) { error = preview.error().error; });
+  run_->preview(
+      item("broken.png").id, {}, [](const Raster&) {}, [&](const auto& preview) { error = preview.error().error; });
   ASSERT_TRUE(loop_.runUntil([&] { return error.has_value(); }));
   EXPECT_EQ(error, PictureError::Damaged);
 }

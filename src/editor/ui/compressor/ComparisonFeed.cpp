@@ -48,9 +48,15 @@ void ComparisonFeed::hide() {
 void ComparisonFeed::request() {
   if (!id_) return;
   const auto wanted = std::pair(*id_, options_);
-  run_.preview(*id_, options_, lifetime_.guard([this, wanted](const Result<CompressionRun::Preview, PictureFailure>& preview) {
-    if (isShown_ && id_ == wanted.first && options_ == wanted.second) answered(preview);
-  }));
+  const auto isWanted = [this, wanted] { return isShown_ && id_ == wanted.first && options_ == wanted.second; };
+  run_.preview(*id_, options_, lifetime_.guard([this, isWanted](const Raster& before) {
+    if (!isWanted() || !before_.isNull()) return;
+    before_ = imageOf(before);
+    view_.setBefore(before_);
+  }),
+               lifetime_.guard([this, isWanted](const Result<CompressionRun::Preview, PictureFailure>& preview) {
+                 if (isWanted()) answered(preview);
+               }));
 }
 
 void ComparisonFeed::answered(const Result<CompressionRun::Preview, PictureFailure>& preview) {
@@ -62,8 +68,7 @@ void ComparisonFeed::answered(const Result<CompressionRun::Preview, PictureFailu
     view_.setMessage(compressorText::failure(preview.error()));
     return;
   }
-  if (before_.isNull()) before_ = imageOf(preview->before);
-  view_.setPictures(before_, imageOf(preview->after));
+  view_.setPictures(before_, imageOf(preview->picture));
   const bool isPasted = item->sourceURL.empty();
   const QString change = isPasted ? QString() : compressorText::change(item->originalBytes, preview->bytes);
   //% "Before"
