@@ -9,6 +9,7 @@
 #include <sys/resource.h>
 
 #include "editor/compressor/ImageCompressor.h"
+#include "editor/compressor/RunFixture.h"
 #include "media/pictures/WriterSamples.h"
 #include "support/PngBuilder.h"
 
@@ -209,6 +210,36 @@ TEST(BrokenFiles, HeadersOf65535PixelsSquareTakeNeitherTimeNorMemory) {
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
     EXPECT_LT(peakKilobytes(), boundInKilobytes);
   }
+}
+
+class BrokenFilesInARun : public RunFixture {};
+
+TEST_F(BrokenFilesInARun, FailEachForItselfAndLeaveNothing) {
+  std::size_t broken = 0;
+  for (const Sample& sample : samples()) {
+    const Bytes whole = ReaderSamples::file(sample.name, sample.command);
+    std::filesystem::create_directories(path("in"));
+    save(path("in") / sample.name, whole);
+    for (const std::size_t percent : {0U, 3U, 40U, 97U}) {
+      save(path("in") / (std::to_string(percent) + sample.name), std::span(whole.data(), whole.size() * percent / 100));
+      ++broken;
+    }
+    // Named as something else it is still what it is.
+    save(path("in") / (std::string(sample.name) + ".jpg"), whole);
+  }
+  std::filesystem::create_directory(path("out"));
+  makeRun(3);
+  add({path("in")});
+  carryOut({.quality = 70}, folder("out"));
+  EXPECT_EQ(count(CompressionState::failed), broken);
+  EXPECT_EQ(count(CompressionState::done) + count(CompressionState::unchanged), 2 * samples().size());
+  for (const CompressionItem& item : run_->items()) {
+    EXPECT_TRUE(item.state != CompressionState::failed || item.failure) << item.displayName;
+    if (!item.lastOutput) continue;
+    EXPECT_TRUE(isExtensionOf(item.lastOutput->type, item.lastOutput->file.extension().string().substr(1)))
+        << item.lastOutput->file;
+  }
+  expectOnlyWholeOutputsIn("out");
 }
 
 }  // namespace

@@ -66,7 +66,7 @@ TEST(MemoryGate, SharesThatMoveAreGivenBackOnce) {
 TEST(CompressionWorkers, RunEverythingOnNoMoreThreadsThanAllowed) {
   std::atomic<int> together = 0, most = 0, left = 200;
   std::promise<void> all;
-  CompressionWorkers workers(3);
+  CompressionWorkers workers(3, ThreadQuality::Utility);
   for (int i = 0; i < 200; ++i) {
     workers.add([&] {
       const int now = ++together;
