@@ -1,14 +1,11 @@
 #include "platform/linux/x11/X11Image.h"
 
-#include <sys/mman.h>
-#include <sys/shm.h>
-#include <unistd.h>
-#include <xcb/shm.h>
-
 #include <algorithm>
 #include <array>
 #include <bit>
 #include <cstring>
+
+#include "platform/linux/x11/X11SharedSegment.h"
 
 namespace vellora {
 namespace {
@@ -94,84 +91,6 @@ void convertPixels(const std::byte* source, int count, const X11PixelFormat& for
   }
 }
 
-/// Memory that this process and the server both see, attached while it lives.
-class X11ImageReader::SharedStrips {
- public:
-  SharedStrips(X11Connection& connection, std::size_t bytes) : connection_(connection), bytes_(bytes) {
-    if (!connection.isLocal() || !connection.hasExtension(&xcb_shm_id)) return;
-    const auto version = xReply(xcb_shm_query_version_reply, connection.get(), xcb_shm_query_version(connection.get()));
-    if (!version) return;
-    const bool takesDescriptors = version->major_version > 1 || version->minor_version >= 2;
-    if (!(takesDescriptors && attachDescriptor())) attachSystemV();
-  }
-  ~SharedStrips() {
-    if (attached_) xcb_shm_detach(connection_.get(), segment_);
-    if (memory_ == nullptr) return;
-    if (systemV_) {
-      shmdt(memory_);
-    } else {
-      munmap(memory_, bytes_);
-    }
-  }
-  SharedStrips(const SharedStrips&) = delete;
-  SharedStrips& operator=(const SharedStrips&) = delete;
-
-  bool isAttached() const { return attached_; }
-  xcb_shm_seg_t segment() const { return segment_; }
-  const std::byte* memory() const { return static_cast<const std::byte*>(memory_); }
-
- private:
-  bool attachDescriptor() {
-    const int descriptor = memfd_create("vellora-capture", MFD_CLOEXEC);
-    if (descriptor < 0) return false;
-    void* memory = MAP_FAILED;
-    if (ftruncate(descriptor, static_cast<off_t>(bytes_)) == 0) {
-      memory = mmap(nullptr, bytes_, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_POPULATE, descriptor, 0);
-    }
-    if (memory == MAP_FAILED) {
-      close(descriptor);
-      return false;
-    }
-    segment_ = xcb_generate_id(connection_.get());
-    // The connection closes the descriptor once it is sent.
-    attached_ = connection_.check(xcb_shm_attach_fd_checked(connection_.get(), segment_, descriptor, 0)) == 0 &&
-                !connection_.isBroken();
-    if (attached_) {
-      memory_ = memory;
-    } else {
-      munmap(memory, bytes_);
-    }
-    return attached_;
-  }
-
-  bool attachSystemV() {
-    const int id = shmget(IPC_PRIVATE, bytes_, IPC_CREAT | 0600);
-    if (id < 0) return false;
-    void* memory = shmat(id, nullptr, 0);
-    if (memory != reinterpret_cast<void*>(-1)) {
-      segment_ = xcb_generate_id(connection_.get());
-      attached_ = connection_.check(
-                      xcb_shm_attach_checked(connection_.get(), segment_, static_cast<std::uint32_t>(id), 0)) == 0 &&
-                  !connection_.isBroken();
-      if (attached_) {
-        memory_ = memory;
-        systemV_ = true;
-      } else {
-        shmdt(memory);
-      }
-    }
-    shmctl(id, IPC_RMID, nullptr);
-    return attached_;
-  }
-
-  X11Connection& connection_;
-  std::size_t bytes_;
-  xcb_shm_seg_t segment_ = 0;
-  void* memory_ = nullptr;
-  bool attached_ = false;
-  bool systemV_ = false;
-};
-
 bool X11ImageReader::read(xcb_drawable_t drawable, const X11PixelFormat& format, const PixelRect& source,
                           MutableBitmap& target, PixelPoint at, ServerGrab grab) {
   const PixelRect inside = PixelRect{at.x, at.y, source.width, source.height};
@@ -181,16 +100,17 @@ bool X11ImageReader::read(xcb_drawable_t drawable, const X11PixelFormat& format,
     return readWhole(drawable, format, source, target, at);
   }
   const int stripRows = std::clamp(static_cast<int>(stripBytes / rowBytes), 1, source.height);
-  SharedStrips strips(connection_, rowBytes * static_cast<std::size_t>(stripRows) * stripsInFlight);
-  if (!strips.isAttached()) {
+  const auto strips =
+      X11SharedSegment::create(connection_, rowBytes * static_cast<std::size_t>(stripRows) * stripsInFlight);
+  if (!strips) {
     sharedMemoryRefused_ = true;
     return readWhole(drawable, format, source, target, at);
   }
   if (stripRows == source.height || grab != ServerGrab::Take) {
-    return readStrips(strips, drawable, format, source, stripRows, target, at);
+    return readStrips(*strips, drawable, format, source, stripRows, target, at);
   }
   const X11ServerGrab held(connection_);
-  return readStrips(strips, drawable, format, source, stripRows, target, at);
+  return readStrips(*strips, drawable, format, source, stripRows, target, at);
 }
 
 bool X11ImageReader::readWhole(xcb_drawable_t drawable, const X11PixelFormat& format, const PixelRect& source,
@@ -213,7 +133,7 @@ bool X11ImageReader::readWhole(xcb_drawable_t drawable, const X11PixelFormat& fo
   return true;
 }
 
-bool X11ImageReader::readStrips(SharedStrips& strips, xcb_drawable_t drawable, const X11PixelFormat& format,
+bool X11ImageReader::readStrips(X11SharedSegment& strips, xcb_drawable_t drawable, const X11PixelFormat& format,
                                 const PixelRect& source, int stripRows, MutableBitmap& target, PixelPoint at) {
   const std::size_t rowBytes = format.rowBytes(source.width);
   const std::size_t slotBytes = rowBytes * static_cast<std::size_t>(stripRows);
@@ -222,11 +142,11 @@ bool X11ImageReader::readStrips(SharedStrips& strips, xcb_drawable_t drawable, c
   const auto slotOf = [&](int strip) { return slotBytes * static_cast<std::size_t>(strip % stripsInFlight); };
   std::array<xcb_shm_get_image_cookie_t, stripsInFlight> asked{};
   const auto ask = [&](int strip) {
-    asked[static_cast<std::size_t>(strip % stripsInFlight)] = xcb_shm_get_image(
-        connection_.get(), drawable, static_cast<std::int16_t>(source.x),
-        static_cast<std::int16_t>(source.y + strip * stripRows), static_cast<std::uint16_t>(source.width),
-        static_cast<std::uint16_t>(rowsOf(strip)), allPlanes, XCB_IMAGE_FORMAT_Z_PIXMAP, strips.segment(),
-        static_cast<std::uint32_t>(slotOf(strip)));
+    asked[static_cast<std::size_t>(strip % stripsInFlight)] =
+        xcb_shm_get_image(connection_.get(), drawable, static_cast<std::int16_t>(source.x),
+                          static_cast<std::int16_t>(source.y + strip * stripRows),
+                          static_cast<std::uint16_t>(source.width), static_cast<std::uint16_t>(rowsOf(strip)),
+                          allPlanes, XCB_IMAGE_FORMAT_Z_PIXMAP, strips.id(), static_cast<std::uint32_t>(slotOf(strip)));
     xcb_flush(connection_.get());
   };
   bool complete = true;
@@ -236,7 +156,7 @@ bool X11ImageReader::readStrips(SharedStrips& strips, xcb_drawable_t drawable, c
     const auto cookie = asked[static_cast<std::size_t>(strip % stripsInFlight)];
     complete = xReply(xcb_shm_get_image_reply, connection_.get(), cookie) != nullptr && complete;
     if (!complete) continue;  // what is still on its way has to be taken off the connection
-    const std::byte* pixels = strips.memory() + slotOf(strip);
+    const std::byte* pixels = strips.memory().get() + slotOf(strip);
     for (int y = 0; y < rowsOf(strip); ++y) {
       convertPixels(pixels + rowBytes * static_cast<std::size_t>(y), source.width, format,
                     target.row(at.y + strip * stripRows + y) + static_cast<std::size_t>(at.x) * 4);

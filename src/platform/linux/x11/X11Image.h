@@ -36,6 +36,8 @@ std::optional<X11PixelFormat> x11PixelFormat(const X11Connection& connection, st
 /// Turns `count` pixels at `source` into a Bitmap's pixels, scaling channels of other widths to 8 bits.
 void convertPixels(const std::byte* source, int count, const X11PixelFormat& format, std::byte* target);
 
+class X11SharedSegment;
+
 /// Copies pixels from the server into bitmaps.
 ///
 /// A large picture comes in strips through a small piece of shared memory while the server is held, so that it is still
@@ -58,11 +60,10 @@ class X11ImageReader {
             PixelPoint at, ServerGrab grab);
 
  private:
-  class SharedStrips;
   bool readWhole(xcb_drawable_t drawable, const X11PixelFormat& format, const PixelRect& source, MutableBitmap& target,
                  PixelPoint at);
-  bool readStrips(SharedStrips& strips, xcb_drawable_t drawable, const X11PixelFormat& format, const PixelRect& source,
-                  int stripRows, MutableBitmap& target, PixelPoint at);
+  bool readStrips(X11SharedSegment& strips, xcb_drawable_t drawable, const X11PixelFormat& format,
+                  const PixelRect& source, int stripRows, MutableBitmap& target, PixelPoint at);
 
   X11Connection& connection_;
   bool sharedMemoryRefused_ = false;

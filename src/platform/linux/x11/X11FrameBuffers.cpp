@@ -1,0 +1,96 @@
+#include "platform/linux/x11/X11FrameBuffers.h"
+
+#include <algorithm>
+#include <mutex>
+
+#include "base/PixelMemory.h"
+
+namespace vellora {
+
+/// The buffers nobody holds, the one used last at the end. Any thread. Outlives the stream with the last frame.
+class X11FrameBuffers::Returned {
+ public:
+  void add(std::size_t index) {
+    const std::lock_guard lock(mutex_);
+    indices_.push_back(index);
+  }
+  std::optional<std::size_t> take() {
+    const std::lock_guard lock(mutex_);
+    if (indices_.empty()) return std::nullopt;
+    const std::size_t index = indices_.back();
+    indices_.pop_back();
+    return index;
+  }
+
+ private:
+  std::mutex mutex_;
+  std::vector<std::size_t> indices_;
+};
+
+class X11FrameBuffers::Frame final : public ScreenFrame {
+ public:
+  Frame(std::shared_ptr<Returned> returned, std::size_t index, const X11FrameBuffer& buffer)
+      : returned_(std::move(returned)), index_(index), memory_(buffer.memory) {
+    width = buffer.size.width;
+    height = buffer.size.height;
+    bytesPerRow = static_cast<std::ptrdiff_t>(buffer.rowBytes());
+    pixels = reinterpret_cast<const std::uint8_t*>(memory_.get());
+  }
+  ~Frame() override { returned_->add(index_); }
+
+ private:
+  std::shared_ptr<Returned> returned_;
+  std::size_t index_;
+  std::shared_ptr<std::byte> memory_;
+};
+
+X11FrameBuffers::X11FrameBuffers(X11Connection& connection, PixelSize size, int limit)
+    : connection_(connection),
+      size_(size),
+      limit_(static_cast<std::size_t>(std::max(limit, 1))),
+      returned_(std::make_shared<Returned>()) {}
+
+X11FrameBuffers::~X11FrameBuffers() = default;
+
+bool X11FrameBuffers::prepare() {
+  if (make() == nullptr) return false;
+  returned_->add(buffers_.size() - 1);
+  return true;
+}
+
+X11FrameBuffer* X11FrameBuffers::make() {
+  auto buffer = std::make_unique<X11FrameBuffer>();
+  buffer->size = size_;
+  const std::size_t bytes = buffer->rowBytes() * static_cast<std::size_t>(size_.height);
+  buffer->segment = X11SharedSegment::create(connection_, bytes);
+  if (buffer->segment) {
+    buffer->memory = buffer->segment->memory();
+  } else if (const auto pixels = allocatePixels(bytes)) {
+    buffer->memory = std::shared_ptr<std::byte>(pixels, pixels.get());
+  } else {
+    return nullptr;
+  }
+  buffer->stale.add({0, size_.height});
+  return buffers_.emplace_back(std::move(buffer)).get();
+}
+
+X11FrameBuffer* X11FrameBuffers::take() {
+  if (const auto index = returned_->take()) return buffers_[*index].get();
+  return buffers_.size() < limit_ ? make() : nullptr;
+}
+
+void X11FrameBuffers::release(X11FrameBuffer& buffer) {
+  const auto at = std::ranges::find(buffers_, &buffer, &std::unique_ptr<X11FrameBuffer>::get);
+  returned_->add(static_cast<std::size_t>(at - buffers_.begin()));
+}
+
+std::shared_ptr<ScreenFrame> X11FrameBuffers::frame(X11FrameBuffer& buffer) {
+  const auto at = std::ranges::find(buffers_, &buffer, &std::unique_ptr<X11FrameBuffer>::get);
+  return std::make_shared<Frame>(returned_, static_cast<std::size_t>(at - buffers_.begin()), buffer);
+}
+
+void X11FrameBuffers::markStale(RowBand rows) {
+  for (const auto& buffer : buffers_) buffer->stale.add(rows);
+}
+
+}  // namespace vellora
