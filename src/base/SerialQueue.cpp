@@ -1,8 +1,6 @@
 #include "base/SerialQueue.h"
 
 #include <pthread.h>
-#include <sys/resource.h>
-#include <unistd.h>
 
 #include <future>
 #include <utility>
@@ -45,9 +43,7 @@ void SerialQueue::run() {
   constexpr std::size_t threadNameLimit = 15;
   const std::string name = label_.substr(dot == std::string::npos ? 0 : dot + 1).substr(0, threadNameLimit);
   pthread_setname_np(pthread_self(), name.c_str());
-  // On Linux each thread has a niceness of its own, which the threads it starts take over.
-  constexpr int utilityNiceness = 10;
-  if (quality_ == Quality::Utility) setpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()), utilityNiceness);
+  setThreadQuality(quality_);
 
   std::unique_lock lock(mutex_);
   while (true) {

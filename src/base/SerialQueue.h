@@ -7,6 +7,8 @@
 #include <string>
 #include <thread>
 
+#include "base/ThreadQuality.h"
+
 namespace vellora {
 
 /// Runs tasks one after the other on a thread of its own. Each queue has one owner and a label in reverse-DNS form
@@ -16,11 +18,7 @@ class SerialQueue {
  public:
   using Task = std::function<void()>;
 
-  /// How urgent a queue's work is.
-  enum class Quality {
-    Normal,
-    Utility,  ///< nobody waits for it: it, and the threads it starts, make room for everything else
-  };
+  using Quality = ThreadQuality;
 
   explicit SerialQueue(std::string label, Quality quality = Quality::Normal);
   /// Runs what is queued to the end, then ends the thread.

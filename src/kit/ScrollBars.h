@@ -4,7 +4,10 @@ class QAbstractScrollArea;
 
 namespace vellora {
 
-/// Gives the scroll bars of an area the kit's look, a slim handle without a track, now and at every change of the theme.
-void styleScrollBars(QAbstractScrollArea& area);
+inline constexpr int scrollBarWidth = 12;  ///< points
+
+/// Gives the vertical scroll bar of an area the kit's look, a slim handle without a track, now and at every change of
+/// the theme. `width` in points.
+void styleScrollBars(QAbstractScrollArea& area, int width = scrollBarWidth);
 
 }  // namespace vellora

@@ -25,8 +25,6 @@ class SettingsPage : public QScrollArea {
   void addContent(QWidget* content);
 
  private:
-  void applyTheme();
-
   TextLabel* title_;  // the children are owned by Qt
   QVBoxLayout* contents_ = nullptr;
 };

@@ -101,9 +101,9 @@ Result<CompressionRun::Preview, PictureFailure> makePreview(const fs::path& sour
 
 class CompressionRun::State : public std::enable_shared_from_this<State> {
  public:
-  State(RunLoop& runLoop, Callbacks callbacks, int jobs)
+  State(RunLoop& runLoop, Callbacks callbacks, int jobs, ThreadQuality quality)
       : runLoop_(runLoop), callbacks_(std::move(callbacks)), jobs_(jobs > 0 ? jobs : defaultJobs()) {
-    workers_ = std::make_unique<CompressionWorkers>(jobs_);
+    workers_ = std::make_unique<CompressionWorkers>(jobs_, quality);
     lookingQueue_ = std::make_unique<SerialQueue>("dev.orlo.vellora.compressor-looking", SerialQueue::Quality::Utility);
     previewQueue_ = std::make_unique<SerialQueue>("dev.orlo.vellora.compressor-preview");
   }
@@ -434,8 +434,8 @@ class CompressionRun::State : public std::enable_shared_from_this<State> {
   std::unique_ptr<CompressionWorkers> workers_;
 };
 
-CompressionRun::CompressionRun(RunLoop& runLoop, Callbacks callbacks, int jobs)
-    : state_(std::make_shared<State>(runLoop, std::move(callbacks), jobs)) {}
+CompressionRun::CompressionRun(RunLoop& runLoop, Callbacks callbacks, int jobs, ThreadQuality quality)
+    : state_(std::make_shared<State>(runLoop, std::move(callbacks), jobs, quality)) {}
 
 CompressionRun::~CompressionRun() {
   state_->end();

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/RunLoop.h"
+#include "base/ThreadQuality.h"
 #include "editor/compressor/CompressOptions.h"
 #include "editor/compressor/CompressionItem.h"
 
@@ -51,8 +52,9 @@ class CompressionRun {
     std::function<void(const CompressionProgress&)> onFinished{};
   };
 
-  /// `jobs`: pictures at a time; 0 for as many as the machine has cores.
-  CompressionRun(RunLoop& runLoop, Callbacks callbacks, int jobs = 0);
+  /// `jobs`: pictures at a time; 0 for as many as the machine has cores. `quality` is that of the threads they are made
+  /// on: a window must stay quick though they take every core.
+  CompressionRun(RunLoop& runLoop, Callbacks callbacks, int jobs = 0, ThreadQuality quality = ThreadQuality::Normal);
   ~CompressionRun();
 
   /// Files, and the picture files in folders (one level, or all below when `recursive`, but never those in `leftOut`);

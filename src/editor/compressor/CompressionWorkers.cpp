@@ -44,6 +44,7 @@ void CompressionWorkers::add(Task task) {
 }
 
 void CompressionWorkers::work() {
+  setThreadQuality(quality_);
   std::unique_lock lock(mutex_);
   while (true) {
     ++idle_;

@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/ThreadQuality.h"
+
 namespace vellora {
 
 /// A bound on the memory that several threads take together. What is larger than the bound alone waits until nobody
@@ -60,7 +62,8 @@ class CompressionWorkers {
  public:
   using Task = std::function<void()>;
 
-  explicit CompressionWorkers(int threads) : limit_(static_cast<std::size_t>(threads)) {}
+  CompressionWorkers(int threads, ThreadQuality quality)
+      : limit_(static_cast<std::size_t>(threads)), quality_(quality) {}
   /// Drops what waits, and waits for what runs.
   ~CompressionWorkers();
   CompressionWorkers(const CompressionWorkers&) = delete;
@@ -72,6 +75,7 @@ class CompressionWorkers {
   void work();
 
   const std::size_t limit_;
+  const ThreadQuality quality_;
   std::mutex mutex_;
   std::condition_variable added_;
   std::deque<Task> tasks_;

@@ -3,7 +3,6 @@
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QScrollArea>
-#include <QScrollBar>
 
 #include "editor/BackdropStyles.h"
 #include "editor/backdrop/DeviceFrames.h"
@@ -16,6 +15,7 @@
 #include "editor/ui/backdrop/TileGrid.h"
 #include "kit/Button.h"
 #include "kit/Paint.h"
+#include "kit/ScrollBars.h"
 #include "kit/SegmentedControl.h"
 #include "kit/Switch.h"
 #include "kit/TextLabel.h"
@@ -74,10 +74,6 @@ SegmentedControl* makeChoice(const QList<SegmentedControl::Segment>& segments, c
   return choice;
 }
 
-QString cssColor(const QColor& color) {
-  return QStringLiteral("rgba(%1,%2,%3,%4)").arg(color.red()).arg(color.green()).arg(color.blue()).arg(color.alpha());
-}
-
 }  // namespace
 
 BackdropPanel::BackdropPanel(BackdropStyles& styles, QWidget* parent)
@@ -120,8 +116,8 @@ BackdropPanel::BackdropPanel(BackdropStyles& styles, QWidget* parent)
     styles_.remember(state_->settings());
     emit editingFinished();
   });
-  applyTheme();
-  connect(&Theme::shared(), &Theme::changed, this, &BackdropPanel::applyTheme);
+  styleScrollBars(*scroll_, panelScrollBarWidth);
+  connect(&Theme::shared(), &Theme::changed, this, qOverload<>(&QWidget::update));
 }
 
 BackdropPanel::~BackdropPanel() = default;
@@ -311,19 +307,6 @@ QWidget* BackdropPanel::makeEffectsSection() {
   connect(state_, &BackdropState::shown, section, refresh);
   refresh();
   return section;
-}
-
-void BackdropPanel::applyTheme() {
-  const ThemeColors& colors = Theme::shared().palette();
-  scroll_->verticalScrollBar()->setStyleSheet(
-      QStringLiteral("QScrollBar{background:transparent;width:%3px;border:none}"
-                     "QScrollBar::handle{background:%1;border-radius:2px;min-height:32px;margin:3px}"
-                     "QScrollBar::handle:hover{background:%2}"
-                     "QScrollBar::add-line,QScrollBar::sub-line{height:0}"
-                     "QScrollBar::add-page,QScrollBar::sub-page{background:transparent}")
-          .arg(cssColor(colors.controlBorder), cssColor(colors.secondaryText))
-          .arg(scrollBarWidth));
-  update();
 }
 
 void BackdropPanel::paintEvent(QPaintEvent*) {

@@ -49,7 +49,6 @@ class BackdropPanel final : public QWidget {
   QWidget* makeFrameSection();
   QWidget* makePlacementSection();
   QWidget* makeEffectsSection();
-  void applyTheme();
 
   BackdropStyles& styles_;
   ColorSampler sampler_;

@@ -13,7 +13,7 @@ namespace vellora {
 
 PanelSection::PanelSection(const QString& title, QWidget* parent) : QWidget(parent), column_(new QVBoxLayout(this)) {
   // The scroll bar takes the rest of the margin at the end.
-  const int end = tokens::space4 - scrollBarWidth;
+  const int end = tokens::space4 - panelScrollBarWidth;
   const bool mirrored = QGuiApplication::isRightToLeft();
   column_->setContentsMargins(mirrored ? end : tokens::space4, tokens::space3, mirrored ? tokens::space4 : end,
                               tokens::space4);

@@ -26,6 +26,6 @@ class PanelSection : public QWidget {
 };
 
 /// The width of the bar that scrolls the sections.
-inline constexpr int scrollBarWidth = 10;
+inline constexpr int panelScrollBarWidth = 10;
 
 }  // namespace vellora

@@ -51,14 +51,16 @@ struct RunTally {
 
 CompressorWindowController::CompressorWindowController(Services services)
     : services_(std::move(services)),
-      run_(services_.runLoop, {[this] {
-                                 if (window_) window_->listChanged();
-                               },
-                               [this](std::uint64_t id) { itemChanged(id); },
-                               [this](const CompressionProgress& progress) {
-                                 if (window_) window_->progressChanged(progress);
-                               },
-                               [this](const CompressionProgress&) { finished(); }}) {}
+      run_(services_.runLoop,
+           {[this] {
+              if (window_) window_->listChanged();
+            },
+            [this](std::uint64_t id) { itemChanged(id); },
+            [this](const CompressionProgress& progress) {
+              if (window_) window_->progressChanged(progress);
+            },
+            [this](const CompressionProgress&) { finished(); }},
+           0, ThreadQuality::Utility) {}
 
 CompressorWindowController::~CompressorWindowController() = default;
 
