@@ -27,8 +27,8 @@ constexpr std::uint32_t ground = 0x2244AA;
 
 class RecordingOnDisplay : public testing::Test {
  protected:
-  void begin(const std::string& scales = {}, PixelSize size = {1920, 1080}) {
-    server = XServer::start({.size = size, .windowManager = true});
+  void begin(const std::string& scales = {}, PixelSize size = {1920, 1080}, bool windowManager = false) {
+    server = XServer::start({.size = size, .windowManager = windowManager});
     ASSERT_TRUE(server);
     client = std::make_unique<XClient>(*server);
     if (!scales.empty()) {
@@ -38,8 +38,8 @@ class RecordingOnDisplay : public testing::Test {
         *server, TestWindow::Options{.frame = {0, 0, size.width, size.height}, .colour = ground, .unmanaged = true});
     client->movePointer({5, 5});
     server->check({"mkfifo", server->home() + "/commands"});
-    Environment environment{{"QT_QPA_PLATFORM", "xcb"}};
-    if (!scales.empty()) environment.emplace_back("QT_SCREEN_SCALE_FACTORS", scales);
+    Environment environment{"QT_QPA_PLATFORM=xcb"};
+    if (!scales.empty()) environment.push_back("QT_SCREEN_SCALE_FACTORS=" + scales);
     program = server->spawn({"sh", "-c", std::string("exec ") + probe + " <>" + server->home() + "/commands >" + log()},
                             environment);
     ASSERT_TRUE(program);
@@ -191,7 +191,7 @@ TEST_F(RecordingOnDisplay, theRegionIsPulledWhileItsInsideIsFree) {
 }
 
 TEST_F(RecordingOnDisplay, theKeyboardGoesBackToWhatIsRecorded) {
-  ASSERT_NO_FATAL_FAILURE(begin());
+  ASSERT_NO_FATAL_FAILURE(begin({}, {1920, 1080}, true));
   below->destroy();
   const TestWindow recorded(*server, {.frame = {200, 200, 600, 400}});
   const auto isActive = [&] {
