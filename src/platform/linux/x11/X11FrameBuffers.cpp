@@ -2,10 +2,25 @@
 
 #include <algorithm>
 #include <mutex>
+#include <optional>
 
 #include "base/PixelMemory.h"
 
 namespace vellora {
+
+X11FrameBuffer X11FrameBuffer::make(X11Connection& connection, PixelSize size) {
+  X11FrameBuffer buffer;
+  buffer.size = size;
+  const std::size_t bytes = buffer.rowBytes() * static_cast<std::size_t>(size.height);
+  buffer.segment = X11SharedSegment::create(connection, bytes);
+  if (buffer.segment) {
+    buffer.memory = buffer.segment->memory();
+  } else if (const auto pixels = allocatePixels(bytes)) {
+    buffer.memory = std::shared_ptr<std::byte>(pixels, pixels.get());
+  }
+  buffer.stale.add({0, size.height});
+  return buffer;
+}
 
 /// The buffers nobody holds, the one used last at the end. Any thread. Outlives the stream with the last frame.
 class X11FrameBuffers::Returned {
@@ -59,19 +74,8 @@ bool X11FrameBuffers::prepare() {
 }
 
 X11FrameBuffer* X11FrameBuffers::make() {
-  auto buffer = std::make_unique<X11FrameBuffer>();
-  buffer->size = size_;
-  const std::size_t bytes = buffer->rowBytes() * static_cast<std::size_t>(size_.height);
-  buffer->segment = X11SharedSegment::create(connection_, bytes);
-  if (buffer->segment) {
-    buffer->memory = buffer->segment->memory();
-  } else if (const auto pixels = allocatePixels(bytes)) {
-    buffer->memory = std::shared_ptr<std::byte>(pixels, pixels.get());
-  } else {
-    return nullptr;
-  }
-  buffer->stale.add({0, size_.height});
-  return buffers_.emplace_back(std::move(buffer)).get();
+  auto buffer = std::make_unique<X11FrameBuffer>(X11FrameBuffer::make(connection_, size_));
+  return buffer->memory ? buffers_.emplace_back(std::move(buffer)).get() : nullptr;
 }
 
 X11FrameBuffer* X11FrameBuffers::take() {

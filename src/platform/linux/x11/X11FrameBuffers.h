@@ -20,6 +20,10 @@ struct X11FrameBuffer {
   /// Rows that differ from what the picture would have to show now.
   RowBands stale;
 
+  /// Memory for a picture of that size, filled with zeros; shared with the server where it can be. Empty when there is
+  /// none.
+  static X11FrameBuffer make(X11Connection& connection, PixelSize size);
+
   std::size_t rowBytes() const { return static_cast<std::size_t>(size.width) * 4; }
   std::byte* row(int y) const { return memory.get() + rowBytes() * static_cast<std::size_t>(y); }
 };

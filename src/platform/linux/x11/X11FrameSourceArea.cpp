@@ -16,11 +16,6 @@ constexpr std::uint8_t sentFlag = 0x80;
 /// More changes than this are united.
 constexpr std::size_t mostRects = 32;
 
-xcb_rectangle_t wireRect(const PixelRect& rect) {
-  return {static_cast<std::int16_t>(rect.x), static_cast<std::int16_t>(rect.y), static_cast<std::uint16_t>(rect.width),
-          static_cast<std::uint16_t>(rect.height)};
-}
-
 /// X positions have 16 bits.
 bool isSane(const PixelRect& area) {
   constexpr int furthest = 1 << 15;
@@ -29,42 +24,6 @@ bool isSane(const PixelRect& area) {
 }
 
 }  // namespace
-
-bool X11DrawingCounter::prepare(X11Connection& connection) {
-  xcb_connection_t* c = connection.get();
-  if (!connection.hasExtension(&xcb_damage_id) || !connection.hasExtension(&xcb_xfixes_id)) return false;
-  constexpr std::uint32_t regionsSince = 2;
-  const auto damageCookie = xcb_damage_query_version(c, 1, 1);
-  const auto fixesCookie = xcb_xfixes_query_version(c, regionsSince, 0);
-  const auto damage = xReply(xcb_damage_query_version_reply, c, damageCookie);
-  const auto fixes = xReply(xcb_xfixes_query_version_reply, c, fixesCookie);
-  return damage && fixes && fixes->major_version >= regionsSince;
-}
-
-X11DrawingCounter::X11DrawingCounter(X11Connection& connection, xcb_drawable_t drawable)
-    : connection_(connection),
-      damage_(xcb_generate_id(connection.get())),
-      event_(static_cast<std::uint8_t>(connection.firstEvent(&xcb_damage_id) + XCB_DAMAGE_NOTIFY)) {
-  xcb_damage_create(connection.get(), damage_, drawable, XCB_DAMAGE_REPORT_LEVEL_NON_EMPTY);
-}
-
-X11DrawingCounter::~X11DrawingCounter() {
-  xcb_damage_destroy(connection_.get(), damage_);
-}
-
-bool X11DrawingCounter::handle(const xcb_generic_event_t& event) {
-  if ((event.response_type & ~sentFlag) != event_) return false;
-  if (reinterpret_cast<const xcb_damage_notify_event_t&>(event).damage != damage_) return false;
-  // What an event tells of that was on its way meanwhile has been moved.
-  if (static_cast<std::int32_t>(event.full_sequence - movedAt_) < 0) return false;
-  dirty_ = true;
-  return true;
-}
-
-void X11DrawingCounter::moveTo(xcb_xfixes_region_t region) {
-  movedAt_ = xcb_damage_subtract(connection_.get(), damage_, XCB_NONE, region).sequence;
-  dirty_ = false;
-}
 
 Result<std::unique_ptr<X11FrameSource>, ScreenCaptureError> X11FrameSourceArea::make(
     X11Connection& connection, const ScreenStreamConfiguration& configuration) {
@@ -87,12 +46,9 @@ X11FrameSourceArea::X11FrameSourceArea(X11Connection& connection, const PixelRec
       format_(format),
       reader_(connection),
       drawn_(connection, connection.root()),
-      areaRegion_(xcb_generate_id(connection.get())),
-      changed_(xcb_generate_id(connection.get())) {
+      areaRegion_(connection, {area}),
+      changed_(connection) {
   xcb_connection_t* c = connection.get();
-  const xcb_rectangle_t wire = wireRect(area);
-  xcb_xfixes_create_region(c, areaRegion_, 1, &wire);
-  xcb_xfixes_create_region(c, changed_, 0, nullptr);
   if (connection.hasExtension(&xcb_randr_id)) {
     randrEvent_ = connection.firstEvent(&xcb_randr_id);
     xReply(xcb_randr_query_version_reply, c, xcb_randr_query_version(c, 1, 5));
@@ -100,11 +56,6 @@ X11FrameSourceArea::X11FrameSourceArea(X11Connection& connection, const PixelRec
         c, connection.root(),
         XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE | XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE);
   }
-}
-
-X11FrameSourceArea::~X11FrameSourceArea() {
-  xcb_xfixes_destroy_region(connection_.get(), areaRegion_);
-  xcb_xfixes_destroy_region(connection_.get(), changed_);
 }
 
 void X11FrameSourceArea::handle(const xcb_generic_event_t& event) {
@@ -131,18 +82,13 @@ bool X11FrameSourceArea::findDisplays() {
 }
 
 xcb_xfixes_fetch_region_cookie_t X11FrameSourceArea::askChanges() {
-  drawn_.moveTo(changed_);
-  xcb_xfixes_intersect_region(connection_.get(), changed_, areaRegion_, changed_);
-  return xcb_xfixes_fetch_region(connection_.get(), changed_);
+  drawn_.moveTo(changed_.id());
+  xcb_xfixes_intersect_region(connection_.get(), changed_.id(), areaRegion_.id(), changed_.id());
+  return xcb_xfixes_fetch_region(connection_.get(), changed_.id());
 }
 
 X11FrameSource::Rects X11FrameSourceArea::receiveChanges(xcb_xfixes_fetch_region_cookie_t cookie) {
-  const auto reply = xReply(xcb_xfixes_fetch_region_reply, connection_.get(), cookie);
-  Rects rects;
-  if (!reply) return rects;
-  const xcb_rectangle_t* r = xcb_xfixes_fetch_region_rectangles(reply.get());
-  const int count = xcb_xfixes_fetch_region_rectangles_length(reply.get());
-  for (int i = 0; i < count; ++i) rects.push_back({r[i].x - area_.x, r[i].y - area_.y, r[i].width, r[i].height});
+  Rects rects = receiveRegion(connection_, cookie, {-area_.x, -area_.y});
   mergeRects(rects, mostRects);
   return rects;
 }

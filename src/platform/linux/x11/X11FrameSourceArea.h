@@ -1,43 +1,18 @@
 #pragma once
 
-#include <xcb/damage.h>
 #include <xcb/xfixes.h>
 
+#include "platform/linux/x11/X11Drawing.h"
 #include "platform/linux/x11/X11FrameReader.h"
 #include "platform/linux/x11/X11FrameSource.h"
 
 namespace vellora {
-
-/// Counts what is drawn into a drawable.
-class X11DrawingCounter {
- public:
-  /// False without the extensions.
-  static bool prepare(X11Connection& connection);
-  X11DrawingCounter(X11Connection& connection, xcb_drawable_t drawable);
-  ~X11DrawingCounter();
-  X11DrawingCounter(const X11DrawingCounter&) = delete;
-  X11DrawingCounter& operator=(const X11DrawingCounter&) = delete;
-
-  /// Whether `event` tells of drawing that was not moved away yet.
-  bool handle(const xcb_generic_event_t& event);
-  bool isDirty() const { return dirty_; }
-  /// Moves what was drawn since the last call into `region` (of the server).
-  void moveTo(xcb_xfixes_region_t region);
-
- private:
-  X11Connection& connection_;
-  xcb_damage_damage_t damage_;
-  std::uint8_t event_;
-  unsigned movedAt_ = 0;
-  bool dirty_ = true;
-};
 
 /// A part of the desktop. What lies outside every display is black.
 class X11FrameSourceArea final : public X11FrameSource {
  public:
   static Result<std::unique_ptr<X11FrameSource>, ScreenCaptureError> make(
       X11Connection& connection, const ScreenStreamConfiguration& configuration);
-  ~X11FrameSourceArea() override;
 
   PixelSize size() const override { return area_.size(); }
   void handle(const xcb_generic_event_t& event) override;
@@ -57,8 +32,8 @@ class X11FrameSourceArea final : public X11FrameSource {
   const X11PixelFormat format_;
   X11FrameReader reader_;
   X11DrawingCounter drawn_;
-  xcb_xfixes_region_t areaRegion_;
-  xcb_xfixes_region_t changed_;
+  const X11Region areaRegion_;
+  const X11Region changed_;
   std::uint8_t randrEvent_ = 0;
   bool displaysChanged_ = true;
   PixelRect onRoot_;  ///< the part of the area that the root window has, on the root window

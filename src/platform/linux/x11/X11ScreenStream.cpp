@@ -21,6 +21,7 @@
 #include "platform/linux/x11/X11FrameClock.h"
 #include "platform/linux/x11/X11FrameSource.h"
 #include "platform/linux/x11/X11FrameSourceArea.h"
+#include "platform/linux/x11/X11FrameSourceWindow.h"
 
 namespace vellora {
 namespace {
@@ -309,7 +310,8 @@ Result<std::unique_ptr<ScreenStream>, ScreenCaptureError> X11ScreenStreamService
 
 Result<std::unique_ptr<X11FrameSource>, ScreenCaptureError> X11FrameSource::make(
     X11Connection& connection, const ScreenStreamConfiguration& configuration) {
-  return X11FrameSourceArea::make(connection, configuration);
+  return configuration.window ? X11FrameSourceWindow::make(connection, configuration)
+                              : X11FrameSourceArea::make(connection, configuration);
 }
 
 }  // namespace vellora
