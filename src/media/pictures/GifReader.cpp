@@ -92,7 +92,8 @@ class BlockReader {
 Result<Blocks, PictureFailure> readBlocks(FileBytes file) {
   const auto blocks = BlockReader(file).read();
   if (!blocks) return refused(PictureError::Damaged, "the file is incomplete");
-  if (blocks->frames == 0) return refused(PictureError::Damaged, "no pixels");
+  const bool isEmpty = blocks->first[2] == 0 || blocks->first[3] == 0;
+  if (blocks->frames == 0 || isEmpty) return refused(PictureError::Damaged, "no pixels");
   return *blocks;
 }
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <fstream>
 #include <random>
@@ -193,6 +194,80 @@ TEST(ReaderDamage, AJpegOfThousandsOfScansIsNotFollowed) {
   for (int i = 0; i < 5000; ++i) file.insert(file.end(), last.begin(), last.end());
   file.insert(file.end(), {std::byte{0xFF}, std::byte{0xD9}});
   EXPECT_EQ(errorOf(file), PictureError::Damaged);
+}
+
+TEST(ReaderDamage, AJpegThatEndsEarlyIsDamagedWhateverFollows) {
+  const Bytes whole = ReaderSamples::file("420.jpg", "convert base.png -quality 80 -sampling-factor 4:2:0 420.jpg");
+  const Bytes end{std::byte{0xFF}, std::byte{0xD9}}, junk(5000, std::byte{0x5A});
+  for (const std::size_t percent : {60U, 80U, 95U}) {
+    Bytes cut(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(whole.size() * percent / 100));
+    cut.insert(cut.end(), end.begin(), end.end());
+    EXPECT_EQ(errorOf(cut), PictureError::Damaged) << percent << " %";
+    cut.insert(cut.end(), junk.begin(), junk.end());
+    EXPECT_EQ(errorOf(cut), PictureError::Damaged) << percent << " %, then something else";
+    cut.insert(cut.end(), whole.begin(), whole.end());
+    EXPECT_EQ(errorOf(cut), PictureError::Damaged) << percent << " %, then a whole one";
+  }
+  Bytes longer = whole;
+  longer.insert(longer.end(), junk.begin(), junk.end());
+  const auto picture = decodePicture(longer);
+  ASSERT_TRUE(picture);
+  EXPECT_EQ(rgbaOf(picture->raster), rgbaOf(decodePicture(whole)->raster));
+}
+
+TEST(ReaderDamage, AGifWhoseFirstFrameIsEmptyHasNoPixels) {
+  using namespace std::string_view_literals;
+  const Bytes gif = ReaderSamples::file("plain.gif", "convert base.png -colors 256 plain.gif");
+  const auto descriptor = std::as_bytes(std::span("\x2C\0\0\0\0\x43\0\x2D\0"sv));
+  const auto found = std::search(gif.begin(), gif.end(), descriptor.begin(), descriptor.end());
+  ASSERT_NE(found, gif.end());
+  const auto at = static_cast<std::size_t>(found - gif.begin());
+  for (const std::size_t side : {at + 5, at + 7}) {
+    const Bytes empty = patched(gif, side, "\0"sv);
+    EXPECT_EQ(errorOf(empty), PictureError::Damaged);
+    EXPECT_FALSE(inspectPicture(empty));
+  }
+}
+
+/// The sample with one byte changed, at one of `count` places spread over its pixels.
+Bytes withWrongByte(const Bytes& whole, std::size_t place, std::size_t count) {
+  Bytes wrong = whole;
+  wrong[whole.size() / 10 + whole.size() * 9 / 10 * place / count] ^= std::byte{0x55};
+  return wrong;
+}
+
+TEST(ReaderDamage, HevcThatDoesNotAddUpIsRefused) {
+  const Bytes whole = ReaderSamples::file("large.heic", "convert base.png -resize 400x300! -quality 80 large.heic");
+  ASSERT_TRUE(decodePicture(whole));
+  constexpr std::size_t places = 100;
+  std::size_t taken = 0;
+  for (std::size_t place = 0; place < places; ++place)
+    taken += decodePicture(withWrongByte(whole, place, places)) ? 1 : 0;
+  // Some damage makes another picture that is as good as any: HEVC has no checksum.
+  EXPECT_LE(taken, places / 10);
+}
+
+TEST(ReaderDamage, LibrariesDoNotWriteToStandardError) {
+  for (const auto& [name, command] : {std::pair("lossy.jxl", "vips jxlsave base.png lossy.jxl --Q 80"),
+                                      std::pair("base.jxl", "vips jxlsave base.png base.jxl --lossless"),
+                                      std::pair("loud.avif", "convert base.png -quality 80 loud.avif"),
+                                      std::pair("loud.heic", "convert base.png -quality 80 loud.heic")}) {
+    const Bytes whole = ReaderSamples::file(name, command);
+    testing::internal::CaptureStderr();
+    for (std::size_t place = 0; place < 40; ++place) (void)decodePicture(withWrongByte(whole, place, 40));
+    (void)decodePicture(std::span(whole).first(whole.size() / 2));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << name;
+  }
+}
+
+TEST(ReaderDamage, ACutJpegXlIsToldAsCut) {
+  for (const auto& [name, command] : {std::pair("lossy.jxl", "vips jxlsave base.png lossy.jxl --Q 80"),
+                                      std::pair("base.jxl", "vips jxlsave base.png base.jxl --lossless")}) {
+    const Bytes whole = ReaderSamples::file(name, command);
+    const auto picture = decodePicture(std::span(whole).first(whole.size() * 2 / 3));
+    ASSERT_FALSE(picture);
+    EXPECT_EQ(picture.error().detail, "the file is incomplete");
+  }
 }
 
 TEST(ReaderFile, OnlyWholeRegularFilesAreRead) {

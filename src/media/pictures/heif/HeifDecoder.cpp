@@ -212,6 +212,7 @@ Result<DecodedPicture, PictureFailure> decode(FileBytes file, const DecodeOption
   const DecodingOptions options(heif_decoding_options_alloc());
   if (!options) return refused(PictureError::OutOfMemory);
   options->convert_hdr_to_8bit = isDeep ? 0 : 1;
+  options->strict_decoding = 1;
   heif_image* decoded = nullptr;
   const heif_error error =
       heif_decode_image(handle, &decoded, heif_colorspace_RGB, chromaFor(isDeep, withAlpha), options.get());

@@ -26,7 +26,6 @@ Decoder opened(FileBytes file, int events) {
   JxlDecoderSetDecompressBoxes(decoder.get(), JXL_TRUE);
   JxlDecoderSetUnpremultiplyAlpha(decoder.get(), JXL_TRUE);
   JxlDecoderSetInput(decoder.get(), octets(file), file.size());
-  JxlDecoderCloseInput(decoder.get());
   return decoder;
 }
 
@@ -136,6 +135,7 @@ class BoxCollector {
 
 Result<PictureInfo, PictureFailure> inspect(FileBytes file) {
   const auto decoder = opened(file, JXL_DEC_BASIC_INFO | JXL_DEC_COLOR_ENCODING | JXL_DEC_FRAME | JXL_DEC_BOX);
+  JxlDecoderCloseInput(decoder.get());
   PictureInfo info;
   int frames = 0;
   for (;;) {
@@ -184,7 +184,7 @@ Result<DecodedPicture, PictureFailure> decode(FileBytes file, const DecodeOption
   const auto decoder = opened(file, events);
   BoxCollector boxes(decoder.get());
   DecodedPicture picture;
-  bool isWhole = false;
+  bool isWhole = false, isClosed = false;
   for (;;) {
     switch (JxlDecoderProcessInput(decoder.get())) {
       case JXL_DEC_BASIC_INFO: {
@@ -229,9 +229,13 @@ Result<DecodedPicture, PictureFailure> decode(FileBytes file, const DecodeOption
         boxes.moveTo(picture.metadata);
         return picture;
       case JXL_DEC_NEED_MORE_INPUT:
-        return failure(damaged("the file is incomplete"));
+        if (!isWhole || isClosed) return failure(damaged("the file is incomplete"));
+        // A last box without a size is known to end only now.
+        JxlDecoderCloseInput(decoder.get());
+        isClosed = true;
+        break;
       default:
-        return failure(damaged("corrupt JPEG XL data"));
+        return failure(damaged(isClosed ? "the file is incomplete" : "corrupt JPEG XL data"));
     }
   }
 }

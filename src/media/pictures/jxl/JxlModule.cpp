@@ -1,26 +1,31 @@
 #include <new>
 
 #include "media/pictures/ForeignCodec.h"
+#include "media/pictures/QuietThread.h"
 #include "media/pictures/jxl/JxlCoding.h"
 
 namespace vellora {
 namespace {
 
+/// What reading makes of a damaged file is told by the result alone.
+template <class Work>
+auto guarded(const Work& work) {
+  return quietly([&work]() -> decltype(work()) {
+    try {
+      return work();
+    } catch (const std::bad_alloc&) {
+      return refused(PictureError::OutOfMemory);
+    }
+  });
+}
+
 class JxlCodec final : public ForeignCodec {
  public:
   Result<PictureInfo, PictureFailure> inspect(FileBytes file) const override {
-    try {
-      return jxl::inspect(file);
-    } catch (const std::bad_alloc&) {
-      return refused(PictureError::OutOfMemory);
-    }
+    return guarded([&] { return jxl::inspect(file); });
   }
   Result<DecodedPicture, PictureFailure> decode(FileBytes file, const DecodeOptions& options) const override {
-    try {
-      return jxl::decode(file, options);
-    } catch (const std::bad_alloc&) {
-      return refused(PictureError::OutOfMemory);
-    }
+    return guarded([&] { return jxl::decode(file, options); });
   }
   bool canEncode(PictureType type) const override { return type == PictureType::JpegXL; }
   Result<std::vector<std::byte>, PictureFailure> encode(const Raster& raster, const PictureMetadata& metadata,
