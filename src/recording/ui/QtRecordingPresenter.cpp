@@ -44,6 +44,9 @@ void QtRecordingPresenter::showRegionPanel(const PixelRect& region, const Displa
           });
   connect(panel, &RegionPanel::pressed, this, &QtRecordingPresenter::takeKeyboard);
   panel->show();
+  // The shade darkens what is recorded, not the controls.
+  if (camera_) camera_->raise();
+  if (bar_) bar_->raise();
   // The region it was asked for may have been too small or beyond the display.
   if (panel->model().region() != region) emit panel->regionChanged(panel->model().region());
 }
