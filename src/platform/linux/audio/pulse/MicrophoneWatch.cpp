@@ -40,10 +40,9 @@ void MicrophoneWatch::stateChanged() {
 }
 
 void MicrophoneWatch::compare() {
-  const bool isFirst = !std::exchange(hasAsked_, true);
   if (query_.microphones() == known_) return;
   known_ = query_.microphones();
-  if (!isFirst) changed_();
+  changed_();
 }
 
 }  // namespace vellora

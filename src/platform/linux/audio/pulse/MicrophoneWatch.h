@@ -8,7 +8,8 @@
 
 namespace vellora {
 
-/// Tells when the list of microphones has changed, also when the server goes or comes back.
+/// Tells when the list of microphones has changed, also when the server goes or comes back, and once when it has come
+/// to know them: what changed before is seen then.
 class MicrophoneWatch {
  public:
   /// `changed` is called on a thread of this object's.
@@ -25,7 +26,6 @@ class MicrophoneWatch {
 
   std::function<void()> changed_;
   std::vector<CaptureDeviceInfo> known_;
-  bool hasAsked_ = false;
   MicrophoneQuery query_;
   PulseConnection connection_;
   PulseConnection::Timer timer_;
