@@ -103,8 +103,9 @@ TEST(Writer, JpegIsNotLargerThanTheBestAnotherProgramMakesWithTheSameSettings) {
     const auto size = written(raster, PictureType::Jpeg, 0.75).size();
     for (const char* kind : {"", "-interlace JPEG"}) {
       outputOf(std::string("convert source.png -quality 75 -sampling-factor 4:2:0 ") + kind + " other.jpg");
-      constexpr std::size_t framing = 8;
-      EXPECT_LE(size, std::stoul(outputOf("stat -c %s other.jpg")) + framing) << width << kind;
+      const std::size_t theirs = std::stoul(outputOf("stat -c %s other.jpg"));
+      const std::size_t scansAndTables = 8 + theirs / 1000;
+      EXPECT_LE(size, theirs + scansAndTables) << width << kind;
     }
   }
 }
