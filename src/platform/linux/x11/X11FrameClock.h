@@ -21,7 +21,7 @@ class X11FrameClock {
 
  private:
   /// The least distance of two frames, of the interval.
-  static constexpr double shortest = 0.75;
+  static constexpr double shortest = 0.5;
   const double interval_;
   double due_ = 0;
 };

@@ -49,6 +49,9 @@ X11FrameSourceArea::X11FrameSourceArea(X11Connection& connection, const PixelRec
       areaRegion_(connection, {area}),
       changed_(connection) {
   xcb_connection_t* c = connection.get();
+  // Monitors that somebody defined come and go with a notice of the root window itself.
+  constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+  xcb_change_window_attributes(c, connection.root(), XCB_CW_EVENT_MASK, &events);
   if (connection.hasExtension(&xcb_randr_id)) {
     randrEvent_ = connection.firstEvent(&xcb_randr_id);
     xReply(xcb_randr_query_version_reply, c, xcb_randr_query_version(c, 1, 5));
@@ -61,10 +64,9 @@ X11FrameSourceArea::X11FrameSourceArea(X11Connection& connection, const PixelRec
 void X11FrameSourceArea::handle(const xcb_generic_event_t& event) {
   if (drawn_.handle(event)) return;
   const int type = event.response_type & ~sentFlag;
-  if (randrEvent_ != 0 &&
-      (type == randrEvent_ + XCB_RANDR_SCREEN_CHANGE_NOTIFY || type == randrEvent_ + XCB_RANDR_NOTIFY)) {
-    displaysChanged_ = true;
-  }
+  const bool ofDisplays = randrEvent_ != 0 && (type == randrEvent_ + XCB_RANDR_SCREEN_CHANGE_NOTIFY ||
+                                               type == randrEvent_ + XCB_RANDR_NOTIFY);
+  if (ofDisplays || type == XCB_CONFIGURE_NOTIFY) displaysChanged_ = true;
 }
 
 bool X11FrameSourceArea::findDisplays() {
