@@ -1,6 +1,7 @@
 #include "media/movies/DiskFile.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -18,7 +19,9 @@ Result<DiskFile, MovieFailure> DiskFile::create(const std::filesystem::path& pat
     if (reason.error != MovieError::diskFull) reason.error = MovieError::cannotCreate;
     return failure(std::move(reason));
   }
-  return DiskFile(descriptor, path.string());
+  DiskFile file(descriptor, path.string());
+  if (auto locked = file.lock(); !locked) return failure(std::move(locked.error()));
+  return file;
 }
 
 Result<DiskFile, MovieFailure> DiskFile::open(const std::filesystem::path& path) {
@@ -28,7 +31,15 @@ Result<DiskFile, MovieFailure> DiskFile::open(const std::filesystem::path& path)
   struct stat status {};
   if (::fstat(descriptor, &status) != 0) return failure(readFailure(errno, file.name_));
   if (!S_ISREG(status.st_mode)) return failure(MovieFailure{MovieError::notAMovie, file.name_ + " is not a file"});
+  if (auto locked = file.lock(); !locked) return failure(std::move(locked.error()));
   return file;
+}
+
+Result<void, MovieFailure> DiskFile::lock() {
+  if (::flock(descriptor_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+    return failure(MovieFailure{MovieError::inUse, name_ + " is still being written"});
+  }
+  return {};
 }
 
 DiskFile::DiskFile(DiskFile&& other) noexcept

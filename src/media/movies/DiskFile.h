@@ -12,7 +12,7 @@
 
 namespace vellora {
 
-/// A movie's file, read and written at any place. Closed by its destructor.
+/// A movie's file, read and written at any place by nobody else. Closed by its destructor.
 class DiskFile {
  public:
   /// A new file; it must not exist.
@@ -34,6 +34,8 @@ class DiskFile {
 
  private:
   DiskFile(int descriptor, std::string name) : descriptor_(descriptor), name_(std::move(name)) {}
+  /// Keeps other DiskFiles off the file, where the file system can.
+  Result<void, MovieFailure> lock();
 
   int descriptor_;
   std::string name_;

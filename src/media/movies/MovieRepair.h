@@ -19,7 +19,8 @@ namespace MovieRepair {
 
 /// Makes an ordinary movie with one index of what a MovieWriter left: in place, without copying what is in it, and so
 /// that a kill or a power cut at any moment leaves a file that can be repaired again. Takes some milliseconds for each
-/// hour. A movie that is whole stays as it is. Not while it is written. Any thread.
+/// hour. A movie that is whole stays as it is, and so does one that a MovieWriter of any process still
+/// writes. Any thread.
 Result<RepairedMovie, MovieFailure> repair(const std::filesystem::path& file);
 
 }  // namespace MovieRepair

@@ -22,6 +22,7 @@ enum class MovieError {
   diskFull,       ///< or a limit on the size of files
   writeFailed,    ///< the disk refuses otherwise
   unreadable,     ///< no such file, no permission
+  inUse,          ///< still being written
   notAMovie,      ///< not written by a MovieWriter
   empty,          ///< no picture and no sound in it
 };

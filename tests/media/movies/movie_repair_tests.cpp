@@ -140,6 +140,11 @@ TEST(MovieRepair, KeepsAwayFromOtherFiles) {
   EXPECT_EQ(errorFor("text.mov", std::string(10000, 'x')), MovieError::notAMovie);
   EXPECT_EQ(MovieRepair::repair(sampleFolder() / "missing.mov").error().error, MovieError::unreadable);
   EXPECT_EQ(MovieRepair::repair(sampleFolder()).error().error, MovieError::unreadable);
+  {
+    const auto writer = MovieWriter::create(sampleFolder() / "open.mov", settingsFor(64, 64)).value();
+    EXPECT_EQ(MovieRepair::repair(sampleFolder() / "open.mov").error().error, MovieError::inUse);
+  }
+  EXPECT_EQ(MovieRepair::repair(sampleFolder() / "open.mov").error().error, MovieError::empty);
   const fs::path ordinary = plainMovie();
   const auto repaired = MovieRepair::repair(ordinary);
   ASSERT_TRUE(repaired);

@@ -7,6 +7,7 @@
 
 #include "MovieSamples.h"
 #include "RecordedMovies.h"
+#include "media/movies/VideoEncoderChoice.h"
 
 namespace vellora::test {
 namespace {
@@ -146,6 +147,19 @@ TEST(MovieWriter, SaysWhyItCannotStart) {
   EXPECT_EQ(errorFor(sampleFolder() / "a.mov", settingsFor(1 << 20, 64)), MovieError::noEncoder);
   EXPECT_EQ(errorFor(sampleFolder() / "a.mov", settingsFor(64, 64, 3)), MovieError::noEncoder);
   EXPECT_FALSE(fs::exists(sampleFolder() / "a.mov"));
+}
+
+TEST(VideoEncoderChoice, TakesHardwareOnlyWhereItTakesTheSize) {
+  constexpr std::int64_t beyond = std::int64_t{1} << 31;
+  EXPECT_FALSE(hasHardwareHEVCEncoder(beyond, 1080));
+  EXPECT_FALSE(hasHardwareHEVCEncoder(1920, (std::int64_t{1} << 32) + 1080));
+  EXPECT_FALSE(hasHardwareHEVCEncoder(0, -1));
+  EXPECT_EQ(VideoEncoderChoice::make(beyond, 1080).name, "libx264");
+  const VideoEncoderChoice choice = VideoEncoderChoice::make(1920, 1080);
+  EXPECT_EQ(choice.codec == VideoEncoderChoice::Codec::hevc, hasHardwareHEVCEncoder(1920, 1080));
+  EXPECT_EQ(choice.isHardware, choice.name != "libx264");
+  EXPECT_EQ(VideoEncoderChoice::bitRate(VideoEncoderChoice::Codec::hevc, 1920, 1080), 8'294'400);
+  EXPECT_EQ(VideoEncoderChoice::bitRate(VideoEncoderChoice::Codec::h264, 7680, 4320), 265'420'800);
 }
 
 TEST(MovieWriter, EndsEmptyMoviesWithAnError) {
