@@ -136,7 +136,8 @@ void CameraReader::take(const AVFrame& picture, double arrival) {
   if (picture.pts != AV_NOPTS_VALUE) stamp = static_cast<double>(picture.pts) * av_q2d(stream_->time_base);
   const double time = clock_.hostTimeOf(stamp, arrival);
   FramePointer converted = converter_->convert(picture);
-  if (!converted || !callbacks_.onFrame) return;
+  // One that needed no conversion lies in the driver's memory, which goes with the camera.
+  if (!converted || av_frame_make_writable(converted.get()) < 0 || !callbacks_.onFrame) return;
   const bool isBt709 = converter_->colors().matrix == AVCOL_SPC_BT709;
   callbacks_.onFrame(std::make_shared<LibavFrame>(std::move(converted), isBt709, time));
 }
