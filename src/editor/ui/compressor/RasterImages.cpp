@@ -49,8 +49,7 @@ std::optional<Raster> rasterOf(const Bitmap& bitmap) {
   const QImage image = toImage(bitmap);
   if (image.isNull()) return std::nullopt;
   const bool isOpaque = !image.hasAlphaChannel();
-  auto raster =
-      Raster::create(image.width(), image.height(), isOpaque ? RasterLayout::Rgb : RasterLayout::Rgba);
+  auto raster = Raster::create(image.width(), image.height(), isOpaque ? RasterLayout::Rgb : RasterLayout::Rgba);
   if (!raster) return std::nullopt;
   // Row by row, so that no second picture is in memory.
   const auto format = isOpaque ? QImage::Format_RGB888 : QImage::Format_RGBA8888;
