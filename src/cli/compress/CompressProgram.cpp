@@ -24,7 +24,8 @@ namespace fs = std::filesystem;
 
 /// In bytes; the most that glibc allows.
 constexpr int largestFromHeap = 32 << 20;
-constexpr int mostKeptFree = 128 << 20;
+constexpr int mostKeptFree = 32 << 20;
+constexpr int heaps = 2;
 
 enum ExitCode : int { Done = 0, Failed = 1, WrongUsage = 2 };
 
@@ -115,6 +116,7 @@ int runCompress(int argc, char** argv) {
   // What one picture gives back, the next one takes: the kernel need not clear the same memory again and again.
   ::mallopt(M_MMAP_THRESHOLD, largestFromHeap);
   ::mallopt(M_TRIM_THRESHOLD, mostKeptFree);
+  ::mallopt(M_ARENA_MAX, heaps);
   // The files are what counts; who reads the lines may go, and a file that may not be so large is one that failed.
   ::signal(SIGPIPE, SIG_IGN);
   ::signal(SIGXFSZ, SIG_IGN);
