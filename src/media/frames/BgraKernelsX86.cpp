@@ -84,7 +84,7 @@ inline void convert(const BgraRowPair& rows) {
   _mm_storeu_si128(reinterpret_cast<__m128i*>(rows.bottomY), _mm_packus_epi16(left.bottomY, right.bottomY));
   const __m128i uv = _mm_packus_epi16(_mm_packs_epi32(left.u, right.u), _mm_packs_epi32(left.v, right.v));
   _mm_storel_epi64(reinterpret_cast<__m128i*>(rows.u), uv);
-  _mm_storeh_pd(reinterpret_cast<double*>(rows.v), _mm_castsi128_pd(uv));
+  _mm_storel_epi64(reinterpret_cast<__m128i*>(rows.v), _mm_unpackhi_epi64(uv, uv));
 }
 
 }  // namespace sse2

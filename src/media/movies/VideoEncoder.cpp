@@ -175,7 +175,7 @@ I420View VideoEncoder::picture() {
   return view;
 }
 
-const AVFrame* VideoEncoder::uploaded() {
+AVFrame* VideoEncoder::uploaded() {
   if (input_ == Input::i420) return picture_.get();
   if (av_frame_make_writable(interleaved_.get()) < 0) return nullptr;
   interleaveChroma({.planes = {picture_->data[0], picture_->data[1], picture_->data[2]},
@@ -195,10 +195,9 @@ const AVFrame* VideoEncoder::uploaded() {
 
 Result<void, MovieFailure> VideoEncoder::encode(std::int64_t time, const Output& output) {
   const MovieFailure reason{MovieError::encoderFailed, "The video encoder " + choice_.name + " failed"};
-  picture_->pts = time;
-  const AVFrame* const frame = uploaded();
+  AVFrame* const frame = uploaded();
   if (frame == nullptr) return failure(reason);
-  if (frame != picture_.get()) const_cast<AVFrame*>(frame)->pts = time;
+  frame->pts = time;
   if (!encoder_.send(frame)) return failure(reason);
   receive(output);
   return {};

@@ -45,7 +45,7 @@ class VideoEncoder {
   VideoEncoder(FrameEncoder encoder, VideoEncoderChoice choice)
       : encoder_(std::move(encoder)), choice_(std::move(choice)) {}
   /// Null when memory is short.
-  const AVFrame* uploaded();
+  AVFrame* uploaded();
   void receive(const Output& output);
 
   FrameEncoder encoder_;
