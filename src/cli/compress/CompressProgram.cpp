@@ -24,7 +24,8 @@ namespace fs = std::filesystem;
 
 /// In bytes; the most that glibc allows.
 constexpr int largestFromHeap = 32 << 20;
-constexpr int mostKeptFree = 32 << 20;
+constexpr int mostKeptFree = 128 << 20;
+/// One for each thread would keep as much.
 constexpr int heaps = 2;
 
 enum ExitCode : int { Done = 0, Failed = 1, WrongUsage = 2 };

@@ -27,6 +27,9 @@ constexpr std::array thoroughLevels{9, 12};
 /// What level 12 takes of a second for each million bytes, about: where the time is too short for it 9 has to do.
 constexpr double secondsPerMegabyte = 0.16;
 constexpr std::chrono::milliseconds leastBudget{300};
+/// What the filtered rows of all trials that run at a time may take, in bytes.
+constexpr std::size_t mostFiltered = std::size_t{192} << 20;
+constexpr std::size_t roomForChunks = 1024;
 constexpr std::string_view signature("\x89PNG\r\n\x1a\n", 8);
 
 struct Trial {
@@ -35,15 +38,21 @@ struct Trial {
   std::size_t size = 0;
 };
 
+/// A zlib stream, in memory for the longest there could be; only what it fills is really taken from the system.
+struct Deflated {
+  std::unique_ptr<std::uint8_t[]> bytes;
+  std::size_t size = 0;
+};
+
 class Compressor {
  public:
   explicit Compressor(int level) : compressor_(libdeflate_alloc_compressor(level), libdeflate_free_compressor) {
     if (!compressor_) throw std::bad_alloc();
   }
-  Bytes deflate(const Bytes& bytes) const {
-    Bytes result(libdeflate_zlib_compress_bound(compressor_.get(), bytes.size()));
-    result.resize(
-        libdeflate_zlib_compress(compressor_.get(), bytes.data(), bytes.size(), result.data(), result.size()));
+  Deflated deflate(const Bytes& bytes) const {
+    const std::size_t longest = libdeflate_zlib_compress_bound(compressor_.get(), bytes.size());
+    Deflated result{std::make_unique_for_overwrite<std::uint8_t[]>(longest)};
+    result.size = libdeflate_zlib_compress(compressor_.get(), bytes.data(), bytes.size(), result.bytes.get(), longest);
     return result;
   }
 
@@ -63,8 +72,10 @@ void appendChunk(Bytes& file, std::string_view type, std::span<const std::uint8_
   appendBig(file, libdeflate_crc32(0, &file[start], file.size() - start));
 }
 
-std::vector<std::byte> fileOf(const PngRows& rows, const Bytes& deflated) {
-  Bytes file(signature.begin(), signature.end());
+std::vector<std::byte> fileOf(const PngRows& rows, std::span<const std::uint8_t> deflated) {
+  Bytes file;
+  file.reserve(deflated.size() + rows.palette.size() + roomForChunks);
+  file.assign(signature.begin(), signature.end());
   Bytes header;
   appendBig(header, static_cast<std::size_t>(rows.width));
   appendBig(header, static_cast<std::size_t>(rows.height));
@@ -75,7 +86,7 @@ std::vector<std::byte> fileOf(const PngRows& rows, const Bytes& deflated) {
   if (!rows.transparency.empty()) appendChunk(file, "tRNS", rows.transparency);
   constexpr std::size_t longestChunk = 0x7FFFFFFF;
   for (std::size_t at = 0; at < deflated.size(); at += longestChunk)
-    appendChunk(file, "IDAT", std::span(deflated).subspan(at, std::min(longestChunk, deflated.size() - at)));
+    appendChunk(file, "IDAT", deflated.subspan(at, std::min(longestChunk, deflated.size() - at)));
   appendChunk(file, "IEND", {});
   const auto bytes = std::as_bytes(std::span(file));
   return {bytes.begin(), bytes.end()};
@@ -120,7 +131,7 @@ class Search {
     if (isCancelled()) return failure(PictureFailure{PictureError::Cancelled});
     std::sort(trials.begin(), trials.end(), [](const Trial& a, const Trial& b) { return a.size < b.size; });
     // The first one always, more while there is time; each needs about as long as the first.
-    Bytes smallest;
+    Deflated smallest;
     std::size_t smallestKind = 0;
     const std::size_t worth = std::min<std::size_t>(trials.size(), 3);
     std::chrono::nanoseconds longest{};
@@ -129,18 +140,18 @@ class Search {
       const Trial& trial = trials[i];
       const Clock::time_point start = Clock::now();
       const Bytes filtered = filteredRows(kinds_[trial.kind], trial.choice);
-      Bytes deflated = Compressor(levelFor(filtered.size())).deflate(filtered);
+      Deflated deflated = Compressor(levelFor(filtered.size())).deflate(filtered);
       longest = std::max(longest, Clock::now() - start);
-      const auto sizeOf = [this](const Bytes& bytes, std::size_t kind) {
-        return bytes.size() + overheadOf(kinds_[kind]);
+      const auto sizeOf = [this](const Deflated& stream, std::size_t kind) {
+        return stream.size + overheadOf(kinds_[kind]);
       };
-      if (smallest.empty() || sizeOf(deflated, trial.kind) < sizeOf(smallest, smallestKind)) {
+      if (!smallest.bytes || sizeOf(deflated, trial.kind) < sizeOf(smallest, smallestKind)) {
         smallest = std::move(deflated);
         smallestKind = trial.kind;
       }
       if (isCancelled()) return failure(PictureFailure{PictureError::Cancelled});
     }
-    return fileOf(kinds_[smallestKind], smallest);
+    return fileOf(kinds_[smallestKind], {smallest.bytes.get(), smallest.size});
   }
 
  private:
@@ -164,11 +175,13 @@ class Search {
           PngFilterChoice::sub, PngFilterChoice::paeth, PngFilterChoice::entropy, PngFilterChoice::average})
       for (Trial& trial : trials)
         if (trial.choice == choice) order.push_back(&trial);
+    const std::size_t largest = std::max<std::size_t>(1, kinds_.back().bytes.size());
+    const auto together = static_cast<int>(std::clamp<std::size_t>(mostFiltered / largest, 1, order.size()));
     std::atomic<bool> hasOne = false;
-    inParallel(order.size(), options_.threads, [&](std::size_t i) {
+    inParallel(order.size(), std::min(options_.threads, together), [&](std::size_t i) {
       if (isCancelled() || (hasOne && Clock::now() > half)) return;
       const Bytes filtered = filteredRows(kinds_[order[i]->kind], order[i]->choice);
-      order[i]->size = Compressor(quickLevel).deflate(filtered).size() + overheadOf(kinds_[order[i]->kind]);
+      order[i]->size = Compressor(quickLevel).deflate(filtered).size + overheadOf(kinds_[order[i]->kind]);
       hasOne = true;
     });
     return trials;
