@@ -8,7 +8,7 @@ namespace vellora {
 namespace {
 
 Result<void, MovieFailure> cutTail(DiskFile& file, const MovieIndex& index) {
-  if (index.lastData != 0) {
+  if (index.isLastDataCut) {
     // Says where the data ends before anything stands behind it.
     BoxBuffer size;
     size.number32(index.end - index.lastData);

@@ -90,7 +90,11 @@ std::optional<MovieIndex::Fragment> MovieIndex::fragmentAt(const DiskFile& file,
   auto runs = content ? readFragment(*content, tracks.size()) : std::nullopt;
   const auto data = DiskBox::at(file, header->end, size);
   if (!runs || !data || data->type != "mdat" || data->end - data->start > mostFragmentBytes) return std::nullopt;
-  return Fragment{.start = at, .data = data->start, .end = std::min(data->end, size), .runs = std::move(*runs)};
+  return Fragment{.start = at,
+                  .data = data->start,
+                  .end = std::min(data->end, size),
+                  .isCut = data->end > size,
+                  .runs = std::move(*runs)};
 }
 
 /// Leaves out samples that are cut or were never written; false when there are any.
@@ -121,6 +125,7 @@ void MovieIndex::keep(const Fragment& fragment) {
   }
   end = fragment.end;
   lastData = fragment.data;
+  isLastDataCut = fragment.isCut;
 }
 
 void MovieIndex::keep(const FragmentRun& run, std::uint64_t start) {

@@ -23,9 +23,9 @@ class MovieIndex {
   std::vector<SampleTable> tables;  ///< of the tracks
   /// Where the last usable fragment ends; what follows is of no use.
   std::uint64_t end = 0;
-  /// The "mdat" of that fragment, which may say it reaches further.
-  std::uint64_t lastData = 0;
-  bool hasLost = false;  ///< samples that are not whole
+  std::uint64_t lastData = 0;  ///< the "mdat" of that fragment
+  bool isLastDataCut = false;  ///< it says it reaches further
+  bool hasLost = false;        ///< samples that are not whole
 
   bool isEmpty() const;
   /// Seconds where the last sample of any track ends.
@@ -38,6 +38,7 @@ class MovieIndex {
     std::uint64_t start = 0;
     std::uint64_t data = 0;  // where its "mdat" is
     std::uint64_t end = 0;   // of it or of the file
+    bool isCut = false;
     std::vector<FragmentRun> runs;
   };
 
