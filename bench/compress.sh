@@ -145,7 +145,6 @@ if pngs > 0:
     show("vellora compress --jobs 2", run(vellora("--format original --jobs 2", few)))
     for name, command in [
         ("optipng", 'optipng -quiet "$1" -out %s/"$2".png' % out),
-        ("optipng -o5", 'optipng -quiet -o5 "$1" -out %s/"$2".png' % out),
         ("pngcrush", 'pngcrush -q "$1" %s/"$2".png' % out),
         ("zopflipng", 'zopflipng -q "$1" %s/"$2".png' % out),
     ]:
