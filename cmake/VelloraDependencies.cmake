@@ -22,7 +22,7 @@ target_include_directories(vellora_asio SYSTEM INTERFACE "${ASIO_INCLUDE_DIR}")
 target_compile_definitions(vellora_asio INTERFACE ASIO_STANDALONE ASIO_SEPARATE_COMPILATION ASIO_NO_DEPRECATED
   ASIO_DISABLE_STD_ALIGNED_ALLOC)
 target_link_libraries(vellora_asio INTERFACE OpenSSL::SSL Threads::Threads)
-pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb xcb-shm xcb-randr xcb-xfixes xcb-composite xcb-damage xcb-render xcb-xinput)
+pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb xcb-shm xcb-randr xcb-xfixes xcb-shape xcb-composite xcb-damage xcb-render xcb-xinput)
 pkg_check_modules(XKB REQUIRED IMPORTED_TARGET xkbcommon xkbcommon-x11 xcb-xkb)
 if(VELLORA_TESTS)
   find_package(GTest REQUIRED)

@@ -1,6 +1,7 @@
 #include "platform/linux/x11/X11FrameBuffers.h"
 
 #include <algorithm>
+#include <iterator>
 #include <mutex>
 #include <optional>
 
@@ -29,11 +30,13 @@ class X11FrameBuffers::Returned {
     const std::lock_guard lock(mutex_);
     indices_.push_back(index);
   }
-  std::optional<std::size_t> take() {
+  /// Any but `kept`.
+  std::optional<std::size_t> take(std::optional<std::size_t> kept) {
     const std::lock_guard lock(mutex_);
-    if (indices_.empty()) return std::nullopt;
-    const std::size_t index = indices_.back();
-    indices_.pop_back();
+    const auto found = std::find_if(indices_.rbegin(), indices_.rend(), [kept](std::size_t i) { return i != kept; });
+    if (found == indices_.rend()) return std::nullopt;
+    const std::size_t index = *found;
+    indices_.erase(std::next(found).base());
     return index;
   }
 
@@ -78,19 +81,30 @@ X11FrameBuffer* X11FrameBuffers::make() {
   return buffer->memory ? buffers_.emplace_back(std::move(buffer)).get() : nullptr;
 }
 
+std::size_t X11FrameBuffers::indexOf(const X11FrameBuffer& buffer) const {
+  const auto at = std::ranges::find(buffers_, &buffer, &std::unique_ptr<X11FrameBuffer>::get);
+  return static_cast<std::size_t>(at - buffers_.begin());
+}
+
 X11FrameBuffer* X11FrameBuffers::take() {
-  if (const auto index = returned_->take()) return buffers_[*index].get();
-  return buffers_.size() < limit_ ? make() : nullptr;
+  const auto kept = latest_ != nullptr ? std::optional(indexOf(*latest_)) : std::nullopt;
+  if (const auto index = returned_->take(kept)) return buffers_[*index].get();
+  if (buffers_.size() < limit_) {
+    if (X11FrameBuffer* made = make()) return made;
+  }
+  const auto index = returned_->take(std::nullopt);
+  if (!index) return nullptr;
+  latest_ = nullptr;
+  return buffers_[*index].get();
 }
 
-void X11FrameBuffers::release(X11FrameBuffer& buffer) {
-  const auto at = std::ranges::find(buffers_, &buffer, &std::unique_ptr<X11FrameBuffer>::get);
-  returned_->add(static_cast<std::size_t>(at - buffers_.begin()));
+void X11FrameBuffers::release(const X11FrameBuffer& buffer) {
+  returned_->add(indexOf(buffer));
 }
 
-std::shared_ptr<ScreenFrame> X11FrameBuffers::frame(X11FrameBuffer& buffer) {
-  const auto at = std::ranges::find(buffers_, &buffer, &std::unique_ptr<X11FrameBuffer>::get);
-  return std::make_shared<Frame>(returned_, static_cast<std::size_t>(at - buffers_.begin()), buffer);
+std::shared_ptr<ScreenFrame> X11FrameBuffers::frame(const X11FrameBuffer& buffer) {
+  latest_ = &buffer;
+  return std::make_shared<Frame>(returned_, indexOf(buffer), buffer);
 }
 
 void X11FrameBuffers::markStale(RowBand rows) {

@@ -28,8 +28,9 @@ struct X11FrameBuffer {
   std::byte* row(int y) const { return memory.get() + rowBytes() * static_cast<std::size_t>(y); }
 };
 
-/// The buffers of a stream. They are made when they are needed, and the one that came back last is taken first: a
-/// receiver that holds two frames costs two or three. Used on the stream's thread; frames may go on any.
+/// The buffers of a stream. They are made when they are needed, and the one that came back last is taken first, but for
+/// that of the last frame: a receiver that holds one frame costs two or three. Used on the stream's thread; frames may
+/// go on any.
 class X11FrameBuffers {
  public:
   X11FrameBuffers(X11Connection& connection, PixelSize size, int limit);
@@ -39,9 +40,11 @@ class X11FrameBuffers {
   bool prepare();
   /// A buffer nobody holds; null when the receiver holds all. It belongs to the caller until `release` or `frame`.
   X11FrameBuffer* take();
-  void release(X11FrameBuffer& buffer);
+  void release(const X11FrameBuffer& buffer);
   /// The buffer's picture, for the receiver; comes back when the last one lets go of it.
-  std::shared_ptr<ScreenFrame> frame(X11FrameBuffer& buffer);
+  std::shared_ptr<ScreenFrame> frame(const X11FrameBuffer& buffer);
+  /// The last frame's buffer, as it was delivered; null when there is none, or it had to be used again.
+  const X11FrameBuffer* latest() const { return latest_; }
   /// These rows of the picture are others now.
   void markStale(RowBand rows);
 
@@ -50,12 +53,14 @@ class X11FrameBuffers {
   class Frame;
 
   X11FrameBuffer* make();
+  std::size_t indexOf(const X11FrameBuffer& buffer) const;
 
   X11Connection& connection_;
   const PixelSize size_;
   const std::size_t limit_;
   std::vector<std::unique_ptr<X11FrameBuffer>> buffers_;
   std::shared_ptr<Returned> returned_;
+  const X11FrameBuffer* latest_ = nullptr;
 };
 
 }  // namespace vellora

@@ -10,8 +10,6 @@ namespace {
 /// Bands with fewer rows between them become one.
 constexpr int closeRows = 24;
 constexpr std::size_t mostBands = 8;
-/// More rectangles than this are first united with their neighbors, in the order given.
-constexpr std::size_t searchable = 48;
 
 std::int64_t areaOf(const PixelRect& rect) {
   return std::int64_t{rect.width} * rect.height;
@@ -57,7 +55,7 @@ PixelRect united(const PixelRect& a, const PixelRect& b) {
   return {left, top, std::max(a.right(), b.right()) - left, std::max(a.bottom(), b.bottom()) - top};
 }
 
-void mergeRects(std::vector<PixelRect>& rects, std::size_t limit) {
+void mergeRects(std::vector<PixelRect>& rects, std::size_t limit, std::size_t searchable) {
   std::erase_if(rects, [](const PixelRect& rect) { return rect.isEmpty(); });
   if (rects.size() > searchable) {
     const std::size_t step = (rects.size() + searchable - 1) / searchable;

@@ -39,8 +39,9 @@ inline RowBand rowsOf(const PixelRect& rect) {
 /// The smallest rectangle that holds both; an empty one counts for nothing.
 PixelRect united(const PixelRect& a, const PixelRect& b);
 
-/// Turns rectangles into at most `limit` that cover them all, with as little else as a quick search finds.
-void mergeRects(std::vector<PixelRect>& rects, std::size_t limit);
+/// Turns rectangles into at most `limit` that cover them all, with as little else as a search finds. More than
+/// `searchable` are first united with their neighbors, in the order given, so that it stays a quick one.
+void mergeRects(std::vector<PixelRect>& rects, std::size_t limit, std::size_t searchable = 48);
 
 /// What of `rects` lies outside `hole`.
 std::vector<PixelRect> subtracted(const std::vector<PixelRect>& rects, const PixelRect& hole);

@@ -43,6 +43,10 @@ class X11FrameSource {
   /// the bands is in the buffer, and the rest is not. Nothing when the server refused, because the source just changed:
   /// the rows are as old as they were, and what had changed is told anew.
   virtual std::optional<Rects> read(std::span<const RowBand> bands, X11FrameBuffer& buffer) = 0;
+  /// Whether there is nothing to read for now, and the last picture stays.
+  virtual bool isFrozen() const { return false; }
+  /// After the events that came with `read`: whether it showed what it should.
+  virtual bool isCurrent() const { return true; }
   virtual Cursor cursor(const X11Pointer& pointer) const = 0;
 };
 

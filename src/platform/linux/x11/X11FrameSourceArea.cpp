@@ -37,6 +37,7 @@ Result<std::unique_ptr<X11FrameSource>, ScreenCaptureError> X11FrameSourceArea::
   if (!source->findDisplays()) {
     return failure(connection.isBroken() ? ScreenCaptureError::NotAvailable : ScreenCaptureError::NoDisplay);
   }
+  if (!configuration.leftOut.empty()) source->leaveOut(configuration.leftOut);
   return source;
 }
 
@@ -61,12 +62,26 @@ X11FrameSourceArea::X11FrameSourceArea(X11Connection& connection, const PixelRec
   }
 }
 
+void X11FrameSourceArea::leaveOut(const std::vector<WindowId>& windows) {
+  underlay_ = X11FrameUnderlay::make(connection_, area_, windows);
+  if (!underlay_) {
+    log::warning(QStringLiteral("screen stream: the display cannot leave out windows"));
+    return;
+  }
+  underlay_->refresh();
+  underlay_->waitUntilPainted();
+  reserve();
+}
+
 void X11FrameSourceArea::handle(const xcb_generic_event_t& event) {
   if (drawn_.handle(event)) return;
+  if (underlay_) underlay_->handle(event);
   const int type = event.response_type & ~sentFlag;
   const bool ofDisplays = randrEvent_ != 0 && (type == randrEvent_ + XCB_RANDR_SCREEN_CHANGE_NOTIFY ||
                                                type == randrEvent_ + XCB_RANDR_NOTIFY);
-  if (ofDisplays || type == XCB_CONFIGURE_NOTIFY) displaysChanged_ = true;
+  const bool ofRoot = type == XCB_CONFIGURE_NOTIFY &&
+                      reinterpret_cast<const xcb_configure_notify_event_t&>(event).window == connection_.root();
+  if (ofDisplays || ofRoot) displaysChanged_ = true;
 }
 
 bool X11FrameSourceArea::findDisplays() {
@@ -78,13 +93,21 @@ bool X11FrameSourceArea::findDisplays() {
   onRoot_ = area_.intersected({0, 0, root->width, root->height});
   if (onRoot_.isEmpty() || black_ == Rects{area_}) return false;
   for (PixelRect& rect : black_) rect = rect.translated(-area_.x, -area_.y);
-  const bool direct = format_.isNative() && onRoot_.width == area_.width;
-  if (!direct) reader_.reserve(format_.rowBytes(onRoot_.width) * static_cast<std::size_t>(onRoot_.height));
+  reserve();
   return true;
+}
+
+/// Makes room for what the server cannot put into the buffers itself.
+void X11FrameSourceArea::reserve() {
+  const bool direct = format_.isNative() && onRoot_.width == area_.width;
+  std::size_t bytes = direct ? 0 : format_.rowBytes(onRoot_.width) * static_cast<std::size_t>(onRoot_.height);
+  if (underlay_) bytes += underlay_->bytes();
+  reader_.reserve(bytes);
 }
 
 xcb_xfixes_fetch_region_cookie_t X11FrameSourceArea::askChanges() {
   drawn_.moveTo(changed_.id());
+  if (underlay_) underlay_->addChanges(changed_);
   xcb_xfixes_intersect_region(connection_.get(), changed_.id(), areaRegion_.id(), changed_.id());
   return xcb_xfixes_fetch_region(connection_.get(), changed_.id());
 }
@@ -96,8 +119,10 @@ X11FrameSource::Rects X11FrameSourceArea::receiveChanges(xcb_xfixes_fetch_region
 }
 
 Result<X11FrameSource::Rects, ScreenCaptureError> X11FrameSourceArea::changes() {
-  const auto asked = askChanges();
-  Rects changed = receiveChanges(asked);
+  Rects moved;
+  if (underlay_ && !(moved = underlay_->refresh()).empty()) reserve();
+  Rects changed = receiveChanges(askChanges());
+  for (const PixelRect& rect : moved) changed.push_back(rect.translated(-area_.x, -area_.y));
   if (connection_.isBroken()) return failure(ScreenCaptureError::NotAvailable);
   if (!displaysChanged_) return changed;
   displaysChanged_ = false;
@@ -118,6 +143,13 @@ std::optional<X11FrameSource::Rects> X11FrameSourceArea::read(std::span<const Ro
       const int rows = std::min(band.bottom, at.y + onRoot_.height) - top;
       if (rows <= 0) continue;
       reader_.ask(connection_.root(), format_, {onRoot_.x, area_.y + top, onRoot_.width, rows}, buffer, {at.x, top});
+    }
+    if (underlay_ && underlay_->hasPlaces()) {
+      underlay_->compose();
+      for (const RowBand& band : bands) {
+        const PixelRect rows{area_.x, area_.y + band.top, area_.width, band.bottom - band.top};
+        underlay_->ask(reader_, rows, buffer, {area_.x, area_.y});
+      }
     }
     asked = askChanges();
   }

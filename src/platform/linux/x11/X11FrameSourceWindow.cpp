@@ -13,6 +13,10 @@ namespace {
 constexpr std::uint8_t sentFlag = 0x80;
 constexpr std::size_t mostRects = 32;
 
+bool exists(X11Connection& connection, xcb_window_t window) {
+  return xReply(xcb_get_geometry_reply, connection.get(), xcb_get_geometry(connection.get(), window)) != nullptr;
+}
+
 void clear(X11FrameBuffer& buffer, const PixelRect& area) {
   const PixelRect inside = area.intersected({0, 0, buffer.size.width, buffer.size.height});
   for (int y = inside.y; y < inside.bottom(); ++y) {
@@ -54,9 +58,15 @@ void X11FrameSourceWindow::handle(const xcb_generic_event_t& event) {
       if (reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window == window_) gone_ = true;
       moved_ = true;
       return;
-    case XCB_CONFIGURE_NOTIFY:
     case XCB_MAP_NOTIFY:
     case XCB_UNMAP_NOTIFY:
+      // Both name the window in the same place.
+      if (reinterpret_cast<const xcb_map_notify_event_t&>(event).window == window_) {
+        isMapped_ = (event.response_type & ~sentFlag) == XCB_MAP_NOTIFY;
+      }
+      moved_ = true;
+      return;
+    case XCB_CONFIGURE_NOTIFY:
     case XCB_REPARENT_NOTIFY:
       moved_ = true;
       return;
@@ -68,9 +78,16 @@ void X11FrameSourceWindow::handle(const xcb_generic_event_t& event) {
 Result<bool, ScreenCaptureError> X11FrameSourceWindow::findWindow() {
   const auto top = gone_ ? std::nullopt : topLevelOf(connection_, window_);
   if (connection_.isBroken()) return failure(ScreenCaptureError::NotAvailable);
-  if (!top) return failure(ScreenCaptureError::WindowGone);
-  const bool another = isAnother(*top);
+  if (!top) {
+    // A frame that its window manager takes off at this moment is no end.
+    if (gone_ || !top_ || !exists(connection_, window_)) return failure(ScreenCaptureError::WindowGone);
+    moved_ = true;
+    return false;
+  }
+  bool another = isAnother(*top);
   if (!top_) return failure(ScreenCaptureError::WindowGone);
+  another = std::exchange(wasFrozen_, isFrozen()) || another;
+  if (isFrozen()) return false;
   const PixelRect whole{0, 0, top_->frame().width, top_->frame().height};
   const PixelRect crop = withoutMargins(whole, shadowMargins(connection_.numbers(window_, "_GTK_FRAME_EXTENTS")));
   if (!another && crop == crop_) return false;
@@ -84,14 +101,13 @@ bool X11FrameSourceWindow::isAnother(xcb_window_t top) {
   if (!top_ || top_->window() != top) {
     watch(top);
     auto found = X11CompositeWindow::make(connection_, top);
-    if (!found) return false;
-    top_ = std::move(found);
+    isHidden_ = !found;
+    if (found) top_ = std::move(found);
     return true;
   }
   const std::vector<PixelRect> shape = top_->outsideShape();
-  const bool wasHidden = hidden_;
-  hidden_ = !top_->refresh();
-  return !hidden_ && (wasHidden || top_->outsideShape() != shape);
+  isHidden_ = !top_->refresh();
+  return top_->outsideShape() != shape;
 }
 
 /// Places the window in the picture, as large as it can be. False when memory is short.
@@ -153,6 +169,7 @@ Result<X11FrameSource::Rects, ScreenCaptureError> X11FrameSourceWindow::changes(
   if (connection_.isBroken()) return failure(ScreenCaptureError::NotAvailable);
   changed.insert(changed.end(), late_.begin(), late_.end());
   late_.clear();
+  if (isFrozen()) return Rects{};
   return everything ? Rects{{0, 0, size_.width, size_.height}} : changed;
 }
 
@@ -224,7 +241,7 @@ X11FrameSource::Cursor X11FrameSourceWindow::cursor(const X11Pointer& pointer) c
   return {.position = {place_.x + inPlace(pointer.position.x - top_->frame().x - crop_.x),
                        place_.y + inPlace(pointer.position.y - top_->frame().y - crop_.y)},
           .scale = scale,
-          .isShown = pointer.window == top_->window() && !hidden_};
+          .isShown = pointer.window == top_->window() && !isFrozen()};
 }
 
 }  // namespace vellora

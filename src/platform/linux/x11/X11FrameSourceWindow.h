@@ -19,6 +19,8 @@ class X11FrameSourceWindow final : public X11FrameSource {
   bool isDirty() const override { return moved_ || top_->drawn().isDirty() || !late_.empty(); }
   Result<Rects, ScreenCaptureError> changes() override;
   std::optional<Rects> read(std::span<const RowBand> bands, X11FrameBuffer& buffer) override;
+  bool isFrozen() const override { return isHidden_ || !isMapped_; }
+  bool isCurrent() const override { return isMapped_; }
   Cursor cursor(const X11Pointer& pointer) const override;
 
  private:
@@ -44,7 +46,9 @@ class X11FrameSourceWindow final : public X11FrameSource {
   std::unique_ptr<X11CompositeWindow> top_;
   bool moved_ = true;
   bool gone_ = false;
-  bool hidden_ = false;                   ///< the pixmap is one from before it left the screen
+  bool isMapped_ = true;   ///< the window itself, which may go before the frame around it
+  bool isHidden_ = false;  ///< the pixmap is one from before it left the screen
+  bool wasFrozen_ = false;
   PixelRect crop_;                        ///< what a person sees of the window, in its pixmap
   PixelRect place_;                       ///< where that is in the picture
   std::optional<X11FrameScaler> scaler_;  ///< nothing when it fits as it is

@@ -10,6 +10,7 @@
 #include <chrono>
 #include <cmath>
 #include <condition_variable>
+#include <cstring>
 #include <mutex>
 #include <optional>
 #include <thread>
@@ -154,6 +155,12 @@ class X11ScreenStream final : public ScreenStream {
   /// One moment of the frame clock: looks at everything, and takes a frame if something is different.
   std::optional<ScreenCaptureError> tick() {
     const double begun = hostTime();
+    std::optional<X11ServerGrab> held;
+    if (isSecondTry_) {
+      held.emplace(*connection_);
+      connection_->rootSize();  // when this has come, nobody else moves anything
+      readEvents();
+    }
     if (pointer_) pointer_->ask();
     auto changes = source_->changes();
     if (!changes) return changes.error();
@@ -210,6 +217,11 @@ class X11ScreenStream final : public ScreenStream {
     late_ += isFirst_ || !wasBusy_ ? 0 : clock_.missed(begun);
     const double presentationTime = hostTime();
     const RowBands read = buffer.stale;
+    if (source_->isFrozen()) {
+      repeat(buffer);
+      finish(buffer, presentationTime, begun, {});
+      return std::nullopt;
+    }
     const auto late = source_->read(read.bands(), buffer);
     if (!late) {
       buffers_->release(buffer);
@@ -226,13 +238,35 @@ class X11ScreenStream final : public ScreenStream {
       if (!read.contain(rowsOf(rect))) carried.push_back(rect);
       buffers_->markStale(rowsOf(rect));
     }
+    readEvents();
+    if (!source_->isCurrent() && !std::exchange(isSecondTry_, true)) {
+      for (const RowBand& band : read.bands()) buffer.stale.add(band);
+      buffers_->release(buffer);
+      isOwed_ = true;
+      return std::nullopt;
+    }
+    finish(buffer, presentationTime, begun, std::move(carried));
+    return std::nullopt;
+  }
+
+  /// Puts the last picture into the buffer once more.
+  void repeat(X11FrameBuffer& buffer) {
+    const X11FrameBuffer* latest = buffers_->latest();
+    for (const RowBand& band : buffer.stale.bands()) {
+      const std::size_t bytes = buffer.rowBytes() * static_cast<std::size_t>(band.bottom - band.top);
+      if (latest != nullptr) std::memcpy(buffer.row(band.top), latest->row(band.top), bytes);
+    }
+    buffer.stale.clear();
+  }
+
+  void finish(X11FrameBuffer& buffer, double presentationTime, double begun, std::vector<PixelRect> carried) {
+    isSecondTry_ = false;
     deliver(buffer, presentationTime);
     changes_ = std::move(carried);
     isOwed_ = !changes_.empty();
     isFirst_ = false;
     wasBusy_ = true;
     clock_.frameTaken(begun);
-    return std::nullopt;
   }
 
   void deliver(X11FrameBuffer& buffer, double presentationTime) {
@@ -273,7 +307,8 @@ class X11ScreenStream final : public ScreenStream {
   std::vector<PixelRect> changes_;  ///< since the last frame
   bool pointerMayDiffer_ = true;
   bool isFirst_ = true;
-  bool isOwed_ = false;   ///< a frame could not be taken although something had changed
+  bool isOwed_ = false;  ///< a frame could not be taken although something had changed
+  bool isSecondTry_ = false;
   bool wasBusy_ = false;  ///< no rest since the last frame
   double nextLook_ = 0;   ///< when the pointer is looked at though nothing happened
   double notBefore_ = 0;  ///< when anything is looked at again
