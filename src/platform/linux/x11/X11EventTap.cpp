@@ -184,8 +184,7 @@ class Listener final : public EventTap::Listening {
 
   void receiveButton(std::uint32_t detail, bool isDown, double time) {
     if (detail < 1 || detail > trackedButtons) return;
-    constexpr int numbers[trackedButtons] = {0, 2, 1};  // X counts left, middle, right
-    ButtonEvent event{.isDown = isDown, .button = numbers[detail - 1], .position = {}, .hostTime = time};
+    ButtonEvent event{.isDown = isDown, .button = static_cast<int>(detail) - 1, .position = {}, .hostTime = time};
     const auto pointer =
         xReply(xcb_query_pointer_reply, connection_->get(), xcb_query_pointer(connection_->get(), connection_->root()));
     if (pointer) event.position = {pointer->root_x, pointer->root_y};
