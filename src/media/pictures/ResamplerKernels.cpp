@@ -3,8 +3,8 @@
 namespace vellora {
 namespace {
 
-/// Two pixels; of any address and seen through any pointer.
-using Twin = float __attribute__((vector_size(32), aligned(4), may_alias));
+/// Two pixels; of any address and seen through any pointer. Not `using`, in which clang ignores the alignment.
+typedef float Twin __attribute__((vector_size(32), aligned(4), may_alias));
 /// So many are worked on at a time that every weight is fetched once for four of them.
 constexpr int twinsTogether = 4;
 
