@@ -3,13 +3,29 @@
 #include <algorithm>
 #include <utility>
 
+#include <QCoreApplication>
+
 #include "base/Log.h"
 
 namespace vellora {
 namespace {
 
 const QString cameraKey = QStringLiteral("record.cameraDeviceID");
+const QString microphoneKey = QStringLiteral("record.micDeviceID");
+const QString systemSoundKey = QStringLiteral("record.systemSoundEnabled");
 const QString keyboardKey = QStringLiteral("record.keyboardEnabled");
+
+/// Where the level meter begins, in decibels.
+constexpr float quietest = -60;
+
+/// 0 to 1.
+double meterLevel(SoundLevel level) {
+  return std::clamp((level.peak - quietest) / -quietest, 0.0F, 1.0F);
+}
+
+bool contains(const std::vector<CaptureDeviceInfo>& devices, const QString& id) {
+  return std::ranges::find(devices, id, &CaptureDeviceInfo::uniqueID) != devices.end();
+}
 
 }  // namespace
 
@@ -25,6 +41,7 @@ RecordingController::RecordingController(const RecordingServices& services, Devi
 }
 
 RecordingController::~RecordingController() {
+  devices_.audio.onDevicesChanged({});
   hideWindows();
 }
 
@@ -33,6 +50,8 @@ void RecordingController::bindBar() {
   barModel_.onStop = [this] { stop(); };
   barModel_.onPauseToggle = [this] { state_ == State::paused ? resume() : pause(); };
   barModel_.onSelectCamera = [this](const std::optional<QString>& id) { selectCamera(id); };
+  barModel_.onSelectMic = [this](const std::optional<QString>& id) { selectMicrophone(id); };
+  barModel_.onSelectSystemSound = [this](bool isOn) { selectSystemSound(isOn); };
   barModel_.onSelectKeyboard = [this](bool isOn) { selectKeyboard(isOn); };
 }
 
@@ -45,7 +64,8 @@ void RecordingController::setState(State state, RecordingBarModel::Mode mode) {
 
 void RecordingController::begin(const Rect& region, const DisplayInfo& screen) {
   if (state_ != State::idle) return;
-  prepare(RecordingTarget::region(region, screen));
+  //% "Region"
+  prepare(RecordingTarget::region(region, screen), qtTrId("record.source.region"));
   presenter_.showRegionPanel(
       target_->area, screen,
       [this](const PixelRect& area) {
@@ -56,22 +76,35 @@ void RecordingController::begin(const Rect& region, const DisplayInfo& screen) {
 
 void RecordingController::begin(const WindowInfo& window, const DisplayInfo& screen, double cornerRadius) {
   if (state_ != State::idle) return;
-  prepare(RecordingTarget::window(window, screen, cornerRadius));
+  //% "Window"
+  const QString unnamed = qtTrId("record.source.window");
+  prepare(RecordingTarget::window(window, screen, cornerRadius), window.title.isEmpty() ? unnamed : window.title);
   showBorder(RecordingPresenter::BorderLook::armed);
   windowFollowTimer_ = services_.runLoop.every(windowFollowInterval, [this] { followWindow(); });
 }
 
 void RecordingController::begin(const DisplayInfo& fullscreen) {
   if (state_ != State::idle) return;
-  prepare(RecordingTarget::fullscreen(fullscreen));
+  //% "Full screen"
+  prepare(RecordingTarget::fullscreen(fullscreen), qtTrId("record.source.fullscreen"));
   showBorder(RecordingPresenter::BorderLook::armed);
 }
 
-void RecordingController::prepare(RecordingTarget target) {
+void RecordingController::prepare(RecordingTarget target, const QString& source) {
   target_ = std::move(target);
+  barModel_.source = source;
   barModel_.elapsed = 0;
   barModel_.keyboardEnabled = preferences_.value(keyboardKey).toBool();
+  const QString microphone = preferences_.value(microphoneKey).toString();
+  barModel_.selectedMicID = microphone.isEmpty() ? std::nullopt : std::optional(microphone);
+  barModel_.systemSoundEnabled = preferences_.value(systemSoundKey).toBool();
+  barModel_.micLevel = 0;
+  openSound(Sound::microphone);
+  openSound(Sound::system);
+  listDevices();
+  devices_.audio.onDevicesChanged([this] { listDevices(); });
   prewarmCamera();
+  if (cameraRecorder_) presenter_.showCamera(target_->screen);
   setState(State::preparing, RecordingBarModel::Mode::preStart);
   presenter_.showBar(barModel_, target_->area, target_->screen);
 }
@@ -104,10 +137,15 @@ void RecordingController::beginCapture() {
                                              .onDiskLow = notice(RecordingNotice::diskLow),
                                              .onDiskFull = [this] { endedBy(RecordingNotice::diskFull); },
                                              .onKeysNotPermitted = notice(RecordingNotice::keyboardNotPermitted)});
+  std::vector<std::shared_ptr<SoundTrack>> sounds;
+  for (const auto& track : {microphone_, systemSound_}) {
+    if (track) sounds.push_back(track);
+  }
   session_->start({.target = *target_,
                    .recordsKeys = barModel_.keyboardEnabled,
                    .leftOut = presenter_.ownWindows(),
-                   .camera = cameraRecorder_.get()},
+                   .camera = cameraRecorder_.get(),
+                   .sounds = std::move(sounds)},
                   [this](const Result<void, RecordingError>& began) { captureBegan(began); });
 }
 
@@ -129,6 +167,7 @@ void RecordingController::captureBegan(const Result<void, RecordingError>& began
   showBorder(RecordingPresenter::BorderLook::recording);
   elapsedTimer_ = services_.runLoop.every(elapsedInterval, [this] {
     barModel_.elapsed = session_->elapsed();
+    barModel_.keyboardHidden = barModel_.keyboardEnabled && services_.eventTap.isSecureInputEnabled();
     barModel_.changed();
   });
 }
@@ -186,6 +225,12 @@ void RecordingController::hideWindows() {
 void RecordingController::reset() {
   hideWindows();
   session_.reset();
+  devices_.audio.onDevicesChanged({});
+  for (const Sound which : {Sound::microphone, Sound::system}) {
+    ++soundRounds_[static_cast<std::size_t>(which)];
+    sound(which).reset();
+  }
+  barModel_.keyboardHidden = false;
   tearCameraDown();
   target_.reset();
   isFinishing_ = false;
@@ -221,6 +266,113 @@ void RecordingController::prewarmCamera() {
   openCamera();
 }
 
+void RecordingController::releaseCamera() {
+  if (state_ == State::idle) tearCameraDown();
+}
+
+void RecordingController::listDevices() {
+  auto deliver =
+      lifetime_.guard([this](std::vector<CaptureDeviceInfo> microphones, std::vector<CaptureDeviceInfo> cameras) {
+        if (state_ == State::idle) return;
+        barModel_.micDevices = std::move(microphones);
+        barModel_.cameraDevices = std::move(cameras);
+        // A device that has come back is taken again.
+        const QString stored = preferences_.value(microphoneKey).toString();
+        if (state_ == State::preparing && !microphone_ && contains(barModel_.micDevices, stored)) {
+          barModel_.selectedMicID = stored;
+          openSound(Sound::microphone);
+        }
+        barModel_.changed();
+      });
+  queue_.async([&runLoop = services_.runLoop, devices = devices_, deliver = std::move(deliver)]() mutable {
+    auto microphones = devices.audio.microphones();
+    if (!microphones) microphones = std::vector<CaptureDeviceInfo>();
+    runLoop.post([microphones = std::move(*microphones), cameras = devices.cameras.cameras(),
+                  deliver = std::move(deliver)]() mutable { deliver(std::move(microphones), std::move(cameras)); });
+  });
+}
+
+void RecordingController::selectMicrophone(const std::optional<QString>& deviceID) {
+  if (state_ != State::preparing) return;
+  if (deviceID) {
+    preferences_.setValue(microphoneKey, *deviceID);
+  } else {
+    preferences_.remove(microphoneKey);
+  }
+  barModel_.selectedMicID = deviceID;
+  openSound(Sound::microphone);
+  barModel_.changed();
+}
+
+void RecordingController::selectSystemSound(bool isOn) {
+  if (state_ != State::preparing) return;
+  preferences_.setValue(systemSoundKey, isOn);
+  barModel_.systemSoundEnabled = isOn;
+  openSound(Sound::system);
+  barModel_.changed();
+}
+
+void RecordingController::openSound(Sound which) {
+  const int round = ++soundRounds_[static_cast<std::size_t>(which)];
+  sound(which).reset();
+  std::optional<QString> deviceID;
+  if (which == Sound::microphone) {
+    barModel_.micLevel = 0;
+    deviceID = barModel_.selectedMicID;
+  } else if (barModel_.systemSoundEnabled) {
+    deviceID = AudioCapture::systemSound;
+  }
+  if (!deviceID) return;
+  const auto isCurrent = [this, which, round] { return soundRounds_[static_cast<std::size_t>(which)] == round; };
+  auto opened = lifetime_.guard([this, which, isCurrent](std::shared_ptr<SoundTrack> track) {
+    if (isCurrent()) soundOpened(which, std::move(track));
+  });
+  auto showLevel = lifetime_.guard([this, isCurrent](double level) {
+    if (!isCurrent() || state_ == State::idle) return;
+    barModel_.micLevel = level;
+    barModel_.changed();
+  });
+  auto lost = lifetime_.guard([this, isCurrent] {
+    if (!isCurrent() || state_ == State::idle) return;
+    barModel_.micLevel = 0;
+    barModel_.changed();
+    presenter_.notify(RecordingNotice::micLost);
+  });
+  SoundTrack::Callbacks callbacks;
+  RunLoop& runLoop = services_.runLoop;
+  if (which == Sound::microphone) {
+    callbacks.onLevel = [&runLoop, showLevel](SoundLevel level) {
+      runLoop.post([showLevel, level]() mutable { showLevel(meterLevel(level)); });
+    };
+    callbacks.onLost = [&runLoop, lost] { runLoop.post([lost]() mutable { lost(); }); };
+  }
+  queue_.async([&runLoop, &audio = devices_.audio, deviceID = *deviceID, callbacks = std::move(callbacks),
+                opened = std::move(opened)]() mutable {
+    auto track = SoundTrack::open(audio, deviceID, std::move(callbacks));
+    runLoop.post([opened = std::move(opened),
+                  track = std::shared_ptr<SoundTrack>(track ? std::move(*track) : nullptr)]() mutable {
+      opened(std::move(track));
+    });
+  });
+}
+
+void RecordingController::soundOpened(Sound which, std::shared_ptr<SoundTrack> track) {
+  if (state_ == State::idle) return;
+  if (track) {
+    sound(which) = std::move(track);
+    return;
+  }
+  log::warning(QStringLiteral("mic setup failed, recording without audio: %1")
+                   .arg(which == Sound::microphone ? *barModel_.selectedMicID : AudioCapture::systemSound));
+  if (which == Sound::microphone) {
+    barModel_.selectedMicID.reset();
+  } else {
+    barModel_.systemSoundEnabled = false;
+  }
+  barModel_.changed();
+  presenter_.notify(RecordingNotice::micUnavailable);
+}
+
 void RecordingController::selectCamera(const std::optional<QString>& deviceID) {
   if (state_ != State::preparing) return;
   if (deviceID) {
@@ -248,10 +400,10 @@ void RecordingController::openCamera() {
                            std::shared_ptr<const CameraFrame> frame) { presenter.cameraFrame(std::move(frame)); },
           .onLost = lost});
   if (cameraRecorder_->open(devices_.cameras, *barModel_.selectedCameraID)) {
-    if (target_) presenter_.showCamera(target_->screen);
+    if (target_ && state_ != State::idle) presenter_.showCamera(target_->screen);
   } else {
     cameraRecorder_.reset();
-    barModel_.selectedCameraID.reset();
+    barModel_.selectedCameraID.reset();  // it stays the person's choice for when it is back
   }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -12,6 +13,7 @@
 #include "recording/RecordingPresenter.h"
 #include "recording/RecordingSession.h"
 #include "recording/RecordingTarget.h"
+#include "recording/SoundTrack.h"
 
 namespace vellora {
 
@@ -29,6 +31,7 @@ class RecordingController {
 
   struct Devices {
     CameraCapture& cameras;
+    AudioCapture& audio;
   };
   struct Callbacks {
     std::function<void(State)> onStateChanged{};
@@ -55,9 +58,13 @@ class RecordingController {
   void stop();
   /// Opens the camera used last, so that its picture is there at once when a recording is begun.
   void prewarmCamera();
+  /// Closes it again, when nothing is begun after all.
+  void releaseCamera();
 
  private:
-  void prepare(RecordingTarget target);
+  enum class Sound : std::uint8_t { microphone, system };
+
+  void prepare(RecordingTarget target, const QString& source);
   void bindBar();
   void countDown();
   void beginCapture();
@@ -67,6 +74,13 @@ class RecordingController {
   void followWindow();
   void selectCamera(const std::optional<QString>& deviceID);
   void selectKeyboard(bool isOn);
+  void selectMicrophone(const std::optional<QString>& deviceID);
+  void selectSystemSound(bool isOn);
+  void openSound(Sound which);
+  void soundOpened(Sound which, std::shared_ptr<SoundTrack> track);
+  std::shared_ptr<SoundTrack>& sound(Sound which) { return which == Sound::microphone ? microphone_ : systemSound_; }
+  /// Asks for the devices there are.
+  void listDevices();
   void openCamera();
   void tearCameraDown();
   void hideWindows();
@@ -85,6 +99,9 @@ class RecordingController {
   std::optional<RecordingTarget> target_;
   RecordingPresenter::BorderLook borderLook_ = RecordingPresenter::BorderLook::armed;
   std::unique_ptr<CameraRecorder> cameraRecorder_;
+  std::shared_ptr<SoundTrack> microphone_;
+  std::shared_ptr<SoundTrack> systemSound_;
+  std::array<int, 2> soundRounds_{};  ///< by Sound: answers to earlier choices do not count
   std::unique_ptr<RecordingSession> session_;
   bool isFinishing_ = false;
   int countdownRemaining_ = 0;

@@ -6,13 +6,25 @@
 namespace vellora::recordingReport {
 
 Result<void, FileError> save(const ScreenRecorderReport& report, const QString& bundle) {
+  Json sounds = Json::array();
+  for (const AudioTimelineReport& sound : report.sounds) {
+    sounds.push_back({{"seconds", sound.seconds},
+                      {"gaps", sound.gaps},
+                      {"gapSeconds", sound.gapSeconds},
+                      {"overlaps", sound.overlaps},
+                      {"overlapSeconds", sound.overlapSeconds},
+                      {"driftPpm", sound.driftPpm}});
+  }
   const Json document{{"duration", report.duration},
                       {"frames",
                        {{"captured", report.stream.captured},
                         {"written", report.written},
                         {"dropped", report.stream.dropped},
                         {"late", report.stream.late},
-                        {"notReady", report.notReady}}}};
+                        {"notReady", report.notReady}}},
+                      {"encoder", report.encoder.toStdString()},
+                      {"lostSamples", report.lostSamples},
+                      {"sounds", sounds}};
   return AtomicFile::write(bundle + u'/' + bundleFiles::report, json::serialize(document));
 }
 

@@ -105,8 +105,10 @@ Result<RecordingSession::Started, RecordingError> RecordingSession::makeStarted(
   });
   const auto endLater = [&runLoop = services_.runLoop, ended] { runLoop.post([ended]() mutable { ended(); }); };
   started.expectedRate = bytesPerPixel * width * height;
+  MovieWriter::Settings settings{.video = {.width = width, .height = height}};
+  for (const auto& sound : request.sounds) settings.sounds.push_back({.channels = sound->channels()});
   auto movie = services_.movies.create(
-      QFile::encodeName(bundle->file(bundleFiles::screen)).toStdString(), {.video = {.width = width, .height = height}},
+      QFile::encodeName(bundle->file(bundleFiles::screen)).toStdString(), settings,
       [endLater](const MovieFailure& reason) {
         log::error(QStringLiteral("writing the recording failed: ") + QString::fromStdString(reason.message));
         endLater();
@@ -127,6 +129,12 @@ Result<RecordingSession::Started, RecordingError> RecordingSession::makeStarted(
     camera->startWriting(services_.movies, bundle->file(bundleFiles::camera));
   }
   started.recorder = std::make_unique<ScreenRecorder>(services_.runLoop, std::move(recorderCallbacks));
+  started.recorder->setSounds(request.sounds);
+  if (auto pointerTrack = PointerTrackWriter::create(bundle->path())) {
+    started.recorder->setPointerTrack(std::move(*pointerTrack));
+  } else {
+    log::warning(QStringLiteral("pointer not recorded: ") + pointerTrack.error().description());
+  }
   const auto running = started.recorder->start(services_.streams, configuration, std::move(*movie));
   if (!running) return failure(running.error());
   return started;

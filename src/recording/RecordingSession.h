@@ -50,6 +50,8 @@ class RecordingSession {
     std::vector<WindowId> leftOut{};
     /// An open camera to write too; it must live as long as the session.
     CameraRecorder* camera = nullptr;
+    /// Open sources of sound, in the order of the movie's tracks.
+    std::vector<std::shared_ptr<SoundTrack>> sounds{};
   };
   struct Callbacks {
     /// What is recorded is gone, or nothing can be written any more: the recording is to be finished.

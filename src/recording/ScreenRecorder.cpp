@@ -8,6 +8,9 @@
 namespace vellora {
 namespace {
 
+/// Those a sample tells of: left, middle, right.
+constexpr int pointerButtons = 3;
+
 MoviePicture pictureOf(const std::shared_ptr<const ScreenFrame>& frame, std::uint64_t number) {
   MoviePicture picture{.format = MoviePicture::Format::bgra, .number = number, .changes = frame->changes};
   picture.planes[0] = frame->pixels;
@@ -26,6 +29,9 @@ struct ScreenRecorder::State {
   double lastVideoTime = 0;          ///< from the anchor
   std::vector<double> pauseMarks;
   KeyboardCueBuffer keyboardBuffer;
+  std::vector<std::shared_ptr<SoundTrack>> sounds;
+  std::unique_ptr<PointerTrackWriter> pointerTrack;
+  PointerSample pointer;       ///< the last one
   std::uint64_t received = 0;  ///< frames of the stream
   std::uint64_t written = 0;
   std::uint64_t notReady = 0;
@@ -39,23 +45,26 @@ ScreenRecorder::ScreenRecorder(RunLoop& runLoop, Callbacks callbacks)
 
 ScreenRecorder::~ScreenRecorder() {
   stream_.reset();
+  for (const auto& sound : sounds_) sound->finish(runLoop_.hostTime());
 }
 
 Result<void, RecordingError> ScreenRecorder::start(ScreenStreamService& streams,
                                                    const ScreenStreamConfiguration& configuration,
                                                    std::unique_ptr<MovieWriter> movie) {
   state_->movie = std::move(movie);
-  auto stream =
-      streams.start(configuration, {.onFrame =
-                                        [this](std::shared_ptr<const ScreenFrame> frame) {
-                                          outputQueue_.async([this, frame = std::move(frame)] { receive(frame); });
-                                        },
-                                    .onStopped =
-                                        [this](ScreenCaptureError error) {
-                                          outputQueue_.async([this, error] {
-                                            if (callbacks_.onStreamStopped) callbacks_.onStreamStopped(error);
-                                          });
-                                        }});
+  auto stream = streams.start(
+      configuration,
+      {.onFrame =
+           [this](std::shared_ptr<const ScreenFrame> frame) {
+             outputQueue_.async([this, frame = std::move(frame)] { receive(frame); });
+           },
+       .onStopped =
+           [this](ScreenCaptureError error) {
+             outputQueue_.async([this, error] {
+               if (callbacks_.onStreamStopped) callbacks_.onStreamStopped(error);
+             });
+           },
+       .onPointer = [this](const PointerSample& sample) { outputQueue_.async([this, sample] { receive(sample); }); }});
   if (!stream) {
     return failure(configuration.window ? RecordingError::windowNotFound : RecordingError::displayNotFound);
   }
@@ -71,6 +80,9 @@ void ScreenRecorder::receive(const std::shared_ptr<const ScreenFrame>& frame) {
   if (!recorded) return;
   if (!state.anchorTime) {
     state.anchorTime = *recorded;
+    for (const auto& sound : state.sounds) {
+      sound->begin(frame->presentationTime, [this] { outputQueue_.async([this] { writeSounds(); }); });
+    }
     if (callbacks_.onSessionAnchor) callbacks_.onSessionAnchor(frame->presentationTime);
   }
   const double position = *recorded - *state.anchorTime;
@@ -83,8 +95,48 @@ void ScreenRecorder::receive(const std::shared_ptr<const ScreenFrame>& frame) {
   ++state.written;
 }
 
+void ScreenRecorder::receive(const PointerSample& sample) {
+  State& state = *state_;
+  const std::uint32_t buttonsBefore = std::exchange(state.pointer, sample).buttons;
+  const auto recorded = state.time.retimed(sample.time);
+  if (!state.pointerTrack || !state.anchorTime || !recorded) return;
+  const double time = std::max(0.0, *recorded - *state.anchorTime);
+  PointerEntry entry{.time = time,
+                     .x = static_cast<double>(sample.position.x),
+                     .y = static_cast<double>(sample.position.y),
+                     .shape = sample.shape};
+  const std::uint32_t changed = buttonsBefore ^ sample.buttons;
+  if (changed == 0) return state.pointerTrack->append(entry);
+  for (int number = 0; number < pointerButtons; ++number) {
+    if ((changed >> number & 1U) == 0) continue;
+    entry.button = PointerEntry::Button{number, (sample.buttons >> number & 1U) != 0};
+    state.pointerTrack->append(entry);
+  }
+}
+
+void ScreenRecorder::writeSounds() {
+  State& state = *state_;
+  if (!state.movie) return;
+  for (std::size_t track = 0; track < state.sounds.size(); ++track) {
+    const SoundTrack::Samples samples = state.sounds[track]->take();
+    if (!samples.interleaved.empty()) (void)state.movie->appendSound(track, samples.interleaved, samples.time);
+  }
+}
+
+void ScreenRecorder::setSounds(std::vector<std::shared_ptr<SoundTrack>> sounds) {
+  sounds_ = sounds;
+  state_->sounds = std::move(sounds);
+}
+
+void ScreenRecorder::setPointerTrack(std::unique_ptr<PointerTrackWriter> pointerTrack) {
+  state_->pointerTrack = std::move(pointerTrack);
+}
+
 void ScreenRecorder::pause() {
-  outputQueue_.async([this, now = runLoop_.hostTime()] {
+  const double now = runLoop_.hostTime();
+  // Not on the queue: sound must not run ahead of it.
+  for (const auto& sound : sounds_) sound->pause(now);
+  outputQueue_.async([this, now] {
     State& state = *state_;
     if (state.time.isPaused()) return;
     if (state.anchorTime) {
@@ -98,7 +150,9 @@ void ScreenRecorder::pause() {
 }
 
 void ScreenRecorder::resume() {
-  outputQueue_.async([this, now = runLoop_.hostTime()] {
+  const double now = runLoop_.hostTime();
+  for (const auto& sound : sounds_) sound->resume(now);
+  outputQueue_.async([this, now] {
     if (!state_->time.isPaused()) return;
     state_->time.resume(now);
     if (callbacks_.onResumeBoundary) callbacks_.onResumeBoundary(now);
@@ -123,7 +177,10 @@ void ScreenRecorder::recordKeyboard(const QStringList& keys, double hostTime, do
 
 void ScreenRecorder::advance() {
   outputQueue_.async([this, now = runLoop_.hostTime()] {
-    if (state_->movie && state_->anchorTime) state_->movie->advance(state_->position(now));
+    if (!state_->movie || !state_->anchorTime) return;
+    for (const auto& sound : state_->sounds) sound->advance(now);
+    writeSounds();
+    state_->movie->advance(state_->position(now));
   });
 }
 
@@ -140,9 +197,18 @@ void ScreenRecorder::finish(std::function<void(Result<Outcome, RecordingError>)>
   outputQueue_.async([this, now, counts, done = std::move(done)] {
     State& state = *state_;
     const double end = state.position(now);
-    Outcome outcome{.pauseMarks = state.pauseMarks,
-                    .keyCues = state.keyboardBuffer.finished(end),
-                    .report = {counts, state.written, state.notReady, end}};
+    state.pointerTrack.reset();
+    ScreenRecorderReport report{counts, state.written, state.notReady, end};
+    for (const auto& sound : state.sounds) sound->finish(now);
+    writeSounds();
+    if (state.movie) {
+      const MovieWriter::Counts movie = state.movie->counts();
+      report.lostSamples = movie.lostSamples;
+      report.encoder = QString::fromStdString(movie.encoder);
+    }
+    for (const auto& sound : state.sounds) report.sounds.push_back(sound->report());
+    Outcome outcome{
+        .pauseMarks = state.pauseMarks, .keyCues = state.keyboardBuffer.finished(end), .report = std::move(report)};
     if (!state.movie || state.written == 0) {
       return runLoop_.post([done] { done(failure(RecordingError::writeFailed)); });
     }

@@ -13,19 +13,24 @@
 #include "base/SerialQueue.h"
 #include "media/movies/MovieWriter.h"
 #include "platform/ScreenStream.h"
+#include "record_editor/PointerTrack.h"
 #include "recording/KeyboardCueBuffer.h"
 #include "recording/KeyboardRecordingCapture.h"
 #include "recording/RecordedTime.h"
 #include "recording/RecordingError.h"
+#include "recording/SoundTrack.h"
 
 namespace vellora {
 
 /// What became of a recording's frames and sound.
 struct ScreenRecorderReport {
   ScreenStreamCounts stream;
-  std::uint64_t written = 0;   ///< frames
-  std::uint64_t notReady = 0;  ///< frames the encoder could not take
-  double duration = 0;         ///< recorded seconds
+  std::uint64_t written = 0;                  ///< frames
+  std::uint64_t notReady = 0;                 ///< frames the encoder could not take
+  double duration = 0;                        ///< recorded seconds
+  std::uint64_t lostSamples = 0;              ///< of sound, that the encoder could not take
+  QString encoder{};                          ///< of the video
+  std::vector<AudioTimelineReport> sounds{};  ///< as the tracks
 };
 
 /// Writes the screen into a movie: the frames of a stream, and the marks and key cues that go with them. The main
@@ -50,6 +55,9 @@ class ScreenRecorder final : public KeyboardRecorder {
   ScreenRecorder(RunLoop& runLoop, Callbacks callbacks);
   ~ScreenRecorder() override;
 
+  /// The sound, in the order of the movie's tracks, and where the pointer's way goes; before start().
+  void setSounds(std::vector<std::shared_ptr<SoundTrack>> sounds);
+  void setPointerTrack(std::unique_ptr<PointerTrackWriter> pointerTrack);
   /// Starts writing to `movie` what the stream shows.
   Result<void, RecordingError> start(ScreenStreamService& streams, const ScreenStreamConfiguration& configuration,
                                      std::unique_ptr<MovieWriter> movie);
@@ -66,10 +74,13 @@ class ScreenRecorder final : public KeyboardRecorder {
  private:
   struct State;
   void receive(const std::shared_ptr<const ScreenFrame>& frame);
+  void receive(const PointerSample& sample);
+  void writeSounds();
 
   RunLoop& runLoop_;
   Callbacks callbacks_;
   std::unique_ptr<ScreenStream> stream_;
+  std::vector<std::shared_ptr<SoundTrack>> sounds_;
   std::shared_ptr<State> state_;  // of the queue's tasks
   SerialQueue outputQueue_{"dev.orlo.vellora.recorder.output"};
 };

@@ -9,6 +9,7 @@
 #include "support/FakePreferences.h"
 #include "support/FakeScreenCapture.h"
 #include "support/ScriptedScreen.h"
+#include "support/ScriptedSound.h"
 #include "support/VirtualRunLoop.h"
 
 namespace vellora {
@@ -75,8 +76,8 @@ class RecordingControllerTest : public testing::Test {
     capture_.content.windows = {window_};
     cameras_.devices = {{QStringLiteral("cam"), QStringLiteral("Camera")}};
     controller_ = std::make_unique<RecordingController>(
-        RecordingServices{loop_, capture_, screen_, keys_, movies_, files_}, RecordingController::Devices{cameras_},
-        windows_, preferences_,
+        RecordingServices{loop_, capture_, screen_, keys_, movies_, files_},
+        RecordingController::Devices{cameras_, sound_}, windows_, preferences_,
         RecordingController::Callbacks{.onStateChanged = [this](State state) { states_.push_back(state); },
                                        .openEditor = [this](const RecordProjectBundle& bundle) { opened_ = bundle; }});
   }
@@ -101,6 +102,7 @@ class RecordingControllerTest : public testing::Test {
   test::ScriptedScreen screen_;
   test::FakeMovies movies_;
   test::FakeCameras cameras_;
+  test::ScriptedSound sound_;
   test::FakePreferences preferences_;
   NoKeys keys_;
   ShownWindows windows_;
@@ -244,6 +246,51 @@ TEST_F(RecordingControllerTest, writesTheCameraOnTheSameAxis) {
   windows_.bar->onSelectCamera(std::nullopt);
   EXPECT_FALSE(windows_.hasCamera);
   EXPECT_FALSE(preferences_.contains(QStringLiteral("record.cameraDeviceID")));
+}
+
+TEST_F(RecordingControllerTest, writesSoundFromTheFirstFrameOnWithoutPauses) {
+  const QString mic = QStringLiteral("mic");
+  sound_.setDevices({{mic, QStringLiteral("Microphone")}});
+  preferences_.values[QStringLiteral("record.micDeviceID")] = mic;
+  controller_->begin(display_);
+  windows_.bar->onSelectSystemSound(true);
+  ASSERT_TRUE(loop_.runUntil([&] { return sound_.isOpen(mic) && sound_.isOpen(AudioCapture::systemSound); }));
+  ASSERT_TRUE(loop_.runUntil([this] { return windows_.bar->micDevices.size() == 1; }));
+  sound_.play(mic, loop_.hostTime(), 0.1);
+  ASSERT_TRUE(loop_.runUntil([this] { return windows_.bar->micLevel > 0.5; }));
+
+  startRecording();
+  ASSERT_TRUE(loop_.runUntil([this] { return !movies_.movies.empty(); }));
+  const auto movie = movies_.movies.begin()->second;
+  ASSERT_EQ(movie->settings.sounds.size(), 2U);
+  EXPECT_EQ(movie->settings.sounds[0].channels, 1);
+  EXPECT_EQ(movie->settings.sounds[1].channels, 2);
+  const auto playSecond = [&] {
+    for (int i = 0; i < 10; ++i) {
+      loop_.advance(0.1);
+      sound_.play(mic, loop_.hostTime(), 0.1);
+    }
+  };
+  playSecond();
+  controller_->pause();
+  playSecond();
+  controller_->resume();
+  playSecond();
+  sound_.unplug(mic);
+  loop_.advance(1);
+  stopRecording();
+  EXPECT_EQ(windows_.notices, std::vector{RecordingNotice::micLost});
+  EXPECT_NEAR(movie->end.value_or(0), 3, 1e-6);
+  EXPECT_NEAR(static_cast<double>(movie->soundSamples[0]), 3 * 48000, 48) << "with silence in place of what was lost";
+  EXPECT_NEAR(static_cast<double>(movie->soundSamples[1]), 3 * 2 * 48000, 96) << "all of it silence";
+  EXPECT_FALSE(sound_.isOpen(mic));
+
+  // A microphone that is not there is not forgotten, and the recording goes on without it.
+  sound_.setRefusal(AudioCaptureError::failed);
+  controller_->begin(display_);
+  ASSERT_TRUE(loop_.runUntil([this] { return !windows_.bar->selectedMicID; }));
+  EXPECT_EQ(windows_.notices.back(), RecordingNotice::micUnavailable);
+  EXPECT_EQ(preferences_.value(QStringLiteral("record.micDeviceID")).toString(), mic);
 }
 
 }  // namespace

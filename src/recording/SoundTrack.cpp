@@ -1,0 +1,102 @@
+#include "recording/SoundTrack.h"
+
+#include <utility>
+
+namespace vellora {
+namespace {
+
+constexpr int microphoneChannels = 1;
+constexpr int systemChannels = 2;
+
+}  // namespace
+
+SoundTrack::SoundTrack(bool isSystemSound, int channels, Callbacks callbacks)
+    : isSystemSound_(isSystemSound),
+      channels_(channels),
+      callbacks_(std::move(callbacks)),
+      meter_(channels,
+             [this](SoundLevel level) {
+               if (callbacks_.onLevel) callbacks_.onLevel(level);
+             }),
+      timeline_(channels, [this](std::span<const float> samples, double time) {
+        if (ready_.interleaved.empty()) ready_.time = time;
+        ready_.interleaved.insert(ready_.interleaved.end(), samples.begin(), samples.end());
+      }) {}
+
+SoundTrack::~SoundTrack() {
+  stream_.reset();
+}
+
+Result<std::unique_ptr<SoundTrack>, AudioCaptureError> SoundTrack::open(AudioCapture& capture, const QString& deviceID,
+                                                                        Callbacks callbacks) {
+  const bool isSystemSound = deviceID == AudioCapture::systemSound;
+  const int channels = isSystemSound ? systemChannels : microphoneChannels;
+  std::unique_ptr<SoundTrack> track(new SoundTrack(isSystemSound, channels, std::move(callbacks)));
+  auto stream = capture.start(deviceID, channels,
+                              {.onChunk = [track = track.get()](const AudioChunk& chunk) { track->receive(chunk); },
+                               .onLost = [track = track.get()](AudioCaptureError) { track->lose(); }});
+  if (!stream) return failure(stream.error());
+  track->stream_ = std::move(*stream);
+  return track;
+}
+
+void SoundTrack::receive(const AudioChunk& chunk) {
+  if (chunk.channels == channels_) meter_.append(chunk.samples);
+  change([&] { timeline_.append(chunk); });
+}
+
+void SoundTrack::lose() {
+  {
+    const std::lock_guard lock(mutex_);
+    timeline_.loseDevice();
+  }
+  if (callbacks_.onLost) callbacks_.onLost();
+}
+
+template <class Change>
+void SoundTrack::change(Change change) {
+  const std::lock_guard lock(mutex_);
+  const bool hadSome = !ready_.interleaved.empty();
+  change();
+  // Locked, so that nobody is called after `finish`.
+  if (onSamples_ && !hadSome && !ready_.interleaved.empty()) onSamples_();
+}
+
+void SoundTrack::begin(double hostTime, std::function<void()> onSamples) {
+  change([&] {
+    onSamples_ = std::move(onSamples);
+    timeline_.begin(hostTime);
+  });
+}
+
+void SoundTrack::pause(double hostTime) {
+  const std::lock_guard lock(mutex_);
+  timeline_.pause(hostTime);
+}
+
+void SoundTrack::resume(double hostTime) {
+  const std::lock_guard lock(mutex_);
+  timeline_.resume(hostTime);
+}
+
+void SoundTrack::advance(double hostTime) {
+  change([&] { timeline_.advance(hostTime); });
+}
+
+void SoundTrack::finish(double hostTime) {
+  const std::lock_guard lock(mutex_);
+  onSamples_ = nullptr;
+  timeline_.finish(hostTime);
+}
+
+SoundTrack::Samples SoundTrack::take() {
+  const std::lock_guard lock(mutex_);
+  return std::exchange(ready_, {});
+}
+
+AudioTimelineReport SoundTrack::report() const {
+  const std::lock_guard lock(mutex_);
+  return timeline_.report();
+}
+
+}  // namespace vellora
