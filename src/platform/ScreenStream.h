@@ -59,6 +59,9 @@ class ScreenStream {
   /// Asks for one more frame of the picture as it is, though nothing changed; at the end of a recording, for its
   /// length. Any thread.
   virtual void requestFrame() = 0;
+  /// From one of the next frames on, leaves out these windows of ours and no others, as `leftOut` at the start; so that
+  /// windows may come and go during a recording. A stream of one window shows nothing else anyway. Any thread.
+  virtual void setLeftOut(std::vector<WindowId> windows) = 0;
 };
 
 /// Where the pointer is and how it looks, sampled beside the frames of a stream.

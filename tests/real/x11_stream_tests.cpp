@@ -550,6 +550,49 @@ TEST(X11Stream, WindowsLeftOutAreNotInThePicture) {
   EXPECT_EQ(shown, 0) << "in some frame";
 }
 
+TEST(X11Stream, WindowsToLeaveOutMayComeAndGo) {
+  const auto server = XServer::start({.size = {400, 300}});
+  ASSERT_TRUE(server);
+  TestWindow below(*server, {.frame = {50, 50, 200, 150}, .colour = 0x336699, .unmanaged = true});
+  const PixelRect area{0, 0, 400, 300};
+  const Pixels expected = server->pixels(area);
+  StreamReceiver receiver;
+  std::atomic<int> shown = 0;
+  receiver.inspect = [&](const ScreenFrame& frame) {
+    const Pixels pixels = pixelsOf(frame);
+    if (std::ranges::find(pixels, 0x00FF00U) != pixels.end()) ++shown;
+  };
+  ASSERT_TRUE(receiver.start(*server, areaOf(area)));
+  const auto shows = [&](const Pixels& pixels) {
+    // A program repaints what was hidden when it is asked to.
+    below.client().fill(below.id(), {0, 0, 200, 150}, 0x336699);
+    below.client().sync();
+    return waitFor([&] { return receiver.picture() == pixels; });
+  };
+
+  TestWindow bar(*server, {.frame = {100, 100, 80, 40}, .colour = 0xFF0000, .unmanaged = true});
+  ASSERT_TRUE(waitFor([&] { return receiver.pixel(120, 120) == 0xFF0000; }));
+  const Pixels withBar = server->pixels(area);
+  receiver.stream().setLeftOut({bar.id()});
+  EXPECT_TRUE(shows(expected)) << "the first one";
+  // Another one is told before it is shown: it is in no frame.
+  TestWindow toast(*server, {.frame = {200, 150, 90, 60}, .colour = 0x00FF00, .unmanaged = true, .mapped = false});
+  receiver.stream().setLeftOut({bar.id(), toast.id()});
+  receiver.settle();
+  toast.map();
+  receiver.settle();
+  EXPECT_TRUE(shows(expected));
+  toast.move({90, 90, 90, 60});
+  receiver.settle();
+  EXPECT_TRUE(shows(expected)) << "moved over the other one";
+  EXPECT_EQ(shown, 0);
+  toast.destroy();
+  receiver.stream().setLeftOut({});
+  EXPECT_TRUE(shows(withBar)) << "none any more";
+  bar.move({10, 10, 80, 40});
+  EXPECT_TRUE(waitFor([&] { return receiver.picture() == server->pixels(area); })) << "an ordinary window again";
+}
+
 std::size_t openDescriptors() {
   using Iterator = std::filesystem::directory_iterator;
   return static_cast<std::size_t>(std::distance(Iterator("/proc/self/fd"), Iterator()));

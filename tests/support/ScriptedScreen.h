@@ -14,6 +14,7 @@ class ScriptedScreen final : public ScreenStreamService {
                                                                   Callbacks callbacks) override {
     if (refusal) return failure(*refusal);
     lastConfiguration = configuration;
+    leftOut = configuration.leftOut;
     callbacks_ = std::move(callbacks);
     isStreaming = true;
     return std::make_unique<Stream>(*this);
@@ -36,6 +37,7 @@ class ScriptedScreen final : public ScreenStreamService {
   ScreenStreamConfiguration lastConfiguration;
   bool isStreaming = false;
   int requests = 0;
+  std::vector<WindowId> leftOut;  ///< as they are by now
 
  private:
   class Stream final : public ScreenStream {
@@ -44,6 +46,7 @@ class ScriptedScreen final : public ScreenStreamService {
     ~Stream() override { screen_.isStreaming = false; }
     ScreenStreamCounts counts() const override { return {}; }
     void requestFrame() override { ++screen_.requests; }
+    void setLeftOut(std::vector<WindowId> windows) override { screen_.leftOut = std::move(windows); }
 
    private:
     ScriptedScreen& screen_;

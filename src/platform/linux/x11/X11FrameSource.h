@@ -48,6 +48,8 @@ class X11FrameSource {
   /// After the events that came with `read`: whether it showed what it should.
   virtual bool isCurrent() const { return true; }
   virtual Cursor cursor(const X11Pointer& pointer) const = 0;
+  /// These windows, and no others, are to be left out from now on. A source that shows none of them has nothing to do.
+  virtual void leaveOut(const std::vector<WindowId>& /*windows*/) {}
 };
 
 }  // namespace vellora

@@ -37,7 +37,12 @@ Result<std::unique_ptr<X11FrameSource>, ScreenCaptureError> X11FrameSourceArea::
   if (!source->findDisplays()) {
     return failure(connection.isBroken() ? ScreenCaptureError::NotAvailable : ScreenCaptureError::NoDisplay);
   }
-  if (!configuration.leftOut.empty()) source->leaveOut(configuration.leftOut);
+  source->leaveOut(configuration.leftOut);
+  if (source->underlay_) {
+    source->underlay_->refresh();
+    source->underlay_->waitUntilPainted();
+    source->reserve();
+  }
   return source;
 }
 
@@ -63,14 +68,11 @@ X11FrameSourceArea::X11FrameSourceArea(X11Connection& connection, const PixelRec
 }
 
 void X11FrameSourceArea::leaveOut(const std::vector<WindowId>& windows) {
-  underlay_ = X11FrameUnderlay::make(connection_, area_, windows);
-  if (!underlay_) {
-    log::warning(QStringLiteral("screen stream: the display cannot leave out windows"));
-    return;
+  if (!underlay_ && !windows.empty()) {
+    underlay_ = X11FrameUnderlay::make(connection_, area_);
+    if (!underlay_) log::warning(QStringLiteral("screen stream: the display cannot leave out windows"));
   }
-  underlay_->refresh();
-  underlay_->waitUntilPainted();
-  reserve();
+  if (underlay_) underlay_->leaveOut(windows);
 }
 
 void X11FrameSourceArea::handle(const xcb_generic_event_t& event) {

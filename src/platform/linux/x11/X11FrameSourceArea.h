@@ -22,11 +22,11 @@ class X11FrameSourceArea final : public X11FrameSource {
   std::optional<Rects> read(std::span<const RowBand> bands, X11FrameBuffer& buffer) override;
   bool isCurrent() const override { return !underlay_ || !underlay_->isOutdated(); }
   Cursor cursor(const X11Pointer& pointer) const override;
+  void leaveOut(const std::vector<WindowId>& windows) override;
 
  private:
   X11FrameSourceArea(X11Connection& connection, const PixelRect& area, const X11PixelFormat& format);
   bool findDisplays();
-  void leaveOut(const std::vector<WindowId>& windows);
   void reserve();
   xcb_xfixes_fetch_region_cookie_t askChanges();
   Rects receiveChanges(xcb_xfixes_fetch_region_cookie_t cookie);
@@ -38,7 +38,7 @@ class X11FrameSourceArea final : public X11FrameSource {
   X11DrawingCounter drawn_;
   const X11Region areaRegion_;
   const X11Region changed_;
-  std::unique_ptr<X11FrameUnderlay> underlay_;  ///< null when nothing is left out
+  std::unique_ptr<X11FrameUnderlay> underlay_;  ///< null while nothing was ever left out
   std::uint8_t randrEvent_ = 0;
   bool displaysChanged_ = true;
   PixelRect onRoot_;  ///< the part of the area that the root window has, on the root window

@@ -137,30 +137,42 @@ class X11FrameUnderlay::Ground {
   xcb_gcontext_t context_ = 0;
 };
 
-std::unique_ptr<X11FrameUnderlay> X11FrameUnderlay::make(X11Connection& connection, const PixelRect& area,
-                                                         std::vector<xcb_window_t> leftOut) {
+std::unique_ptr<X11FrameUnderlay> X11FrameUnderlay::make(X11Connection& connection, const PixelRect& area) {
   if (!X11CompositeWindow::prepare(connection) || !connection.hasExtension(&xcb_render_id) ||
       !connection.hasExtension(&xcb_shape_id)) {
     return nullptr;
   }
-  std::unique_ptr<X11FrameUnderlay> underlay(new X11FrameUnderlay(connection, area, std::move(leftOut)));
+  std::unique_ptr<X11FrameUnderlay> underlay(new X11FrameUnderlay(connection, area));
   return underlay->findFormats() ? std::move(underlay) : nullptr;
 }
 
-X11FrameUnderlay::X11FrameUnderlay(X11Connection& connection, const PixelRect& area, std::vector<xcb_window_t> leftOut)
+X11FrameUnderlay::X11FrameUnderlay(X11Connection& connection, const PixelRect& area)
     : connection_(connection),
       area_(area),
-      leftOut_(std::move(leftOut)),
       shapeEvent_(static_cast<std::uint8_t>(connection.firstEvent(&xcb_shape_id) + XCB_SHAPE_NOTIFY)),
       placesRegion_(connection),
       work_(connection) {
   constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
   xcb_change_window_attributes(connection.get(), connection.root(), XCB_CW_EVENT_MASK, &events);
-  constexpr std::uint32_t ownEvents = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+}
+
+void X11FrameUnderlay::leaveOut(std::vector<xcb_window_t> windows) {
+  if (windows == leftOut_) return;
   for (const xcb_window_t window : leftOut_) {
-    xcb_shape_select_input(connection.get(), window, 1);
-    xcb_change_window_attributes(connection.get(), window, XCB_CW_EVENT_MASK, &ownEvents);
+    if (std::ranges::find(windows, window) == windows.end()) listenTo(window, false);
   }
+  for (const xcb_window_t window : windows) {
+    if (std::ranges::find(leftOut_, window) == leftOut_.end()) listenTo(window, true);
+  }
+  leftOut_ = std::move(windows);
+  windowsChanged_ = true;
+  leftOutMoved_ = true;
+}
+
+void X11FrameUnderlay::listenTo(xcb_window_t window, bool isOn) const {
+  const std::uint32_t events = isOn ? XCB_EVENT_MASK_STRUCTURE_NOTIFY : 0;
+  xcb_shape_select_input(connection_.get(), window, isOn ? 1 : 0);
+  xcb_change_window_attributes(connection_.get(), window, XCB_CW_EVENT_MASK, &events);
 }
 
 X11FrameUnderlay::~X11FrameUnderlay() {

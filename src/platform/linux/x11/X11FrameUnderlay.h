@@ -17,9 +17,11 @@ namespace vellora {
 class X11FrameUnderlay {
  public:
   /// Null when the display cannot do it. `area` on the root window, inside it.
-  static std::unique_ptr<X11FrameUnderlay> make(X11Connection& connection, const PixelRect& area,
-                                                std::vector<xcb_window_t> leftOut);
+  static std::unique_ptr<X11FrameUnderlay> make(X11Connection& connection, const PixelRect& area);
   ~X11FrameUnderlay();
+
+  /// The windows that are missing from now on, in place of those before. `refresh` tells where that changes something.
+  void leaveOut(std::vector<xcb_window_t> windows);
 
   /// Takes note of an event; others are ignored.
   void handle(const xcb_generic_event_t& event);
@@ -45,7 +47,8 @@ class X11FrameUnderlay {
   class Layer;
   class Ground;
 
-  X11FrameUnderlay(X11Connection& connection, const PixelRect& area, std::vector<xcb_window_t> leftOut);
+  X11FrameUnderlay(X11Connection& connection, const PixelRect& area);
+  void listenTo(xcb_window_t window, bool isOn) const;
   bool findFormats();
   void findTops();
   bool concernsLeftOut(const xcb_generic_event_t& event) const;
@@ -57,7 +60,7 @@ class X11FrameUnderlay {
 
   X11Connection& connection_;
   const PixelRect area_;
-  const std::vector<xcb_window_t> leftOut_;
+  std::vector<xcb_window_t> leftOut_;
   X11PixelFormat format_;
   std::map<xcb_visualid_t, xcb_render_pictformat_t> formats_;
   std::uint8_t shapeEvent_ = 0;

@@ -83,6 +83,14 @@ class X11ScreenStream final : public ScreenStream {
     wake();
   }
 
+  void setLeftOut(std::vector<WindowId> windows) override {
+    {
+      const std::lock_guard lock(mutex_);
+      leftOut_ = std::move(windows);
+    }
+    wake();
+  }
+
  private:
   void wake() {
     const std::uint64_t one = 1;
@@ -104,6 +112,7 @@ class X11ScreenStream final : public ScreenStream {
 
   void run() {
     while (!stopping_) {
+      leaveOut();
       readEvents();
       if (connection_->isBroken()) return endByItself(ScreenCaptureError::NotAvailable);
       const double now = hostTime();
@@ -119,6 +128,15 @@ class X11ScreenStream final : public ScreenStream {
       }
       if (const auto error = tick()) return endByItself(*error);
     }
+  }
+
+  void leaveOut() {
+    std::optional<std::vector<WindowId>> windows;
+    {
+      const std::lock_guard lock(mutex_);
+      windows.swap(leftOut_);
+    }
+    if (windows) source_->leaveOut(*windows);
   }
 
   void endByItself(ScreenCaptureError error) {
@@ -322,7 +340,9 @@ class X11ScreenStream final : public ScreenStream {
   std::atomic<std::uint64_t> late_ = 0;
   std::mutex mutex_;
   std::condition_variable changed_;
-  bool ended_ = false;  ///< guarded by mutex_
+  // Guarded by mutex_:
+  bool ended_ = false;
+  std::optional<std::vector<WindowId>> leftOut_;  ///< that the source is not told of yet
   std::thread thread_;
 };
 
