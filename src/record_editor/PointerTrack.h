@@ -45,10 +45,11 @@ class PointerTrackWriter {
 
   /// Entries without a new place, shape or button are left out. After a failure nothing more is written.
   void append(const PointerEntry& entry);
+  /// Hands what waits to the system, for the time in which no entry comes.
+  void flush();
 
  private:
   explicit PointerTrackWriter(const QString& path) : file_(path) {}
-  void flush();
 
   QFile file_;
   QByteArray waiting_;

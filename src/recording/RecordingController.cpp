@@ -141,9 +141,10 @@ void RecordingController::beginCapture() {
   for (const auto& track : {microphone_, systemSound_}) {
     if (track) sounds.push_back(track);
   }
+  leftOut_ = presenter_.ownWindows();
   session_->start({.target = *target_,
                    .recordsKeys = barModel_.keyboardEnabled,
-                   .leftOut = presenter_.ownWindows(),
+                   .leftOut = leftOut_,
                    .camera = cameraRecorder_.get(),
                    .sounds = std::move(sounds)},
                   [this](const Result<void, RecordingError>& began) { captureBegan(began); });
@@ -169,6 +170,7 @@ void RecordingController::captureBegan(const Result<void, RecordingError>& began
     barModel_.elapsed = session_->elapsed();
     barModel_.keyboardHidden = barModel_.keyboardEnabled && services_.eventTap.isSecureInputEnabled();
     barModel_.changed();
+    leaveWindowsOut();
   });
 }
 
@@ -240,6 +242,15 @@ void RecordingController::reset() {
 void RecordingController::showBorder(RecordingPresenter::BorderLook look) {
   borderLook_ = look;
   presenter_.showBorder(target_->borderFrame(), target_->borderRadius(), look);
+  leaveWindowsOut();
+}
+
+void RecordingController::leaveWindowsOut() {
+  if (state_ != State::recording && state_ != State::paused) return;
+  std::vector<WindowId> windows = presenter_.ownWindows();
+  if (windows == leftOut_) return;
+  leftOut_ = std::move(windows);
+  session_->setLeftOut(leftOut_);
 }
 
 void RecordingController::followWindow() {

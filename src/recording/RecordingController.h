@@ -87,6 +87,8 @@ class RecordingController {
   void reset();
   void setState(State state, RecordingBarModel::Mode mode);
   void showBorder(RecordingPresenter::BorderLook look);
+  /// Tells the recording which windows of ours there are by now.
+  void leaveWindowsOut();
 
   RecordingServices services_;
   Devices devices_;
@@ -103,6 +105,7 @@ class RecordingController {
   std::shared_ptr<SoundTrack> systemSound_;
   std::array<int, 2> soundRounds_{};  ///< by Sound: answers to earlier choices do not count
   std::unique_ptr<RecordingSession> session_;
+  std::vector<WindowId> leftOut_;
   bool isFinishing_ = false;
   int countdownRemaining_ = 0;
   TimerHandle countdownTimer_;

@@ -55,20 +55,26 @@ RecordingSession::RecordingSession(const RecordingServices& services, Callbacks 
 
 RecordingSession::~RecordingSession() {
   keyboardCapture_.stop();
+  // A start that nobody waits for any more ends here, while the camera lives.
+  queue_.drain();
+  started_.reset();
   // Its tasks use this session's queue.
   recorder_.reset();
 }
 
 void RecordingSession::start(const Request& request, std::function<void(Result<void, RecordingError>)> done) {
-  auto deliver = lifetime_.guard(
-      [this, request, done = std::move(done)](const std::shared_ptr<Result<Started, RecordingError>>& started) {
-        if (!*started) return done(failure(started->error()));
-        keep(std::move(**started), request);
-        done({});
-      });
+  auto deliver = lifetime_.guard([this, request, done = std::move(done)](const Result<void, RecordingError>& started) {
+    if (started) keep(request);
+    done(started);
+  });
   queue_.async([this, request, deliver = std::move(deliver)]() mutable {
-    auto started = std::make_shared<Result<Started, RecordingError>>(makeStarted(request));
-    services_.runLoop.post([started, deliver = std::move(deliver)]() mutable { deliver(started); });
+    Result<void, RecordingError> result;
+    if (auto started = makeStarted(request)) {
+      started_ = std::make_unique<Started>(std::move(*started));
+    } else {
+      result = failure(started.error());
+    }
+    services_.runLoop.post([result, deliver = std::move(deliver)]() mutable { deliver(result); });
   });
 }
 
@@ -140,12 +146,13 @@ Result<RecordingSession::Started, RecordingError> RecordingSession::makeStarted(
   return started;
 }
 
-void RecordingSession::keep(Started started, const Request& request) {
-  currentBundle_ = std::exchange(started.bundle, std::nullopt);
-  marker_ = std::move(started.marker);
-  recorder_ = std::move(started.recorder);
+void RecordingSession::keep(const Request& request) {
+  const auto started = std::move(started_);
+  currentBundle_ = std::exchange(started->bundle, std::nullopt);
+  marker_ = std::move(started->marker);
+  recorder_ = std::move(started->recorder);
   marksTimer_ = services_.runLoop.every(marksInterval, [this] { keepMarks(); });
-  diskWatch_.emplace(started.expectedRate);
+  diskWatch_.emplace(started->expectedRate);
   advanceTimer_ = services_.runLoop.every(advanceInterval, [this] { recorder_->advance(); });
   diskTimer_ = services_.runLoop.every(diskInterval, [this] { lookAtDisk(); });
   camera_ = request.camera;
@@ -202,6 +209,10 @@ void RecordingSession::resume() {
   if (!recorder_ || segmentStartedAt_) return;
   recorder_->resume();
   segmentStartedAt_ = services_.runLoop.hostTime();
+}
+
+void RecordingSession::setLeftOut(std::vector<WindowId> windows) {
+  if (recorder_) recorder_->setLeftOut(std::move(windows));
 }
 
 double RecordingSession::elapsed() const {

@@ -40,7 +40,7 @@ class RecordingSession {
   /// Seconds between writings of marks and cues while recording.
   static constexpr double marksInterval = 2;
   /// Seconds between the words to the movie that time goes on.
-  static constexpr double advanceInterval = 1;
+  static constexpr double advanceInterval = 0.25;
   /// Seconds between looks at the room on the disk.
   static constexpr double diskInterval = 2;
 
@@ -74,6 +74,8 @@ class RecordingSession {
   void start(const Request& request, std::function<void(Result<void, RecordingError>)> done);
   void pause();
   void resume();
+  /// The windows that are not to be seen from now on.
+  void setLeftOut(std::vector<WindowId> windows);
   /// Recorded seconds so far.
   double elapsed() const;
 
@@ -83,7 +85,7 @@ class RecordingSession {
  private:
   struct Started;
   Result<Started, RecordingError> makeStarted(const Request& request);
-  void keep(Started started, const Request& request);
+  void keep(const Request& request);
   void complete(const ScreenRecorder::Outcome& outcome,
                 const std::function<void(Result<RecordProjectBundle, RecordingError>)>& done);
   void discard();
@@ -94,6 +96,7 @@ class RecordingSession {
   RecordingServices services_;
   Callbacks callbacks_;
   std::unique_ptr<ScreenRecorder> recorder_;
+  std::unique_ptr<Started> started_;  // of the queue until it is kept
   CameraRecorder* camera_ = nullptr;
   KeyboardRecordingCapture keyboardCapture_;
   bool recordsKeys_ = false;

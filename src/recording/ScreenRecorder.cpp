@@ -8,9 +8,6 @@
 namespace vellora {
 namespace {
 
-/// Those a sample tells of: left, middle, right.
-constexpr int pointerButtons = 3;
-
 MoviePicture pictureOf(const std::shared_ptr<const ScreenFrame>& frame, std::uint64_t number) {
   MoviePicture picture{.format = MoviePicture::Format::bgra, .number = number, .changes = frame->changes};
   picture.planes[0] = frame->pixels;
@@ -30,8 +27,7 @@ struct ScreenRecorder::State {
   std::vector<double> pauseMarks;
   KeyboardCueBuffer keyboardBuffer;
   std::vector<std::shared_ptr<SoundTrack>> sounds;
-  std::unique_ptr<PointerTrackWriter> pointerTrack;
-  PointerSample pointer;       ///< the last one
+  std::optional<PointerRecorder> pointer;
   std::uint64_t received = 0;  ///< frames of the stream
   std::uint64_t written = 0;
   std::uint64_t notReady = 0;
@@ -83,6 +79,7 @@ void ScreenRecorder::receive(const std::shared_ptr<const ScreenFrame>& frame) {
     for (const auto& sound : state.sounds) {
       sound->begin(frame->presentationTime, [this] { outputQueue_.async([this] { writeSounds(); }); });
     }
+    if (state.pointer) state.pointer->enter(0);
     if (callbacks_.onSessionAnchor) callbacks_.onSessionAnchor(frame->presentationTime);
   }
   const double position = *recorded - *state.anchorTime;
@@ -97,21 +94,10 @@ void ScreenRecorder::receive(const std::shared_ptr<const ScreenFrame>& frame) {
 
 void ScreenRecorder::receive(const PointerSample& sample) {
   State& state = *state_;
-  const std::uint32_t buttonsBefore = std::exchange(state.pointer, sample).buttons;
-  const auto recorded = state.time.retimed(sample.time);
-  if (!state.pointerTrack || !state.anchorTime || !recorded) return;
-  const double time = std::max(0.0, *recorded - *state.anchorTime);
-  PointerEntry entry{.time = time,
-                     .x = static_cast<double>(sample.position.x),
-                     .y = static_cast<double>(sample.position.y),
-                     .shape = sample.shape};
-  const std::uint32_t changed = buttonsBefore ^ sample.buttons;
-  if (changed == 0) return state.pointerTrack->append(entry);
-  for (int number = 0; number < pointerButtons; ++number) {
-    if ((changed >> number & 1U) == 0) continue;
-    entry.button = PointerEntry::Button{number, (sample.buttons >> number & 1U) != 0};
-    state.pointerTrack->append(entry);
-  }
+  if (!state.pointer) return;
+  auto position = state.anchorTime ? state.time.retimed(sample.time) : std::nullopt;
+  if (position) position = std::max(0.0, *position - *state.anchorTime);
+  state.pointer->receive(sample, position);
 }
 
 void ScreenRecorder::writeSounds() {
@@ -129,7 +115,7 @@ void ScreenRecorder::setSounds(std::vector<std::shared_ptr<SoundTrack>> sounds) 
 }
 
 void ScreenRecorder::setPointerTrack(std::unique_ptr<PointerTrackWriter> pointerTrack) {
-  state_->pointerTrack = std::move(pointerTrack);
+  state_->pointer.emplace(std::move(pointerTrack));
 }
 
 void ScreenRecorder::pause() {
@@ -155,6 +141,7 @@ void ScreenRecorder::resume() {
   outputQueue_.async([this, now] {
     if (!state_->time.isPaused()) return;
     state_->time.resume(now);
+    if (state_->pointer && state_->anchorTime) state_->pointer->enter(state_->position(now));
     if (callbacks_.onResumeBoundary) callbacks_.onResumeBoundary(now);
   });
   // A screen that stands still would show what was there before the pause.
@@ -175,6 +162,10 @@ void ScreenRecorder::recordKeyboard(const QStringList& keys, double hostTime, do
   });
 }
 
+void ScreenRecorder::setLeftOut(std::vector<WindowId> windows) {
+  if (stream_) stream_->setLeftOut(std::move(windows));
+}
+
 void ScreenRecorder::advance() {
   outputQueue_.async([this, now = runLoop_.hostTime()] {
     if (!state_->movie || !state_->anchorTime) return;
@@ -186,6 +177,7 @@ void ScreenRecorder::advance() {
 
 void ScreenRecorder::marks(std::function<void(std::vector<double>, std::vector<RecordedKeyCue>)> done) {
   outputQueue_.async([this, now = runLoop_.hostTime(), done = std::move(done)] {
+    if (state_->pointer) state_->pointer->flush();
     done(state_->pauseMarks, state_->keyboardBuffer.finished(state_->position(now)));
   });
 }
@@ -197,7 +189,7 @@ void ScreenRecorder::finish(std::function<void(Result<Outcome, RecordingError>)>
   outputQueue_.async([this, now, counts, done = std::move(done)] {
     State& state = *state_;
     const double end = state.position(now);
-    state.pointerTrack.reset();
+    state.pointer.reset();
     ScreenRecorderReport report{counts, state.written, state.notReady, end};
     for (const auto& sound : state.sounds) sound->finish(now);
     writeSounds();

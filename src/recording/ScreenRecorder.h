@@ -16,6 +16,7 @@
 #include "record_editor/PointerTrack.h"
 #include "recording/KeyboardCueBuffer.h"
 #include "recording/KeyboardRecordingCapture.h"
+#include "recording/PointerRecorder.h"
 #include "recording/RecordedTime.h"
 #include "recording/RecordingError.h"
 #include "recording/SoundTrack.h"
@@ -64,7 +65,10 @@ class ScreenRecorder final : public KeyboardRecorder {
   void pause();
   void resume();
   void recordKeyboard(const QStringList& keys, double hostTime, double linger) override;
-  /// Tells the movie how far the recording is, though the picture stands still. About once a second.
+  /// The windows that are not to be seen from now on, in place of those the recording started with.
+  void setLeftOut(std::vector<WindowId> windows);
+  /// Tells the movie how far the recording is, though the picture stands still and devices give no sound. A few times a
+  /// second.
   void advance();
   /// The marks and cues so far, to be kept in case of a kill. `done` comes on the queue.
   void marks(std::function<void(std::vector<double> pauseMarks, std::vector<RecordedKeyCue> keyCues)> done);

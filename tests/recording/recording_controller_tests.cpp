@@ -41,7 +41,7 @@ class ShownWindows : public RecordingPresenter {
   void showCamera(const DisplayInfo&) override { hasCamera = true; }
   void cameraFrame(std::shared_ptr<const CameraFrame>) override {}
   void hideCamera() override { hasCamera = false; }
-  std::vector<WindowId> ownWindows() const override { return {7}; }
+  std::vector<WindowId> ownWindows() const override { return own; }
   void notify(RecordingNotice notice) override { notices.push_back(notice); }
   void startFailed(RecordingError error) override { failedStart = error; }
 
@@ -56,6 +56,7 @@ class ShownWindows : public RecordingPresenter {
   std::optional<int> countdown;
   std::vector<int> counted;
   bool hasCamera = false;
+  std::vector<WindowId> own{7};
   std::vector<RecordingNotice> notices;
   std::optional<RecordingError> failedStart;
 };
@@ -131,7 +132,9 @@ TEST_F(RecordingControllerTest, recordsARegionFromCommandToProject) {
   EXPECT_EQ(windows_.borderLook, Look::recording);
 
   screen_.frame(loop_.hostTime());
+  windows_.own = {7, 8};
   loop_.advance(2);
+  EXPECT_EQ(screen_.leftOut, (std::vector<WindowId>{7, 8}));
   EXPECT_EQ(windows_.bar->elapsed, 2);
   controller_->pause();
   EXPECT_EQ(windows_.borderLook, Look::paused);

@@ -1,4 +1,7 @@
 #include <gtest/gtest.h>
+#include <QTemporaryDir>
+
+#include <atomic>
 
 #include "recording/ScreenRecorder.h"
 #include "support/FakeMovies.h"
@@ -109,6 +112,35 @@ TEST_F(ScreenRecorderTest, keepsKeysOnTheRecordedAxis) {
             (std::vector<RecordedKeyCue>{{1, 2, {QStringLiteral("B")}}, {3, 3.85, {QStringLiteral("D")}}}));
   EXPECT_EQ(outcome->pauseMarks, (std::vector<double>{2, 4}));
   EXPECT_EQ(outcome->report.duration, 4);  // it ended in a pause
+}
+
+TEST_F(ScreenRecorderTest, writesThePointersWayOnTheRecordedAxis) {
+  const QTemporaryDir bundle;
+  recorder_->setPointerTrack(*PointerTrackWriter::create(bundle.path()));
+  start();
+  screen_.pointer({9.9, {5, 6}, 77});  // told before the first frame, which shows it
+  screen_.frame(10);
+  screen_.pointer({11, {7, 8}, 77, 1});
+  loop_.advance(12);
+  recorder_->pause();
+  screen_.pointer({13, {100, 100}, 88, 1});
+  screen_.pointer({14, {200, 100}, 88, 4});
+  loop_.advance(8);
+  recorder_->resume();
+  screen_.pointer({21, {200, 101}, 88, 0});
+  std::atomic<bool> isKept = false;
+  recorder_->marks([&](const auto&, const auto&) { isKept = true; });
+  ASSERT_TRUE(loop_.runUntil([&] {
+    loop_.post([] {});
+    return isKept.load();
+  }));
+  using Button = PointerEntry::Button;
+  const std::vector<PointerEntry> expected{{0, 5, 6, 77, std::nullopt},
+                                           {1, 7, 8, std::nullopt, Button{0, true}},
+                                           {2, 200, 100, 88, Button{0, false}},
+                                           {2, 200, 100, std::nullopt, Button{2, true}},
+                                           {3, 200, 101, std::nullopt, Button{2, false}}};
+  EXPECT_EQ(PointerTrack::load(bundle.path()), expected) << "as a kill would leave it";
 }
 
 TEST_F(ScreenRecorderTest, dropsFramesForABusyEncoderWithoutWaiting) {

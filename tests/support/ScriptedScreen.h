@@ -29,6 +29,9 @@ class ScriptedScreen final : public ScreenStreamService {
     frame->isComplete = isComplete;
     callbacks_.onFrame(std::move(frame));
   }
+  void pointer(const PointerSample& sample) {
+    if (isStreaming) callbacks_.onPointer(sample);
+  }
   void stopByItself(ScreenCaptureError error) {
     if (isStreaming) callbacks_.onStopped(error);
   }
