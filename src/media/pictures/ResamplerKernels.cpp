@@ -3,29 +3,42 @@
 namespace vellora {
 namespace {
 
-/// Two pixels; of any address and seen through any pointer. Not `using`, in which clang ignores the alignment.
-typedef float Twin __attribute__((vector_size(32), aligned(4), may_alias));
+/// Two pixels.
+using Twin = float __attribute__((vector_size(32)));
 /// So many are worked on at a time that every weight is fetched once for four of them.
 constexpr int twinsTogether = 4;
 
 #define VELLORA_KERNEL __attribute__((always_inline)) inline
 
+/// The two pixels at `from`, which need not be aligned.
+VELLORA_KERNEL void load(Twin& twin, const LinearPixel* from) {
+  __builtin_memcpy(&twin, from, sizeof twin);
+}
+
 VELLORA_KERNEL void acrossTwoRows(const ResamplingFilter& filter, const LinearPixel* pairs, LinearPixel* first,
                                   LinearPixel* second) {
   const float* weights = filter.weights.data();
   for (const ResamplingFilter::Window& window : filter.windows) {
-    const auto* twins = reinterpret_cast<const Twin*>(pairs + 2 * static_cast<std::ptrdiff_t>(window.first));
+    const LinearPixel* const twins = pairs + 2 * static_cast<std::ptrdiff_t>(window.first);
     const int middleEnd = window.middleFirst + window.middleCount;
-    Twin sum{}, low = twins[window.middleFirst], high = low;
+    Twin sum{}, low, twin;
+    load(low, twins + 2 * window.middleFirst);
+    Twin high = low;
     int i = 0;
-    for (; i < window.middleFirst; ++i) sum += twins[i] * weights[i];
+    for (; i < window.middleFirst; ++i) {
+      load(twin, twins + 2 * i);
+      sum += twin * weights[i];
+    }
     for (; i < middleEnd; ++i) {
-      const Twin twin = twins[i];
+      load(twin, twins + 2 * i);
       sum += twin * weights[i];
       low = low < twin ? low : twin;
       high = high > twin ? high : twin;
     }
-    for (; i < window.count; ++i) sum += twins[i] * weights[i];
+    for (; i < window.count; ++i) {
+      load(twin, twins + 2 * i);
+      sum += twin * weights[i];
+    }
     sum = sum < high ? sum : high;
     sum = sum > low ? sum : low;
     *first++ = LinearPixel{sum[0], sum[1], sum[2], sum[3]};
@@ -37,19 +50,26 @@ VELLORA_KERNEL void acrossTwoRows(const ResamplingFilter& filter, const LinearPi
 template <int together>
 VELLORA_KERNEL void downTwins(const ResamplingFilter::Window& window, const float* weights,
                               const LinearPixel* const* rows, std::size_t at, LinearPixel* result) {
-  const auto twins = [rows, at](int row) { return reinterpret_cast<const Twin*>(rows[row] + at); };
   Twin sum[together]{}, low[together], high[together];
-  for (int k = 0; k < together; ++k) high[k] = low[k] = twins(window.middleFirst)[k];
+  for (int k = 0; k < together; ++k) {
+    load(low[k], rows[window.middleFirst] + at + 2 * k);
+    high[k] = low[k];
+  }
   const auto add = [&](int row) __attribute__((always_inline)) {
     const float weight = weights[row];
-    for (int k = 0; k < together; ++k) sum[k] += twins(row)[k] * weight;
+    for (int k = 0; k < together; ++k) {
+      Twin twin;
+      load(twin, rows[row] + at + 2 * k);
+      sum[k] += twin * weight;
+    }
   };
   int row = 0;
   for (; row < window.middleFirst; ++row) add(row);
   for (; row < window.middleFirst + window.middleCount; ++row) {
     add(row);
     for (int k = 0; k < together; ++k) {
-      const Twin twin = twins(row)[k];
+      Twin twin;
+      load(twin, rows[row] + at + 2 * k);
       low[k] = low[k] < twin ? low[k] : twin;
       high[k] = high[k] > twin ? high[k] : twin;
     }
@@ -58,7 +78,7 @@ VELLORA_KERNEL void downTwins(const ResamplingFilter::Window& window, const floa
   for (int k = 0; k < together; ++k) {
     sum[k] = sum[k] < high[k] ? sum[k] : high[k];
     sum[k] = sum[k] > low[k] ? sum[k] : low[k];
-    reinterpret_cast<Twin*>(result + at)[k] = sum[k];
+    __builtin_memcpy(static_cast<void*>(result + at + 2 * k), &sum[k], sizeof sum[k]);
   }
 }
 
