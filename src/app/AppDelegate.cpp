@@ -43,12 +43,33 @@ const std::set<Command>& availableCommands() {
                                           Command::ReopenEntry,
                                           Command::ClearHistory,
                                           Command::EndClickThrough,
+                                          Command::ToggleRegionRecording,
+                                          Command::TogglePauseRecording,
+                                          Command::RecordWindow,
+                                          Command::RecordFullscreen,
+                                          Command::OpenRecentRecording,
                                           Command::OpenRecordingsFolder,
                                           Command::CleanUpRecordings,
                                           Command::OpenCompressor,
                                           Command::OpenSettings,
                                           Command::Quit};
   return commands;
+}
+
+RecordingPhase phaseOf(RecordingHost::State state) {
+  switch (state) {
+    case RecordingHost::State::idle:
+      return RecordingPhase::Idle;
+    case RecordingHost::State::preparing:
+      return RecordingPhase::Preparing;
+    case RecordingHost::State::arming:
+      return RecordingPhase::Arming;
+    case RecordingHost::State::recording:
+      return RecordingPhase::Recording;
+    case RecordingHost::State::paused:
+      return RecordingPhase::Paused;
+  }
+  return RecordingPhase::Idle;
 }
 
 QScreen* pointerScreen() {
@@ -77,6 +98,10 @@ AppDelegate::AppDelegate(Mode mode)
           {[this](const CaptureDocument& document) { windows_.openEditor(document); },
            [this](const CaptureDocument& document) { windows_.openPin(document); }},
           [this] { captures_.cancelSessions(); }, [this](const CaptureOutcome& outcome) { reportOutcome(outcome); }),
+      recordings_(services_, captures_,
+                  {[this] { recordingChanged(); }, [this] { endWhenIdle(); },
+                   [this](const char* icon, const QString& text, bool isFailure) { showToast(icon, text, isFailure); },
+                   [this] { return accessGate_.allows(AccessGate::Need::Screen); }}),
       hotKeyCenter_(services_.hotKeys),
       instanceCommands_(captures_, {[this](int index) {
                                       services_.sessionStore.loadIndex();  // other processes add to it too
@@ -132,6 +157,7 @@ bool AppDelegate::applicationDidFinishLaunching() {
     showToast("vellora", qtTrId("toast.noTray"), false);
   }
   recoverAbandoned();
+  recordings_.recoverAbandoned();
   writeSnapshotsIfAsked();
   return true;
 }
@@ -145,6 +171,7 @@ void AppDelegate::recoverAbandoned() {
 
 void AppDelegate::applicationWillTerminate() {
   captures_.cancelSessions();
+  recordings_.endAndWait();
   hotKeyCenter_.unregisterAll();
   windows_.closeAll();
   compressor_.close();
@@ -181,7 +208,7 @@ void AppDelegate::endWhenIdle() {
 }
 
 bool AppDelegate::hasOpenWindows() const {
-  return windows_.hasOpenWindows() || compressor_.isOpen();
+  return windows_.hasOpenWindows() || compressor_.isOpen() || recordings_.hasOpenWindows();
 }
 
 void AppDelegate::perform(Command command, int index) {
@@ -210,6 +237,16 @@ void AppDelegate::perform(Command command, int index) {
       return windows_.endClickThrough();
     case Command::OpenCompressor:
       return compressor_.open();
+    case Command::ToggleRegionRecording:
+      return recordings_.toggleRegion();
+    case Command::TogglePauseRecording:
+      return recordings_.togglePause();
+    case Command::RecordWindow:
+      return recordings_.recordWindow();
+    case Command::RecordFullscreen:
+      return recordings_.recordFullscreen();
+    case Command::OpenRecentRecording:
+      return openRecentRecording(index);
     case Command::OpenRecordingsFolder:
       return openRecordingsFolder();
     case Command::CleanUpRecordings:
@@ -222,11 +259,6 @@ void AppDelegate::perform(Command command, int index) {
     case Command::CaptureText:
     case Command::CaptureElement:
     case Command::CaptureAreaSized:
-    case Command::ToggleRegionRecording:
-    case Command::TogglePauseRecording:
-    case Command::RecordWindow:
-    case Command::RecordFullscreen:
-    case Command::OpenRecentRecording:
     case Command::ImportVideo:
     case Command::ToggleLive:
       return;  // disabled in the menu and without a hot key: see availableCommands()
@@ -255,11 +287,12 @@ MenuState AppDelegate::menuState() {
     state.history.push_back(
         {item.label(locale, services_.runLoop.now()), item.hasThumbnail ? item.thumbnailFile() : QString()});
   }
-  for (const RecordingBundle& bundle : listRecordings(recordingProjectsDirectory(services_.fileNames.movies()))) {
+  for (const RecordingBundle& bundle : listRecordings(recordings_.projectsFolder())) {
     state.recordings.push_back({bundle.name, bundle.path});
   }
-  state.hasClickThroughPins = windows_.hasClickThroughPins();
   state.canCleanUpRecordings = !state.recordings.empty();
+  state.recording = phaseOf(recordings_.state());
+  state.hasClickThroughPins = windows_.hasClickThroughPins();
   for (const HotKeyAction action : allHotKeyActions) {
     const auto binding = services_.hotKeySettings.binding(action);
     if (binding && availableCommands().contains(commandOf(action))) state.shortcuts[commandOf(action)] = *binding;
@@ -352,14 +385,24 @@ void AppDelegate::openLoaded(const PictureLoading::Outcome& outcome) {
       {picture, std::make_shared<SharedPng>(picture.image, picture.scale), std::nullopt, services_.runLoop.now()});
 }
 
+void AppDelegate::recordingChanged() {
+  if (trayIcon_) trayIcon_->setRecording(recordings_.state() == RecordingHost::State::recording);
+  if (launcher_) launcher_->refresh();
+}
+
+void AppDelegate::openRecentRecording(int index) {
+  const auto bundles = listRecordings(recordings_.projectsFolder());
+  if (index >= 0 && static_cast<std::size_t>(index) < bundles.size()) recordings_.open(bundles[index].path);
+}
+
 void AppDelegate::openRecordingsFolder() {
-  const QString folder = recordingProjectsDirectory(services_.fileNames.movies());
+  const QString folder = recordings_.projectsFolder();
   QDir().mkpath(folder);
   services_.urlOpener.openFile(folder);
 }
 
 void AppDelegate::cleanUpRecordings() {
-  const auto bundles = listRecordings(recordingProjectsDirectory(services_.fileNames.movies()));
+  const auto bundles = listRecordings(recordings_.projectsFolder());
   if (bundles.empty()) return;
   qint64 bytes = 0;
   for (const RecordingBundle& bundle : bundles) bytes += totalSize(bundle.path);

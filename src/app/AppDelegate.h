@@ -13,6 +13,7 @@
 #include "app/HotKeyCenter.h"
 #include "app/InstanceCommands.h"
 #include "app/PictureLoading.h"
+#include "app/RecordingHost.h"
 #include "app/StatusMenuModel.h"
 #include "app/Translations.h"
 #include "capture/CaptureCommands.h"
@@ -73,6 +74,9 @@ class AppDelegate {
   void loadFromClipboard();
   void loadFromFile();
   void openLoaded(const PictureLoading::Outcome& outcome);
+  /// A recording began, paused or ended: the tray and the menus tell.
+  void recordingChanged();
+  void openRecentRecording(int index);
   void openRecordingsFolder();
   void cleanUpRecordings();
 
@@ -95,6 +99,7 @@ class AppDelegate {
   CompressorHost compressor_;
   DocumentWindows windows_;
   CaptureCompletion completion_;
+  RecordingHost recordings_;
   HotKeyCenter hotKeyCenter_;
   InstanceCommands instanceCommands_;
   InstanceServer instanceServer_;

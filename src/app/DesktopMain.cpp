@@ -7,8 +7,8 @@
 #include <QApplication>
 
 #include "app/AppDelegate.h"
-#include "app/TerminationSignals.h"
 #include "base/Log.h"
+#include "base/TerminationSignals.h"
 #include "editor/painting/Fonts.h"
 #include "kit/Icons.h"
 #include "kit/Theme.h"

@@ -6,16 +6,15 @@
 #include <QDirIterator>
 #include <QFileInfo>
 
-namespace vellora {
+#include "record_editor/RecordingFiles.h"
+#include "recording/RecordingMarker.h"
 
-QString recordingProjectsDirectory(const QString& movies) {
-  return movies + QStringLiteral("/Vellora/Projects");
-}
+namespace vellora {
 
 std::vector<RecordingBundle> listRecordings(const QString& directory) {
   std::vector<RecordingBundle> bundles;
   for (const QFileInfo& entry : QDir(directory).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-    if (entry.suffix() != u"vellorav") continue;
+    if (entry.suffix() != RecordingFiles::projectExtension || RecordingMarker::isPresent(entry.filePath())) continue;
     bundles.push_back({entry.completeBaseName(), entry.absoluteFilePath(), entry.lastModified()});
   }
   std::ranges::stable_sort(bundles, [](const RecordingBundle& a, const RecordingBundle& b) {

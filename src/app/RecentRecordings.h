@@ -14,10 +14,8 @@ struct RecordingBundle {
   QDateTime modified;  ///< invalid when unknown
 };
 
-/// "Vellora/Projects" in the user's movies folder.
-QString recordingProjectsDirectory(const QString& movies);
-
-/// The project bundles in a folder, newest first; those without a date come last.
+/// The project bundles in a folder, newest first; those without a date come last. What is still being recorded is left
+/// out.
 std::vector<RecordingBundle> listRecordings(const QString& directory);
 
 /// The size of every file below `path`, in bytes; links are not followed.

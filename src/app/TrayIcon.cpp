@@ -13,10 +13,12 @@
 namespace vellora {
 namespace {
 
+constexpr int traySides[] = {16, 22, 24, 32, 44, 48};
+
 /// A round badge with one number, for panels of any colour.
 QIcon numberIcon(int number) {
   QIcon result;
-  for (const int side : {16, 22, 24, 32, 44, 48}) {
+  for (const int side : traySides) {
     QPixmap pixmap(side, side);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
@@ -29,6 +31,27 @@ QIcon numberIcon(int number) {
     painter.setFont(font);
     painter.setPen(Theme::shared().palette().onFill);
     painter.drawText(pixmap.rect(), Qt::AlignCenter, QString::number(number));
+    result.addPixmap(pixmap);
+  }
+  return result;
+}
+
+/// The mark with a red dot in its corner.
+QIcon recordingIcon(const QIcon& mark) {
+  QIcon result;
+  for (const int side : traySides) {
+    QPixmap pixmap(side, side);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    mark.paint(&painter, pixmap.rect());
+    const QPointF center(side * 0.72, side * 0.72);
+    painter.setPen(Qt::NoPen);
+    painter.setCompositionMode(QPainter::CompositionMode_Clear);
+    painter.drawEllipse(center, side * 0.32, side * 0.32);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.setBrush(Theme::shared().palette().record);
+    painter.drawEllipse(center, side * 0.25, side * 0.25);
     result.addPixmap(pixmap);
   }
   return result;
@@ -59,7 +82,18 @@ void TrayIcon::show() {
 }
 
 void TrayIcon::setCountdown(std::optional<int> remaining) {
-  icon_.setIcon(remaining ? numberIcon(*remaining) : icon(QStringLiteral("vellora.tray")));
+  if (!remaining) return showMark();
+  icon_.setIcon(numberIcon(*remaining));
+}
+
+void TrayIcon::setRecording(bool isRecording) {
+  isRecording_ = isRecording;
+  showMark();
+}
+
+void TrayIcon::showMark() {
+  const QIcon mark = icon(QStringLiteral("vellora.tray"));
+  icon_.setIcon(isRecording_ ? recordingIcon(mark) : mark);
 }
 
 }  // namespace vellora

@@ -18,8 +18,13 @@ class TrayIcon final {
   void setToolTip(const QString& text) { icon_.setToolTip(text); }
   /// Shows the seconds a countdown has left in place of the mark; nothing brings the mark back.
   void setCountdown(std::optional<int> remaining);
+  /// Marks the icon while something is recorded.
+  void setRecording(bool isRecording);
 
  private:
+  void showMark();
+
+  bool isRecording_ = false;
   QSystemTrayIcon icon_;
 };
 

@@ -44,7 +44,9 @@ std::optional<CaptureCompletion::Override> overrideOf(const CaptureRequest& requ
 struct CaptureCommands::Run {
   CaptureRequest request;
   Completion done;
-  Receiver receive;  ///< gets the picture instead of the after-capture actions
+  /// Gets the picture, none when there is none, instead of the after-capture actions.
+  std::function<void(const CapturedImage*, const CaptureOrigin&)> receive{};
+  SelectionSession::Purpose purpose = SelectionSession::Purpose::ImageCapture;
 };
 
 CaptureCommands::CaptureCommands(OverlayServices services, AccessGate& gate, CountdownView countdownView)
@@ -64,11 +66,31 @@ void CaptureCommands::captureFullscreenDelayed() {
 }
 
 void CaptureCommands::captureAreaFor(Receiver receive) {
-  begin(std::make_shared<Run>(Run{{.kind = Kind::Area}, {}, std::move(receive)}));
+  begin(std::make_shared<Run>(
+      Run{{.kind = Kind::Area}, {}, [receive = std::move(receive)](const CapturedImage* image, const CaptureOrigin&) {
+            receive(image != nullptr ? std::optional(*image) : std::nullopt);
+          }}));
+}
+
+void CaptureCommands::chooseRegionToRecord(OriginReceiver receive) {
+  choose({.kind = Kind::Area}, std::move(receive));
+}
+void CaptureCommands::chooseWindowToRecord(OriginReceiver receive) {
+  choose({.kind = Kind::Window}, std::move(receive));
+}
+
+void CaptureCommands::choose(const CaptureRequest& request, OriginReceiver receive) {
+  begin(std::make_shared<Run>(
+      Run{request,
+          {},
+          [receive = std::move(receive)](const CapturedImage* image, const CaptureOrigin& origin) {
+            receive(image != nullptr ? std::optional(origin) : std::nullopt);
+          },
+          SelectionSession::Purpose::RegionRecording}));
 }
 
 void CaptureCommands::start(const CaptureRequest& request, Completion done) {
-  begin(std::make_shared<Run>(Run{request, std::move(done), {}}));
+  begin(std::make_shared<Run>(Run{request, std::move(done)}));
 }
 
 void CaptureCommands::begin(const std::shared_ptr<Run>& run) {
@@ -115,8 +137,7 @@ void CaptureCommands::select(const std::shared_ptr<Run>& run) {
   if (run->request.kind == Kind::Window) {
     session_ = std::make_unique<WindowPickerSession>(services_, std::move(completion));
   } else {
-    session_ =
-        std::make_unique<SelectionSession>(SelectionSession::Purpose::ImageCapture, services_, std::move(completion));
+    session_ = std::make_unique<SelectionSession>(run->purpose, services_, std::move(completion));
   }
   session_->begin();
 }
@@ -140,7 +161,7 @@ void CaptureCommands::captureNamed(const std::shared_ptr<Run>& run) {
 void CaptureCommands::complete(const std::shared_ptr<Run>& run, const CapturedImage& image,
                                const CaptureOrigin& origin) {
   if (active_ == run) active_.reset();
-  if (const auto receive = std::exchange(run->receive, nullptr)) return receive(image);
+  if (const auto receive = std::exchange(run->receive, nullptr)) return receive(&image, origin);
   CaptureResult result;
   result.size = image.image.size();
   result.scale = image.scale;
@@ -164,7 +185,7 @@ void CaptureCommands::fail(const std::shared_ptr<Run>& run, CaptureError error) 
 }
 
 void CaptureCommands::finish(const std::shared_ptr<Run>& run, const CaptureResult& result) {
-  if (const auto receive = std::exchange(run->receive, nullptr)) receive(std::nullopt);
+  if (const auto receive = std::exchange(run->receive, nullptr)) receive(nullptr, {});
   if (const auto done = std::exchange(run->done, nullptr)) done(result);
 }
 

@@ -44,6 +44,12 @@ class CaptureCommands {
   using Receiver = std::function<void(std::optional<CapturedImage>)>;
   void captureAreaFor(Receiver receive);
 
+  /// Lets the person choose what to record: an area, or a window. `receive` comes exactly once, with nothing under the
+  /// same circumstances.
+  using OriginReceiver = std::function<void(std::optional<CaptureOrigin>)>;
+  void chooseRegionToRecord(OriginReceiver receive);
+  void chooseWindowToRecord(OriginReceiver receive);
+
   /// Carries out a request; `done` comes exactly once, with Busy from inside the call.
   void start(const CaptureRequest& request, Completion done);
 
@@ -55,6 +61,7 @@ class CaptureCommands {
  private:
   struct Run;
 
+  void choose(const CaptureRequest& request, OriginReceiver receive);
   void begin(const std::shared_ptr<Run>& run);
   void proceed(const std::shared_ptr<Run>& run);
   void select(const std::shared_ptr<Run>& run);

@@ -9,6 +9,7 @@ namespace vellora {
 struct CaptureOrigin {
   PixelRect rect;         ///< in device pixels of the desktop
   DisplayId display = 0;  ///< the display that held it
+  WindowId window = 0;    ///< of a picked window; 0 for none
   friend bool operator==(const CaptureOrigin&, const CaptureOrigin&) = default;
 };
 

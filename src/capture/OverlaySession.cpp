@@ -99,7 +99,7 @@ void OverlaySession::waitForRepaint() {
   state_ = State::Waiting;
   services_.presenter.hide();
   const DisplayInfo display = chosenDisplay();
-  origin_ = {chosenRect(), display.id};
+  origin_ = {chosenRect(), display.id, chosenWindow()};
   wait_ = services_.runLoop.after(repaintWait(display.refreshRate), [this] { takePicture(); });
   // The overlays' pixels go while there is time, once the event that ended the selection has returned: the picture then
   // finds memory that is warm, and a display server that is idle.

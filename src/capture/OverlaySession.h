@@ -55,6 +55,7 @@ class OverlaySession : private OverlayInput {
   /// What the finished model chose: the display it is on and the rectangle.
   virtual DisplayInfo chosenDisplay() const = 0;
   virtual PixelRect chosenRect() const = 0;
+  virtual WindowId chosenWindow() const { return 0; }
   /// Takes the picture of what was chosen; `display` as it is now, nothing when it is gone.
   virtual void capture(std::optional<DisplayInfo> display, CaptureEngine::Callback<CaptureEngine::Image> done) = 0;
 

@@ -14,6 +14,7 @@ class WindowPickerSession final : public OverlaySession {
   std::unique_ptr<OverlayModel> makeModel(ShareableContent content, PixelPoint pointer, KeyModifiers held) override;
   DisplayInfo chosenDisplay() const override { return model_->display().value_or(DisplayInfo{}); }
   PixelRect chosenRect() const override { return model_->window()->frame; }
+  WindowId chosenWindow() const override { return model_->window()->id; }
   void capture(std::optional<DisplayInfo> display, CaptureEngine::Callback<CaptureEngine::Image> done) override;
 
  private:

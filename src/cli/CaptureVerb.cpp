@@ -1,7 +1,5 @@
 #include <unistd.h>
 
-#include <cmath>
-
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -14,6 +12,7 @@
 #include "capture/CaptureResult.h"
 #include "cli/DesktopProgram.h"
 #include "cli/Terminal.h"
+#include "cli/Values.h"
 #include "cli/Verbs.h"
 #include "platform/linux/desktop/DesktopPasteboard.h"
 #include "platform/linux/desktop/InstanceClient.h"
@@ -24,28 +23,6 @@
 
 namespace vellora::cli {
 namespace {
-
-std::optional<std::int64_t> parseInteger(const std::string& text) {
-  bool ok = false;
-  const qint64 value = QString::fromStdString(text).trimmed().toLongLong(&ok, 0);
-  if (!ok) return std::nullopt;
-  return value;
-}
-
-std::optional<PixelRect> parseRegion(const std::string& text) {
-  const QStringList parts = QString::fromStdString(text).split(u',');
-  if (parts.size() != 4) return std::nullopt;
-  constexpr std::int64_t limit = 1 << 20;
-  int numbers[4];
-  for (qsizetype i = 0; i < 4; ++i) {
-    const auto number = parseInteger(parts[i].toStdString());
-    if (!number || std::abs(*number) > limit) return std::nullopt;
-    numbers[i] = static_cast<int>(*number);
-  }
-  const PixelRect rect{numbers[0], numbers[1], numbers[2], numbers[3]};
-  if (rect.isEmpty()) return std::nullopt;
-  return rect;
-}
 
 std::nullopt_t refuse(const QString& message) {
   printError(message);
@@ -63,10 +40,8 @@ std::optional<CaptureRequest> makeRequest(const Invocation& invocation, QString&
     if (!request.region) return refuse(QStringLiteral("--region takes X,Y,W,H in device pixels, W and H above 0"));
   }
   if (const auto window = invocation.value("--window")) {
-    const auto id = parseInteger(*window);
-    if (!id || *id < 0 || *id > UINT32_MAX)
-      return refuse(QStringLiteral("--window takes an id as 'vellora windows' lists it"));
-    request.window = static_cast<WindowId>(*id);
+    request.window = parseWindow(*window);
+    if (!request.window) return refuse(QStringLiteral("--window takes an id as 'vellora windows' lists it"));
   }
   if (const auto display = invocation.value("--display")) {
     const auto id = parseInteger(*display);

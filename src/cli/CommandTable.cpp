@@ -137,6 +137,28 @@ VerbDescription publishVerb() {
   return verb;
 }
 
+VerbDescription recordVerb() {
+  VerbDescription verb;
+  verb.name = "record";
+  verb.summary = "record the screen into a project";
+  verb.description =
+      "Records until Ctrl-C, the end of --duration, or the end of what is recorded, then prints the project's folder. "
+      "What was recorded survives a kill at any moment: the next start of Vellora makes a whole project of it. Devices "
+      "are named as 'vellora devices' lists them; \"default\" takes the first one.";
+  verb.options = {
+      {"--region", "X,Y,W,H", "this part of the desktop, in device pixels"},
+      {"--window", "ID", "this window, wherever it moves and whatever covers it"},
+      {"--fullscreen", "", "a whole display"},
+      {"--display", "NAME", "with --fullscreen: which one, by name or number"},
+      {"--microphone", "ID", "with sound from this microphone"},
+      {"--system-sound", "", "with the sound that the speakers play"},
+      {"--camera", "ID", "with this camera, as a movie of its own"},
+      {"--keystrokes", "", "with the keys that are pressed; never those typed into fields for passwords"},
+      {"--duration", "S", "end after so many seconds"},
+  };
+  return verb;
+}
+
 VerbDescription historyVerb() {
   VerbDescription verb;
   verb.name = "history";
@@ -176,6 +198,7 @@ const std::vector<VerbDescription>& commandTable() {
       renderVerb(),
       annotateVerb(),
       compressVerb(),
+      recordVerb(),
       publishVerb(),
       settingsVerb(),
       {"completion",

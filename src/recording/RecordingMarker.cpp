@@ -18,6 +18,10 @@ QString markerPath(const QString& bundle) {
 
 }  // namespace
 
+bool RecordingMarker::isPresent(const QString& bundle) {
+  return QFile::exists(markerPath(bundle));
+}
+
 Result<RecordingMarker, FileError> RecordingMarker::place(const QString& bundle) {
   const QString path = markerPath(bundle);
   const int fd = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0666);

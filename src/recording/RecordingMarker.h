@@ -15,6 +15,8 @@ namespace vellora {
 /// says that the recording is whole. Any thread.
 class RecordingMarker {
  public:
+  /// Whether a bundle is being recorded into, or was when its program was killed.
+  static bool isPresent(const QString& bundle);
   static Result<RecordingMarker, FileError> place(const QString& bundle);
   /// Takes over the marker of a bundle whose program is gone; nothing when there is none, or it lives.
   static std::unique_ptr<RecordingMarker> takeAbandoned(const QString& bundle);

@@ -250,7 +250,7 @@ TEST_F(OverlaySessionTest, PicksAWindow) {
   ASSERT_TRUE(picture);
   EXPECT_EQ(picture->image.size(), (PixelSize{100, 80}));
   EXPECT_EQ(picture->scale, 2);
-  EXPECT_EQ(origin, (CaptureOrigin{{450, 50, 100, 80}, 2}));
+  EXPECT_EQ(origin, (CaptureOrigin{{450, 50, 100, 80}, 2, 7}));
 
   completions = 0;
   startPicker();
