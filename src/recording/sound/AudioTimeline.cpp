@@ -131,12 +131,16 @@ void AudioTimeline::fillTo(Frame end, bool isMissing) {
 }
 
 void AudioTimeline::pause(double hostTime) {
-  if (!hasBegun_ || !std::isfinite(hostTime)) return;
-  pauses_.push_back({frameAt(hostTime), std::numeric_limits<Frame>::max()});
+  constexpr Frame open = std::numeric_limits<Frame>::max();
+  const bool isPaused = !pauses_.empty() && pauses_.back().to == open;
+  if (!hasBegun_ || isPaused || !std::isfinite(hostTime)) return;
+  const Frame from = frameAt(hostTime);
+  const Frame reached = std::max(cutAt_, pauses_.empty() ? cutAt_ : pauses_.back().to);
+  pauses_.push_back({from, open, std::max<Frame>(0, reached - from)});
 }
 
 void AudioTimeline::resume(double hostTime) {
-  if (!pauses_.empty() && std::isfinite(hostTime)) pauses_.back().to = frameAt(hostTime);
+  if (!pauses_.empty() && std::isfinite(hostTime)) pauses_.back().to = frameAt(hostTime) + pauses_.back().tooMany;
 }
 
 void AudioTimeline::finish(double hostTime) {

@@ -44,7 +44,8 @@ class AudioTimeline {
   /// Tells the time. Sound that is a second late is given up for silence. A few times a second.
   void advance(double hostTime);
 
-  /// What is heard between pause() and resume() is taken out, whenever its samples come. Host times that grow.
+  /// What is heard between pause() and resume() is taken out, whenever its samples come. Host times that grow. What was
+  /// put out before pause() told of it is made up for at the end of the pause.
   void pause(double hostTime);
   void resume(double hostTime);
 
@@ -61,6 +62,7 @@ class AudioTimeline {
   struct Pause {
     Frame from;
     Frame to;
+    Frame tooMany;  // put out before the pause was known: `to` is later by them
   };
 
   Frame frameAt(double hostTime) const;
