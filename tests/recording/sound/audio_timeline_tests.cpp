@@ -200,6 +200,25 @@ TEST(AudioTimelineTest, PausesAreCutOutWhenTheirSoundComesLate) {
   EXPECT_EQ(recording.timeline.report().gaps, 0U) << "what is still under way at the end is not missing";
 }
 
+TEST(AudioTimelineTest, APauseToldLateCostsNoStep) {
+  Recording recording;
+  Microphone microphone;
+  const double begin = microphone.now();
+  recording.timeline.begin(begin);
+  for (int i = 0; i < 20; ++i) {
+    // 40 ms too late, and the next one before what came too much is made up for.
+    microphone.recordUntil(recording.timeline, begin + i + 0.5);
+    recording.timeline.pause(begin + i + 0.46);
+    recording.timeline.resume(begin + i + 0.48);
+    recording.timeline.pause(begin + i + 0.49);
+    microphone.recordUntil(recording.timeline, begin + i + 0.7);
+    recording.timeline.resume(begin + i + 0.7);
+  }
+  microphone.recordUntil(recording.timeline, begin + 20.95);
+  recording.timeline.finish(begin + 21);
+  EXPECT_EQ(recording.samples.size(), static_cast<std::size_t>(std::lround((21 - 20 * 0.23) * rate)));
+}
+
 TEST(AudioTimelineTest, ASilentDeviceAndNonsenseDoNotStopIt) {
   Recording recording;
   const std::vector<float> samples(chunkFrames * 2, 0.1F);
