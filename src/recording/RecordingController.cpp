@@ -1,6 +1,7 @@
 #include "recording/RecordingController.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include <QCoreApplication>
@@ -17,6 +18,8 @@ const QString keyboardKey = QStringLiteral("record.keyboardEnabled");
 
 /// Where the level meter begins, in decibels.
 constexpr float quietest = -60;
+/// Nobody sees it change by less.
+constexpr double finestLevel = 0.01;
 
 /// 0 to 1.
 double meterLevel(SoundLevel level) {
@@ -339,23 +342,19 @@ void RecordingController::openSound(Sound which) {
     if (isCurrent()) soundOpened(which, std::move(track));
   });
   auto showLevel = lifetime_.guard([this, isCurrent](double level) {
-    if (!isCurrent() || state_ == State::idle) return;
+    if (!isCurrent() || state_ == State::idle || std::abs(level - barModel_.micLevel) < finestLevel) return;
     barModel_.micLevel = level;
     barModel_.changed();
   });
-  auto lost = lifetime_.guard([this, isCurrent] {
-    if (!isCurrent() || state_ == State::idle) return;
-    barModel_.micLevel = 0;
-    barModel_.changed();
-    presenter_.notify(RecordingNotice::micLost);
+  auto lost = lifetime_.guard([this, which, isCurrent] {
+    if (isCurrent() && state_ != State::idle) soundLost(which);
   });
-  SoundTrack::Callbacks callbacks;
   RunLoop& runLoop = services_.runLoop;
+  SoundTrack::Callbacks callbacks{.onLost = [&runLoop, lost] { runLoop.post([lost]() mutable { lost(); }); }};
   if (which == Sound::microphone) {
     callbacks.onLevel = [&runLoop, showLevel](SoundLevel level) {
       runLoop.post([showLevel, level]() mutable { showLevel(meterLevel(level)); });
     };
-    callbacks.onLost = [&runLoop, lost] { runLoop.post([lost]() mutable { lost(); }); };
   }
   queue_.async([&runLoop, &audio = devices_.audio, deviceID = *deviceID, callbacks = std::move(callbacks),
                 opened = std::move(opened)]() mutable {
@@ -373,15 +372,33 @@ void RecordingController::soundOpened(Sound which, std::shared_ptr<SoundTrack> t
     sound(which) = std::move(track);
     return;
   }
-  log::warning(QStringLiteral("mic setup failed, recording without audio: %1")
-                   .arg(which == Sound::microphone ? *barModel_.selectedMicID : AudioCapture::systemSound));
+  log::warning(QStringLiteral("mic setup failed, recording without audio: ") +
+               (which == Sound::microphone ? *barModel_.selectedMicID : AudioCapture::systemSound));
+  withoutSound(which);
+}
+
+void RecordingController::soundLost(Sound which) {
+  const bool isMicrophone = which == Sound::microphone;
+  log::warning(isMicrophone ? QStringLiteral("microphone lost") : QStringLiteral("system sound lost"));
+  if (!session_) return withoutSound(which);
+  if (!isMicrophone) return;
+  barModel_.micLevel = 0;
+  barModel_.changed();
+  presenter_.notify(RecordingNotice::micLost);
+}
+
+/// The device stays the person's choice for when it is back.
+void RecordingController::withoutSound(Sound which) {
+  ++soundRounds_[static_cast<std::size_t>(which)];
+  sound(which).reset();
   if (which == Sound::microphone) {
     barModel_.selectedMicID.reset();
+    barModel_.micLevel = 0;
   } else {
     barModel_.systemSoundEnabled = false;
   }
   barModel_.changed();
-  presenter_.notify(RecordingNotice::micUnavailable);
+  if (which == Sound::microphone) presenter_.notify(RecordingNotice::micUnavailable);
 }
 
 void RecordingController::selectCamera(const std::optional<QString>& deviceID) {
@@ -399,10 +416,16 @@ void RecordingController::selectCamera(const std::optional<QString>& deviceID) {
 
 void RecordingController::openCamera() {
   if (!barModel_.selectedCameraID) return;
-  auto lost = lifetime_.guard([this](CameraCaptureError) {
-    if (state_ == State::idle) return;
+  auto lost = lifetime_.guard([this, deviceID = *barModel_.selectedCameraID](CameraCaptureError) {
+    if (barModel_.selectedCameraID != deviceID) return;
     presenter_.hideCamera();
-    presenter_.notify(RecordingNotice::cameraLost);
+    // A recording keeps what the camera gave so far.
+    if (!session_) {
+      cameraRecorder_.reset();
+      barModel_.selectedCameraID.reset();
+      barModel_.changed();
+    }
+    if (state_ != State::idle) presenter_.notify(RecordingNotice::cameraLost);
   });
   cameraRecorder_ = std::make_unique<CameraRecorder>(
       services_.runLoop,

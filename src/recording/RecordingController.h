@@ -78,6 +78,8 @@ class RecordingController {
   void selectSystemSound(bool isOn);
   void openSound(Sound which);
   void soundOpened(Sound which, std::shared_ptr<SoundTrack> track);
+  void soundLost(Sound which);
+  void withoutSound(Sound which);
   std::shared_ptr<SoundTrack>& sound(Sound which) { return which == Sound::microphone ? microphone_ : systemSound_; }
   /// Asks for the devices there are.
   void listDevices();

@@ -244,6 +244,30 @@ TEST_F(RecordingControllerTest, writesTheCameraOnTheSameAxis) {
   EXPECT_EQ(camera->end, 1);
   EXPECT_FALSE(cameras_.isOpen);
 
+  // One that is unplugged leaves what it gave so far, and the recording goes on.
+  opened_.reset();
+  controller_->prewarmCamera();
+  cameras_.frame(loop_.hostTime());
+  EXPECT_FALSE(windows_.hasCamera);
+  controller_->begin(display_);
+  EXPECT_TRUE(windows_.hasCamera) << "opened beforehand";
+  startRecording();
+  cameras_.unplug();
+  loop_.advance(2);
+  EXPECT_FALSE(windows_.hasCamera);
+  EXPECT_EQ(windows_.notices, std::vector{RecordingNotice::cameraLost});
+  EXPECT_EQ(controller_->state(), State::recording);
+  stopRecording();
+  ASSERT_TRUE(opened_);
+  EXPECT_EQ(movies_.movies[opened_->file(QStringLiteral("screen.mov"))]->end, 2);
+  EXPECT_TRUE(movies_.movies.contains(opened_->file(QStringLiteral("camera.mov"))));
+  controller_->begin(display_);
+  cameras_.unplug();
+  loop_.runPosted();
+  EXPECT_FALSE(windows_.bar->selectedCameraID);
+  EXPECT_FALSE(cameras_.isOpen);
+  controller_->stop();
+
   // Another camera chosen in the bar is remembered, and off is too.
   controller_->begin(display_);
   windows_.bar->onSelectCamera(std::nullopt);
@@ -287,6 +311,18 @@ TEST_F(RecordingControllerTest, writesSoundFromTheFirstFrameOnWithoutPauses) {
   EXPECT_NEAR(static_cast<double>(movie->soundSamples[0]), 3 * 48000, 48) << "with silence in place of what was lost";
   EXPECT_NEAR(static_cast<double>(movie->soundSamples[1]), 3 * 2 * 48000, 96) << "all of it silence";
   EXPECT_FALSE(sound_.isOpen(mic));
+
+  // One that goes before the recording is no part of it, and is taken again when it comes back.
+  controller_->begin(display_);
+  ASSERT_TRUE(loop_.runUntil([&] { return sound_.isOpen(mic); }));
+  loop_.runPosted();
+  sound_.unplug(mic);
+  ASSERT_TRUE(loop_.runUntil([&] { return !windows_.bar->selectedMicID && !sound_.isOpen(mic); }));
+  EXPECT_EQ(windows_.notices.back(), RecordingNotice::micUnavailable);
+  sound_.setDevices({{mic, QStringLiteral("Microphone")}});
+  ASSERT_TRUE(loop_.runUntil([&] { return windows_.bar->selectedMicID == mic && sound_.isOpen(mic); }));
+  controller_->stop();
+  EXPECT_FALSE(sound_.isWatched());
 
   // A microphone that is not there is not forgotten, and the recording goes on without it.
   sound_.setRefusal(AudioCaptureError::failed);
