@@ -2170,5 +2170,28 @@
         <source>%1 px · %2 pt</source>
         <translation>%1 px · %2 pt</translation>
     </message>
+    <message id="toast.recordingsRecovered" numerus="yes">
+        <source>%n interrupted recording(s) saved: look under Recent Recordings</source>
+        <translation>
+            <numerusform>%n unterbrochene Aufzeichnung gesichert, zu finden unter „Letzte Aufzeichnungen“</numerusform>
+            <numerusform>%n unterbrochene Aufzeichnungen gesichert, zu finden unter „Letzte Aufzeichnungen“</numerusform>
+        </translation>
+    </message>
+    <message id="toast.recordingNotOpened">
+        <source>This recording cannot be opened: it has no movie</source>
+        <translation>Diese Aufzeichnung lässt sich nicht öffnen: Sie enthält keinen Film</translation>
+    </message>
+    <message id="record.source.region">
+        <source>Region</source>
+        <translation>Bereich</translation>
+    </message>
+    <message id="record.source.window">
+        <source>Window</source>
+        <translation>Fenster</translation>
+    </message>
+    <message id="record.source.fullscreen">
+        <source>Full screen</source>
+        <translation>Ganzer Bildschirm</translation>
+    </message>
 </context>
 </TS>

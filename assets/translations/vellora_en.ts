@@ -2168,5 +2168,28 @@
             <source>%1 px · %2 pt</source>
             <translation>%1 px · %2 pt</translation>
         </message>
+        <message id="toast.recordingsRecovered" numerus="yes">
+            <source>%n interrupted recording(s) saved: look under Recent Recordings</source>
+            <translation>
+                <numerusform>%n interrupted recording saved: look under Recent Recordings</numerusform>
+                <numerusform>%n interrupted recordings saved: look under Recent Recordings</numerusform>
+            </translation>
+        </message>
+        <message id="toast.recordingNotOpened">
+            <source>This recording cannot be opened: it has no movie</source>
+            <translation>This recording cannot be opened: it has no movie</translation>
+        </message>
+        <message id="record.source.region">
+            <source>Region</source>
+            <translation>Region</translation>
+        </message>
+        <message id="record.source.window">
+            <source>Window</source>
+            <translation>Window</translation>
+        </message>
+        <message id="record.source.fullscreen">
+            <source>Full screen</source>
+            <translation>Full screen</translation>
+        </message>
     </context>
 </TS>

@@ -2170,5 +2170,28 @@
         <source>%1 px · %2 pt</source>
         <translation>%1 px · %2 pt</translation>
     </message>
+    <message id="toast.recordingsRecovered" numerus="yes">
+        <source>%n interrupted recording(s) saved: look under Recent Recordings</source>
+        <translation>
+            <numerusform>Se guardó %n grabación interrumpida: está en las grabaciones recientes</numerusform>
+            <numerusform>Se guardaron %n grabaciones interrumpidas: están en las grabaciones recientes</numerusform>
+        </translation>
+    </message>
+    <message id="toast.recordingNotOpened">
+        <source>This recording cannot be opened: it has no movie</source>
+        <translation>No se puede abrir esta grabación: no contiene ningún vídeo</translation>
+    </message>
+    <message id="record.source.region">
+        <source>Region</source>
+        <translation>Área</translation>
+    </message>
+    <message id="record.source.window">
+        <source>Window</source>
+        <translation>Ventana</translation>
+    </message>
+    <message id="record.source.fullscreen">
+        <source>Full screen</source>
+        <translation>Pantalla completa</translation>
+    </message>
 </context>
 </TS>

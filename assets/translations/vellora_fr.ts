@@ -2170,5 +2170,28 @@
         <source>%1 px · %2 pt</source>
         <translation>%1 px · %2 pt</translation>
     </message>
+    <message id="toast.recordingsRecovered" numerus="yes">
+        <source>%n interrupted recording(s) saved: look under Recent Recordings</source>
+        <translation>
+            <numerusform>%n enregistrement interrompu a été sauvé : il se trouve dans les enregistrements récents</numerusform>
+            <numerusform>%n enregistrements interrompus ont été sauvés : ils se trouvent dans les enregistrements récents</numerusform>
+        </translation>
+    </message>
+    <message id="toast.recordingNotOpened">
+        <source>This recording cannot be opened: it has no movie</source>
+        <translation>Impossible d’ouvrir cet enregistrement : il ne contient pas de vidéo</translation>
+    </message>
+    <message id="record.source.region">
+        <source>Region</source>
+        <translation>Zone</translation>
+    </message>
+    <message id="record.source.window">
+        <source>Window</source>
+        <translation>Fenêtre</translation>
+    </message>
+    <message id="record.source.fullscreen">
+        <source>Full screen</source>
+        <translation>Plein écran</translation>
+    </message>
 </context>
 </TS>

@@ -2159,5 +2159,27 @@
         <source>%1 px · %2 pt</source>
         <translation>%1 px · %2 pt</translation>
     </message>
+    <message id="toast.recordingsRecovered" numerus="yes">
+        <source>%n interrupted recording(s) saved: look under Recent Recordings</source>
+        <translation>
+            <numerusform>中断された録画 %n 件を保存しました。「最近の録画」にあります</numerusform>
+        </translation>
+    </message>
+    <message id="toast.recordingNotOpened">
+        <source>This recording cannot be opened: it has no movie</source>
+        <translation>この録画は開けません。動画が含まれていません</translation>
+    </message>
+    <message id="record.source.region">
+        <source>Region</source>
+        <translation>範囲</translation>
+    </message>
+    <message id="record.source.window">
+        <source>Window</source>
+        <translation>ウインドウ</translation>
+    </message>
+    <message id="record.source.fullscreen">
+        <source>Full screen</source>
+        <translation>全画面</translation>
+    </message>
 </context>
 </TS>

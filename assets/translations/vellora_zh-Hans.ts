@@ -2159,5 +2159,27 @@
         <source>%1 px · %2 pt</source>
         <translation>%1 px · %2 pt</translation>
     </message>
+    <message id="toast.recordingsRecovered" numerus="yes">
+        <source>%n interrupted recording(s) saved: look under Recent Recordings</source>
+        <translation>
+            <numerusform>%n 个中断的录屏已保存，可在“最近的录屏”中找到</numerusform>
+        </translation>
+    </message>
+    <message id="toast.recordingNotOpened">
+        <source>This recording cannot be opened: it has no movie</source>
+        <translation>无法打开此录屏：其中没有视频</translation>
+    </message>
+    <message id="record.source.region">
+        <source>Region</source>
+        <translation>区域</translation>
+    </message>
+    <message id="record.source.window">
+        <source>Window</source>
+        <translation>窗口</translation>
+    </message>
+    <message id="record.source.fullscreen">
+        <source>Full screen</source>
+        <translation>全屏</translation>
+    </message>
 </context>
 </TS>

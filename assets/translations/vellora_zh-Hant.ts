@@ -2159,5 +2159,27 @@
         <source>%1 px · %2 pt</source>
         <translation>%1 px · %2 pt</translation>
     </message>
+    <message id="toast.recordingsRecovered" numerus="yes">
+        <source>%n interrupted recording(s) saved: look under Recent Recordings</source>
+        <translation>
+            <numerusform>%n 個中斷的錄影已儲存，可在「最近的錄影」中找到</numerusform>
+        </translation>
+    </message>
+    <message id="toast.recordingNotOpened">
+        <source>This recording cannot be opened: it has no movie</source>
+        <translation>無法開啟此錄影：其中沒有影片</translation>
+    </message>
+    <message id="record.source.region">
+        <source>Region</source>
+        <translation>區域</translation>
+    </message>
+    <message id="record.source.window">
+        <source>Window</source>
+        <translation>視窗</translation>
+    </message>
+    <message id="record.source.fullscreen">
+        <source>Full screen</source>
+        <translation>全螢幕</translation>
+    </message>
 </context>
 </TS>

@@ -130,7 +130,7 @@ void RecordingHost::recordFullscreen() {
 
 void RecordingHost::recoverAbandoned() {
   auto tell = lifetime_.guard([this](int count) {
-    //% "%n recording(s) that were interrupted are saved: they are under Recent Recordings"
+    //% "%n interrupted recording(s) saved: look under Recent Recordings"
     actions_.tell("record.circle", qtTrId("toast.recordingsRecovered", count), false);
     actions_.changed();
   });

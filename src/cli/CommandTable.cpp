@@ -198,6 +198,9 @@ const std::vector<VerbDescription>& commandTable() {
       renderVerb(),
       annotateVerb(),
       compressVerb(),
+      {"devices", "list the microphones and cameras",
+       "One a line: what it is, the name options take, and the name people know. The first microphone is the default "
+       "one."},
       recordVerb(),
       publishVerb(),
       settingsVerb(),

@@ -36,6 +36,7 @@ const std::map<std::string, std::function<int(const Invocation&)>>& handlers() {
       {"edit", edit},
       {"render", render},
       {"annotate", annotate},
+      {"devices", listDevices},
       {"record", record},
       {"publish", publish},
       {"compress", compress},

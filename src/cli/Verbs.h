@@ -16,6 +16,7 @@ int clearHistory(const Invocation& invocation);
 int edit(const Invocation& invocation);
 int render(const Invocation& invocation);
 int annotate(const Invocation& invocation);
+int listDevices(const Invocation& invocation);
 int record(const Invocation& invocation);
 int publish(const Invocation& invocation);
 int compress(const Invocation& invocation);
