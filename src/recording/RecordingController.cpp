@@ -292,7 +292,7 @@ void RecordingController::listDevices() {
         barModel_.cameraDevices = std::move(cameras);
         // A device that has come back is taken again.
         const QString stored = preferences_.value(microphoneKey).toString();
-        if (state_ == State::preparing && !microphone_ && contains(barModel_.micDevices, stored)) {
+        if (state_ == State::preparing && !barModel_.selectedMicID && contains(barModel_.micDevices, stored)) {
           barModel_.selectedMicID = stored;
           openSound(Sound::microphone);
         }

@@ -120,7 +120,7 @@ void ScreenRecorder::setPointerTrack(std::unique_ptr<PointerTrackWriter> pointer
 
 void ScreenRecorder::pause() {
   const double now = runLoop_.hostTime();
-  // Not on the queue: sound must not run ahead of it.
+  // At once: by the time the queue comes to it, there may be sound from beyond.
   for (const auto& sound : sounds_) sound->pause(now);
   outputQueue_.async([this, now] {
     State& state = *state_;

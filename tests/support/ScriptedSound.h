@@ -27,8 +27,9 @@ class ScriptedSound final : public AudioCapture {
     const bool isKnown = deviceID == systemSound ||
                          std::ranges::find(devices_, deviceID, &CaptureDeviceInfo::uniqueID) != devices_.end();
     if (!isKnown || refusal_) return failure(refusal_.value_or(AudioCaptureError::deviceNotFound));
-    open_[deviceID] = std::make_shared<Open>(Open{channels, std::move(callbacks)});
-    return std::make_unique<Stream>(*this, deviceID);
+    const auto open = std::make_shared<Open>(Open{channels, std::move(callbacks)});
+    open_[deviceID] = open;
+    return std::make_unique<Stream>(*this, open);
   }
 
   void setDevices(std::vector<CaptureDeviceInfo> devices) {
@@ -68,15 +69,15 @@ class ScriptedSound final : public AudioCapture {
   };
   class Stream final : public AudioStream {
    public:
-    Stream(ScriptedSound& sound, QString deviceID) : sound_(sound), deviceID_(std::move(deviceID)) {}
+    Stream(ScriptedSound& sound, std::shared_ptr<Open> open) : sound_(sound), open_(std::move(open)) {}
     ~Stream() override {
       const std::lock_guard lock(sound_.mutex_);
-      sound_.open_.erase(deviceID_);
+      std::erase_if(sound_.open_, [this](const auto& each) { return each.second == open_; });
     }
 
    private:
     ScriptedSound& sound_;
-    const QString deviceID_;
+    const std::shared_ptr<Open> open_;
   };
 
   std::shared_ptr<Open> find(const QString& deviceID) {

@@ -41,6 +41,11 @@ void AudioTimeline::begin(double hostTime) {
   if (!epoch_) epoch_ = hostTime;
   hasBegun_ = true;
   firstFrame_ = frameAt(hostTime);
+  for (std::size_t i = 0; i < earlyBoundaries_.size(); i += 2) {
+    const bool isOver = i + 1 < earlyBoundaries_.size();
+    pauses_.push_back({frameAt(earlyBoundaries_[i]),
+                       isOver ? frameAt(earlyBoundaries_[i + 1]) : std::numeric_limits<Frame>::max(), 0});
+  }
   cutAt_ = earlyStart_;
   if (cutAt_ > firstFrame_) {
     // The device started later than the recording.
@@ -131,16 +136,19 @@ void AudioTimeline::fillTo(Frame end, bool isMissing) {
 }
 
 void AudioTimeline::pause(double hostTime) {
-  constexpr Frame open = std::numeric_limits<Frame>::max();
-  const bool isPaused = !pauses_.empty() && pauses_.back().to == open;
-  if (!hasBegun_ || isPaused || !std::isfinite(hostTime)) return;
+  if (isPaused_ || !std::isfinite(hostTime)) return;
+  isPaused_ = true;
+  if (!hasBegun_) return earlyBoundaries_.push_back(hostTime);
   const Frame from = frameAt(hostTime);
   const Frame reached = std::max(cutAt_, pauses_.empty() ? cutAt_ : pauses_.back().to);
-  pauses_.push_back({from, open, std::max<Frame>(0, reached - from)});
+  pauses_.push_back({from, std::numeric_limits<Frame>::max(), std::max<Frame>(0, reached - from)});
 }
 
 void AudioTimeline::resume(double hostTime) {
-  if (!pauses_.empty() && std::isfinite(hostTime)) pauses_.back().to = frameAt(hostTime) + pauses_.back().tooMany;
+  if (!isPaused_ || !std::isfinite(hostTime)) return;
+  isPaused_ = false;
+  if (!hasBegun_) return earlyBoundaries_.push_back(hostTime);
+  pauses_.back().to = frameAt(hostTime) + pauses_.back().tooMany;
 }
 
 void AudioTimeline::finish(double hostTime) {

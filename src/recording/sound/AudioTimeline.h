@@ -98,7 +98,9 @@ class AudioTimeline {
 
   std::vector<float> early_;  // before begin()
   Frame earlyStart_ = 0;
+  std::vector<double> earlyBoundaries_;  // of pauses before begin(), in host time
   bool hasBegun_ = false;
+  bool isPaused_ = false;
   Frame cutAt_ = 0;  // the next frame that cut() gets
   Frame firstFrame_ = 0;
   std::optional<Frame> end_;

@@ -219,6 +219,23 @@ TEST(AudioTimelineTest, APauseToldLateCostsNoStep) {
   EXPECT_EQ(recording.samples.size(), static_cast<std::size_t>(std::lround((21 - 20 * 0.23) * rate)));
 }
 
+TEST(AudioTimelineTest, APauseMayBeToldBeforeTheBegin) {
+  for (const bool isOver : {true, false}) {
+    Recording recording;
+    Microphone microphone;
+    const double begin = microphone.now() + 0.2;
+    microphone.recordUntil(recording.timeline, begin + 0.5);
+    recording.timeline.pause(begin + 0.5);
+    if (isOver) recording.timeline.resume(begin + 0.6);
+    microphone.recordUntil(recording.timeline, begin + 0.7);
+    recording.timeline.begin(begin);
+    if (!isOver) recording.timeline.resume(begin + 0.8);
+    microphone.recordUntil(recording.timeline, begin + 0.95);
+    recording.timeline.finish(begin + 1);
+    EXPECT_EQ(recording.samples.size(), static_cast<std::size_t>(std::lround((isOver ? 0.9 : 0.7) * rate)));
+  }
+}
+
 TEST(AudioTimelineTest, ASilentDeviceAndNonsenseDoNotStopIt) {
   Recording recording;
   const std::vector<float> samples(chunkFrames * 2, 0.1F);
