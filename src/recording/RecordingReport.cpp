@@ -7,8 +7,10 @@ namespace vellora::recordingReport {
 
 Result<void, FileError> save(const ScreenRecorderReport& report, const QString& bundle) {
   Json sounds = Json::array();
-  for (const AudioTimelineReport& sound : report.sounds) {
-    sounds.push_back({{"seconds", sound.seconds},
+  for (const auto& [isSystemSound, isLost, sound] : report.sounds) {
+    sounds.push_back({{"source", isSystemSound ? "systemSound" : "microphone"},
+                      {"lost", isLost},
+                      {"seconds", sound.seconds},
                       {"gaps", sound.gaps},
                       {"gapSeconds", sound.gapSeconds},
                       {"overlaps", sound.overlaps},

@@ -26,12 +26,12 @@ namespace vellora {
 /// What became of a recording's frames and sound.
 struct ScreenRecorderReport {
   ScreenStreamCounts stream;
-  std::uint64_t written = 0;                  ///< frames
-  std::uint64_t notReady = 0;                 ///< frames the encoder could not take
-  double duration = 0;                        ///< recorded seconds
-  std::uint64_t lostSamples = 0;              ///< of sound, that the encoder could not take
-  QString encoder{};                          ///< of the video
-  std::vector<AudioTimelineReport> sounds{};  ///< as the tracks
+  std::uint64_t written = 0;          ///< frames
+  std::uint64_t notReady = 0;         ///< frames the encoder could not take
+  double duration = 0;                ///< recorded seconds
+  std::uint64_t lostSamples = 0;      ///< of sound, that the encoder could not take
+  QString encoder{};                  ///< of the video
+  std::vector<SoundReport> sounds{};  ///< as the tracks
 };
 
 /// Writes the screen into a movie: the frames of a stream, and the marks and key cues that go with them. The main

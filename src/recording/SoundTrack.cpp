@@ -49,6 +49,7 @@ void SoundTrack::lose() {
   {
     const std::lock_guard lock(mutex_);
     timeline_.loseDevice();
+    isLost_ = true;
   }
   if (callbacks_.onLost) callbacks_.onLost();
 }
@@ -94,9 +95,9 @@ SoundTrack::Samples SoundTrack::take() {
   return std::exchange(ready_, {});
 }
 
-AudioTimelineReport SoundTrack::report() const {
+SoundReport SoundTrack::report() const {
   const std::lock_guard lock(mutex_);
-  return timeline_.report();
+  return {isSystemSound_, isLost_, timeline_.report()};
 }
 
 }  // namespace vellora

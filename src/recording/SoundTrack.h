@@ -13,6 +13,13 @@
 
 namespace vellora {
 
+/// What became of one source's sound.
+struct SoundReport {
+  bool isSystemSound = false;
+  bool isLost = false;  ///< the device went before the end
+  AudioTimelineReport timeline;
+};
+
 /// One source of sound for a recording: it is heard from the moment it is opened, for the level meter and so that the
 /// recording's first moment has its sound; recorded from `begin` on. Any thread, but it is destroyed on the main one.
 class SoundTrack {
@@ -50,7 +57,7 @@ class SoundTrack {
   };
   /// What was recorded since the call before.
   Samples take();
-  AudioTimelineReport report() const;
+  SoundReport report() const;
 
  private:
   SoundTrack(bool isSystemSound, int channels, Callbacks callbacks);
@@ -66,6 +73,7 @@ class SoundTrack {
   mutable std::mutex mutex_;
   AudioTimeline timeline_;
   Samples ready_;
+  bool isLost_ = false;
   std::function<void()> onSamples_;
   std::unique_ptr<AudioStream> stream_;  // ends before what its callbacks use
 };

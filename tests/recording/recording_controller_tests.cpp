@@ -2,6 +2,7 @@
 #include <QDir>
 #include <QTemporaryDir>
 
+#include "base/Json.h"
 #include "record_editor/RecordPauseMarks.h"
 #include "recording/RecordingController.h"
 #include "support/FakeCameras.h"
@@ -310,6 +311,15 @@ TEST_F(RecordingControllerTest, writesSoundFromTheFirstFrameOnWithoutPauses) {
   EXPECT_NEAR(movie->end.value_or(0), 3, 1e-6);
   EXPECT_NEAR(static_cast<double>(movie->soundSamples[0]), 3 * 48000, 48) << "with silence in place of what was lost";
   EXPECT_NEAR(static_cast<double>(movie->soundSamples[1]), 3 * 2 * 48000, 96) << "all of it silence";
+  ASSERT_TRUE(opened_);
+  QFile reportFile(opened_->file(QStringLiteral("report.json")));
+  ASSERT_TRUE(reportFile.open(QIODevice::ReadOnly));
+  const auto report = json::parse(reportFile.readAll());
+  ASSERT_TRUE(report);
+  EXPECT_EQ((*report)["sounds"][0]["source"], "microphone");
+  EXPECT_EQ((*report)["sounds"][0]["lost"], true);
+  EXPECT_EQ((*report)["sounds"][1]["lost"], false);
+  EXPECT_EQ((*report)["frames"]["written"], 1);
   EXPECT_FALSE(sound_.isOpen(mic));
 
   // One that goes before the recording is no part of it, and is taken again when it comes back.
