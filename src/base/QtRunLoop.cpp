@@ -1,5 +1,7 @@
 #include "base/QtRunLoop.h"
 
+#include <utility>
+
 #include <time.h>
 
 #include <cmath>
@@ -29,7 +31,9 @@ class QtTimer final : public Timer {
 }  // namespace
 
 void QtRunLoop::post(Task task) {
-  QMetaObject::invokeMethod(&context_, std::move(task), Qt::QueuedConnection);
+  // The event may outlive the call on the thread that posts. What the task holds must not: it goes on the main thread.
+  QMetaObject::invokeMethod(
+      &context_, [task = std::move(task)]() mutable { std::exchange(task, nullptr)(); }, Qt::QueuedConnection);
 }
 
 TimerHandle QtRunLoop::after(double seconds, Task task) {
