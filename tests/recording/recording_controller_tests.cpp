@@ -188,12 +188,11 @@ TEST_F(RecordingControllerTest, leavesNothingBehindWhenItDoesNotBegin) {
   loop_.advance(5);
   EXPECT_TRUE(windows_.isEmpty());
 
-  // Stopped while the recording is being set up.
+  // Stopped while the recording is being set up, or before its first frame.
   controller_->begin(display_);
   controller_->start();
   loop_.advance(3);
-  controller_->stop();
-  EXPECT_EQ(controller_->state(), State::idle);
+  stopRecording();
   loop_.runPosted();
   EXPECT_FALSE(screen_.isStreaming);
   EXPECT_TRUE(bundles().isEmpty());

@@ -66,7 +66,7 @@ void VirtualRunLoop::advance(double seconds) {
   runPosted();
   while (!timers_->empty() && timers_->begin()->first.first <= end + 1e-9) {
     auto node = timers_->extract(timers_->begin());
-    time_ = std::max(time_, node.key().first);
+    time_ = std::max(time_.load(), node.key().first);
     const Task task = node.mapped().task;
     if (node.mapped().interval > 0) {
       node.key().first += node.mapped().interval;

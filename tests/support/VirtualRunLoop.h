@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <condition_variable>
 #include <deque>
 #include <functional>
@@ -46,7 +47,7 @@ class VirtualRunLoop final : public RunLoop {
 
   TimerHandle add(double seconds, double interval, Task task);
 
-  double time_ = 0;
+  std::atomic<double> time_ = 0;  // moved by the test, read by any thread
   Date start_{800000000.0};
   std::uint64_t next_ = 0;
   std::shared_ptr<Timers> timers_ = std::make_shared<Timers>();
