@@ -324,7 +324,8 @@ TEST_F(RecordingControllerTest, writesSoundFromTheFirstFrameOnWithoutPauses) {
   // One that goes before the recording is no part of it, and is taken again when it comes back.
   controller_->begin(display_);
   ASSERT_TRUE(loop_.runUntil([&] { return sound_.isOpen(mic); }));
-  loop_.runPosted();
+  sound_.setDevices({});
+  ASSERT_TRUE(loop_.runUntil([&] { return windows_.bar->micDevices.empty(); }));
   sound_.unplug(mic);
   ASSERT_TRUE(loop_.runUntil([&] { return !windows_.bar->selectedMicID && !sound_.isOpen(mic); }));
   EXPECT_EQ(windows_.notices.back(), RecordingNotice::micUnavailable);
