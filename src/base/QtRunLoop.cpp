@@ -1,10 +1,9 @@
 #include "base/QtRunLoop.h"
 
-#include <utility>
-
 #include <time.h>
 
 #include <cmath>
+#include <utility>
 
 #include <QTimer>
 
