@@ -29,7 +29,7 @@ namespace {
 /// The word that stands for the first device of its kind.
 const std::string anyDevice = "default";
 constexpr double longestDuration = 7 * 24 * 3600;
-constexpr double cameraWait = 0.5;  // seconds for its first picture
+constexpr double deviceWait = 0.5;  // seconds in which devices begin to deliver
 
 std::nullopt_t refuse(const QString& message) {
   printError(message);
@@ -148,7 +148,7 @@ class Recording {
 
   void start(std::optional<double> duration) {
     duration_ = duration;
-    const double wait = camera_ ? cameraWait : 0;
+    const double wait = camera_ || !request_.sounds.empty() ? deviceWait : 0;
     starting_ = runLoop_.after(wait, [this] {
       session_.start(request_, [this](const Result<void, RecordingError>& began) {
         if (began) return this->began();
