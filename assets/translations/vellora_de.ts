@@ -2193,5 +2193,25 @@
         <source>Full screen</source>
         <translation>Ganzer Bildschirm</translation>
     </message>
+    <message id="import.video.title">
+        <source>Import a video</source>
+        <translation>Video importieren</translation>
+    </message>
+    <message id="import.video.filter">
+        <source>Videos (%1)</source>
+        <translation>Videos (%1)</translation>
+    </message>
+    <message id="import.video.all">
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message id="toast.importingVideo">
+        <source>Importing the video…</source>
+        <translation>Das Video wird importiert …</translation>
+    </message>
+    <message id="toast.importNotCopied">
+        <source>The video could not be copied into the recordings folder</source>
+        <translation>Das Video konnte nicht in den Aufzeichnungsordner kopiert werden</translation>
+    </message>
 </context>
 </TS>

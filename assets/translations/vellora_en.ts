@@ -2191,5 +2191,25 @@
             <source>Full screen</source>
             <translation>Full screen</translation>
         </message>
+        <message id="import.video.title">
+            <source>Import a video</source>
+            <translation>Import a video</translation>
+        </message>
+        <message id="import.video.filter">
+            <source>Videos (%1)</source>
+            <translation>Videos (%1)</translation>
+        </message>
+        <message id="import.video.all">
+            <source>All files (*)</source>
+            <translation>All files (*)</translation>
+        </message>
+        <message id="toast.importingVideo">
+            <source>Importing the video…</source>
+            <translation>Importing the video…</translation>
+        </message>
+        <message id="toast.importNotCopied">
+            <source>The video could not be copied into the recordings folder</source>
+            <translation>The video could not be copied into the recordings folder</translation>
+        </message>
     </context>
 </TS>

@@ -2193,5 +2193,25 @@
         <source>Full screen</source>
         <translation>Pantalla completa</translation>
     </message>
+    <message id="import.video.title">
+        <source>Import a video</source>
+        <translation>Importar un vídeo</translation>
+    </message>
+    <message id="import.video.filter">
+        <source>Videos (%1)</source>
+        <translation>Vídeos (%1)</translation>
+    </message>
+    <message id="import.video.all">
+        <source>All files (*)</source>
+        <translation>Todos los archivos (*)</translation>
+    </message>
+    <message id="toast.importingVideo">
+        <source>Importing the video…</source>
+        <translation>Importando el vídeo…</translation>
+    </message>
+    <message id="toast.importNotCopied">
+        <source>The video could not be copied into the recordings folder</source>
+        <translation>No se pudo copiar el vídeo a la carpeta de grabaciones</translation>
+    </message>
 </context>
 </TS>

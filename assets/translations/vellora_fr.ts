@@ -2193,5 +2193,25 @@
         <source>Full screen</source>
         <translation>Plein écran</translation>
     </message>
+    <message id="import.video.title">
+        <source>Import a video</source>
+        <translation>Importer une vidéo</translation>
+    </message>
+    <message id="import.video.filter">
+        <source>Videos (%1)</source>
+        <translation>Vidéos (%1)</translation>
+    </message>
+    <message id="import.video.all">
+        <source>All files (*)</source>
+        <translation>Tous les fichiers (*)</translation>
+    </message>
+    <message id="toast.importingVideo">
+        <source>Importing the video…</source>
+        <translation>Importation de la vidéo…</translation>
+    </message>
+    <message id="toast.importNotCopied">
+        <source>The video could not be copied into the recordings folder</source>
+        <translation>Impossible de copier la vidéo dans le dossier des enregistrements</translation>
+    </message>
 </context>
 </TS>

@@ -2181,5 +2181,25 @@
         <source>Full screen</source>
         <translation>全画面</translation>
     </message>
+    <message id="import.video.title">
+        <source>Import a video</source>
+        <translation>ビデオを読み込む</translation>
+    </message>
+    <message id="import.video.filter">
+        <source>Videos (%1)</source>
+        <translation>ビデオ (%1)</translation>
+    </message>
+    <message id="import.video.all">
+        <source>All files (*)</source>
+        <translation>すべてのファイル (*)</translation>
+    </message>
+    <message id="toast.importingVideo">
+        <source>Importing the video…</source>
+        <translation>ビデオを読み込んでいます…</translation>
+    </message>
+    <message id="toast.importNotCopied">
+        <source>The video could not be copied into the recordings folder</source>
+        <translation>ビデオを録画フォルダーにコピーできませんでした</translation>
+    </message>
 </context>
 </TS>

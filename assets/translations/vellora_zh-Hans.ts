@@ -2181,5 +2181,25 @@
         <source>Full screen</source>
         <translation>全屏</translation>
     </message>
+    <message id="import.video.title">
+        <source>Import a video</source>
+        <translation>导入视频</translation>
+    </message>
+    <message id="import.video.filter">
+        <source>Videos (%1)</source>
+        <translation>视频 (%1)</translation>
+    </message>
+    <message id="import.video.all">
+        <source>All files (*)</source>
+        <translation>所有文件 (*)</translation>
+    </message>
+    <message id="toast.importingVideo">
+        <source>Importing the video…</source>
+        <translation>正在导入视频…</translation>
+    </message>
+    <message id="toast.importNotCopied">
+        <source>The video could not be copied into the recordings folder</source>
+        <translation>无法将视频复制到录屏文件夹</translation>
+    </message>
 </context>
 </TS>

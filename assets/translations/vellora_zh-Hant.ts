@@ -2181,5 +2181,25 @@
         <source>Full screen</source>
         <translation>全螢幕</translation>
     </message>
+    <message id="import.video.title">
+        <source>Import a video</source>
+        <translation>匯入影片</translation>
+    </message>
+    <message id="import.video.filter">
+        <source>Videos (%1)</source>
+        <translation>影片 (%1)</translation>
+    </message>
+    <message id="import.video.all">
+        <source>All files (*)</source>
+        <translation>所有檔案 (*)</translation>
+    </message>
+    <message id="toast.importingVideo">
+        <source>Importing the video…</source>
+        <translation>正在匯入影片…</translation>
+    </message>
+    <message id="toast.importNotCopied">
+        <source>The video could not be copied into the recordings folder</source>
+        <translation>無法將影片複製到錄影資料夾</translation>
+    </message>
 </context>
 </TS>

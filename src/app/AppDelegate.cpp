@@ -48,6 +48,7 @@ const std::set<Command>& availableCommands() {
                                           Command::RecordWindow,
                                           Command::RecordFullscreen,
                                           Command::OpenRecentRecording,
+                                          Command::ImportVideo,
                                           Command::OpenRecordingsFolder,
                                           Command::CleanUpRecordings,
                                           Command::OpenCompressor,
@@ -247,6 +248,8 @@ void AppDelegate::perform(Command command, int index) {
       return recordings_.recordFullscreen();
     case Command::OpenRecentRecording:
       return openRecentRecording(index);
+    case Command::ImportVideo:
+      return recordings_.chooseVideo();
     case Command::OpenRecordingsFolder:
       return openRecordingsFolder();
     case Command::CleanUpRecordings:
@@ -259,7 +262,6 @@ void AppDelegate::perform(Command command, int index) {
     case Command::CaptureText:
     case Command::CaptureElement:
     case Command::CaptureAreaSized:
-    case Command::ImportVideo:
     case Command::ToggleLive:
       return;  // disabled in the menu and without a hot key: see availableCommands()
   }

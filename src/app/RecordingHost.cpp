@@ -12,12 +12,16 @@
 #include "app/AppServices.h"
 #include "base/Log.h"
 #include "kit/Theme.h"
+#include "kit/Toast.h"
+#include "record_editor/VideoImport.h"
 #include "recording/RecordingRecovery.h"
 
 namespace vellora {
 namespace {
 
 constexpr char warningIcon[] = "exclamationmark.triangle.fill";
+constexpr QSize fileDialogSize{860, 560};
+constexpr char videoPatterns[] = "*.mp4 *.mov *.mkv *.webm *.m4v *.avi *.mts *.m2ts *.ts *.mpg *.mpeg *.flv *.ogv";
 /// Milliseconds a recording that ends with the program may take to become whole.
 constexpr int longestEnd = 10'000;
 
@@ -163,6 +167,51 @@ void RecordingHost::open(const QString& bundle) {
   }
   //% "This recording cannot be opened: it has no movie"
   actions_.tell(warningIcon, qtTrId("toast.recordingNotOpened"), true);
+}
+
+void RecordingHost::chooseVideo() {
+  auto* dialog = new QFileDialog;
+  dialog->setAttribute(Qt::WA_DeleteOnClose);
+  followTheme(*dialog);
+  dialog->setFileMode(QFileDialog::ExistingFile);
+  dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::MoviesLocation));
+  dialog->resize(fileDialogSize);
+  //% "Import a video"
+  dialog->setWindowTitle(qtTrId("import.video.title"));
+  //% "Videos (%1)"
+  const QString videos = qtTrId("import.video.filter").arg(QLatin1StringView(videoPatterns));
+  //% "All files (*)"
+  dialog->setNameFilters({videos, qtTrId("import.video.all")});
+  QObject::connect(dialog, &QFileDialog::fileSelected, dialog,
+                   lifetime_.guard([this](const QString& file) { importVideo(file); }));
+  dialog->open();
+}
+
+void RecordingHost::importVideo(const QString& file) {
+  //% "Importing the video…"
+  actions_.tell("video.import", qtTrId("toast.importingVideo"), false);
+  auto deliver = lifetime_.guard([this](const Result<RecordProjectBundle, VideoImport::Error>& imported) {
+    if (isEnding_) return;
+    Toast::dismiss();
+    if (imported) {
+      actions_.changed();
+      return open(imported->path());
+    }
+    if (imported.error() == VideoImport::Error::Unreadable) {
+      log::error(QStringLiteral("video import failed: it cannot be read"));
+      return engine().presenter.notify(RecordingNotice::importUnreadable);
+    }
+    //% "The video could not be copied into the recordings folder"
+    actions_.tell(warningIcon, qtTrId("toast.importNotCopied"), true);
+  });
+  queue_.async([this, file, deliver = std::move(deliver)]() mutable {
+    const auto hasVideo = [this](const QString& path) {
+      return movies_.hasVideo(QFile::encodeName(path).toStdString());
+    };
+    const auto goesOn = [this](double) { return !isEnding_; };
+    services_.runLoop.post([imported = VideoImport::run(files_, file, hasVideo, goesOn),
+                            deliver = std::move(deliver)]() mutable { deliver(imported); });
+  });
 }
 
 bool RecordingHost::hasOpenWindows() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -55,6 +56,9 @@ class RecordingHost {
   void recoverAbandoned();
   /// Opens a project in its window.
   void open(const QString& bundle);
+  /// Lets a person choose a video, and makes a project of it.
+  void chooseVideo();
+  void importVideo(const QString& file);
   /// Ends what is being recorded and waits until it is whole; closes the windows.
   void endAndWait();
   bool hasOpenWindows() const;
@@ -74,7 +78,7 @@ class RecordingHost {
   RecordingFiles files_;
   LoadedMovieWriters movies_;
   std::unique_ptr<Engine> engine_;
-  bool isEnding_ = false;
+  std::atomic<bool> isEnding_ = false;
   SerialQueue queue_{"dev.orlo.vellora.projects"};
   Lifetime lifetime_;
 };

@@ -35,4 +35,9 @@ Result<RepairedMovie, MovieFailure> LoadedMovieWriters::repair(const std::filesy
   return writers->repair(file);
 }
 
+bool LoadedMovieWriters::hasVideo(const std::filesystem::path& file) {
+  MovieWriters* const writers = loaded();
+  return writers != nullptr && writers->hasVideo(file);
+}
+
 }  // namespace vellora

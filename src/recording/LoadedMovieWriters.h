@@ -11,6 +11,7 @@ class LoadedMovieWriters final : public MovieWriters {
                                                             const MovieWriter::Settings& settings,
                                                             MovieWriter::FailureHandler onFailure) override;
   Result<RepairedMovie, MovieFailure> repair(const std::filesystem::path& file) override;
+  bool hasVideo(const std::filesystem::path& file) override;
 };
 
 }  // namespace vellora

@@ -9,8 +9,8 @@
 
 namespace vellora {
 
-/// Makes and repairs movies. What stands behind it brings many megabytes of codecs along, and is loaded when it is
-/// first used.
+/// Makes, repairs and looks at movies. What stands behind it brings many megabytes of codecs along, and is loaded when
+/// it is first used.
 class MovieWriters {
  public:
   virtual ~MovieWriters() = default;
@@ -20,6 +20,8 @@ class MovieWriters {
                                                                     MovieWriter::FailureHandler onFailure) = 0;
   /// As MovieRepair::repair.
   virtual Result<RepairedMovie, MovieFailure> repair(const std::filesystem::path& file) = 0;
+  /// Whether a file of any kind holds a video that can be read.
+  virtual bool hasVideo(const std::filesystem::path& file) = 0;
 };
 
 }  // namespace vellora

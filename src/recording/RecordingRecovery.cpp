@@ -7,7 +7,7 @@
 
 #include "base/Log.h"
 #include "record_editor/BundleFiles.h"
-#include "recording/ProjectCompletion.h"
+#include "record_editor/ProjectCompletion.h"
 #include "recording/RecordingMarker.h"
 
 namespace vellora {

@@ -10,8 +10,8 @@
 
 #include "base/Log.h"
 #include "record_editor/BundleFiles.h"
+#include "record_editor/ProjectCompletion.h"
 #include "record_editor/RecordPauseMarks.h"
-#include "recording/ProjectCompletion.h"
 #include "recording/RecordingReport.h"
 
 namespace vellora {

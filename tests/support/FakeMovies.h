@@ -45,6 +45,9 @@ class FakeMovies final : public MovieWriters {
     return RepairedMovie{.duration = 1};
   }
 
+  /// As for repair().
+  bool hasVideo(const std::filesystem::path& path) override { return repair(path).has_value(); }
+
   bool isRefused = false;
   std::map<QString, std::shared_ptr<WrittenMovie>> movies;
 

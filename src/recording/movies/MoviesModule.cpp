@@ -1,3 +1,4 @@
+#include "media/movies/MovieFile.h"
 #include "media/movies/MovieRepair.h"
 #include "media/movies/MovieWriter.h"
 #include "recording/MovieWriters.h"
@@ -14,6 +15,10 @@ class LibavMovieWriters final : public MovieWriters {
   }
   Result<RepairedMovie, MovieFailure> repair(const std::filesystem::path& file) override {
     return MovieRepair::repair(file);
+  }
+  bool hasVideo(const std::filesystem::path& file) override {
+    const auto opened = MovieFile::open(file);
+    return opened && (*opened)->track(MediaKind::video).has_value();
   }
 };
 

@@ -1,4 +1,4 @@
-#include "recording/ProjectCompletion.h"
+#include "record_editor/ProjectCompletion.h"
 
 #include <QFile>
 
