@@ -206,7 +206,8 @@ void RecordingHost::importVideo(const QString& file) {
   });
   queue_.async([this, file, deliver = std::move(deliver)]() mutable {
     const auto hasVideo = [this](const QString& path) {
-      return movies_.hasVideo(QFile::encodeName(path).toStdString());
+      const auto summary = movies_.summarize(QFile::encodeName(path).toStdString());
+      return summary && summary->video;
     };
     const auto goesOn = [this](double) { return !isEnding_; };
     services_.runLoop.post([imported = VideoImport::run(files_, file, hasVideo, goesOn),

@@ -16,7 +16,7 @@
 #include "platform/linux/desktop/SleepWatch.h"
 #include "platform/linux/x11/X11EventTap.h"
 #include "platform/linux/x11/X11ScreenStream.h"
-#include "recording/LoadedMovieWriters.h"
+#include "media/loaded_movies/LoadedMovies.h"
 #include "recording/RecordingController.h"
 #include "recording/ui/QtRecordingPresenter.h"
 
@@ -76,7 +76,7 @@ class RecordingHost {
   CaptureCommands& captures_;
   const Actions actions_;
   RecordingFiles files_;
-  LoadedMovieWriters movies_;
+  LoadedMovies movies_;
   std::unique_ptr<Engine> engine_;
   std::atomic<bool> isEnding_ = false;
   SerialQueue queue_{"dev.orlo.vellora.projects"};

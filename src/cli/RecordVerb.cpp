@@ -20,7 +20,7 @@
 #include "platform/linux/x11/X11EventTap.h"
 #include "platform/linux/x11/X11ScreenCapture.h"
 #include "platform/linux/x11/X11ScreenStream.h"
-#include "recording/LoadedMovieWriters.h"
+#include "media/loaded_movies/LoadedMovies.h"
 #include "recording/RecordingSession.h"
 
 namespace vellora::cli {
@@ -228,7 +228,7 @@ class Recording {
   LoadedAudioCapture audio_;
   LoadedCameraCapture cameras_;
   X11EventTap eventTap_;
-  LoadedMovieWriters movies_;
+  LoadedMovies movies_;
   SleepWatch sleepWatch_;
   std::unique_ptr<CameraRecorder> camera_;
   RecordingSession session_;

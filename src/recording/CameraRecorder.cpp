@@ -30,7 +30,7 @@ MoviePicture pictureOf(const std::shared_ptr<const CameraFrame>& frame) {
 
 struct CameraRecorder::State {
   std::deque<std::shared_ptr<const CameraFrame>> waiting;  ///< for the anchor: the movie may start with any of them
-  MovieWriters* movies = nullptr;                          ///< null when nothing is written
+  Movies* movies = nullptr;                          ///< null when nothing is written
   QString outputURL;
   std::unique_ptr<MovieWriter> movie;
   RecordedTime time;
@@ -100,7 +100,7 @@ Result<void, CameraCaptureError> CameraRecorder::open(CameraCapture& cameras, co
   return {};
 }
 
-void CameraRecorder::startWriting(MovieWriters& movies, const QString& outputURL) {
+void CameraRecorder::startWriting(Movies& movies, const QString& outputURL) {
   outputQueue_.async([this, &movies, outputURL] {
     state_->movies = &movies;
     state_->outputURL = outputURL;

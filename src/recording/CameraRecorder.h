@@ -9,7 +9,7 @@
 #include "base/RunLoop.h"
 #include "base/SerialQueue.h"
 #include "platform/CameraCapture.h"
-#include "recording/MovieWriters.h"
+#include "media/loaded_movies/Movies.h"
 
 namespace vellora {
 
@@ -34,7 +34,7 @@ class CameraRecorder {
   Result<void, CameraCaptureError> open(CameraCapture& cameras, const QString& deviceID);
 
   /// Writes into a movie of its own, made with the first picture, whose size it has.
-  void startWriting(MovieWriters& movies, const QString& outputURL);
+  void startWriting(Movies& movies, const QString& outputURL);
   /// The host time of the screen's first frame, which is the movie's start. Any thread, as the next two.
   void anchor(double at);
   void pause(double at);

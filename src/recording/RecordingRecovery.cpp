@@ -14,7 +14,7 @@ namespace vellora {
 namespace {
 
 /// Nothing when the bundle holds no picture, or is no bundle.
-std::optional<RecordProjectBundle> recovered(const QString& path, MovieWriters& movies) {
+std::optional<RecordProjectBundle> recovered(const QString& path, Movies& movies) {
   auto bundle = RecordProjectBundle::open(path);
   if (!bundle) return std::nullopt;
   const auto screen = movies.repair(QFile::encodeName(bundle->videoURL()).toStdString());
@@ -33,7 +33,7 @@ std::optional<RecordProjectBundle> recovered(const QString& path, MovieWriters& 
 
 }  // namespace
 
-std::vector<RecordProjectBundle> RecordingRecovery::run(const RecordingFiles& files, MovieWriters& movies) {
+std::vector<RecordProjectBundle> RecordingRecovery::run(const RecordingFiles& files, Movies& movies) {
   std::vector<RecordProjectBundle> saved;
   const QStringList pattern{QStringLiteral("*.") + QString::fromUtf16(RecordingFiles::projectExtension)};
   const auto entries = QDir(files.projectsPath())

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "record_editor/RecordProjectBundle.h"
-#include "recording/MovieWriters.h"
+#include "media/loaded_movies/Movies.h"
 
 namespace vellora {
 
@@ -13,7 +13,7 @@ class RecordingRecovery {
   /// Looks through the projects folder, repairs the movies of abandoned recordings and completes their projects. Those
   /// without a single picture are removed. Takes up to seconds: not on the main thread. Gives the projects saved, the
   /// newest first.
-  static std::vector<RecordProjectBundle> run(const RecordingFiles& files, MovieWriters& movies);
+  static std::vector<RecordProjectBundle> run(const RecordingFiles& files, Movies& movies);
 };
 
 }  // namespace vellora

@@ -16,7 +16,7 @@
 #include "recording/CameraRecorder.h"
 #include "recording/DiskWatch.h"
 #include "recording/KeyboardRecordingCapture.h"
-#include "recording/MovieWriters.h"
+#include "media/loaded_movies/Movies.h"
 #include "recording/RecordingError.h"
 #include "recording/RecordingMarker.h"
 #include "recording/RecordingTarget.h"
@@ -30,7 +30,7 @@ struct RecordingServices {
   ScreenCaptureService& capture;
   ScreenStreamService& streams;
   EventTap& eventTap;
-  MovieWriters& movies;
+  Movies& movies;
   const RecordingFiles& files;
 };
 

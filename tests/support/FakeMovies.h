@@ -8,7 +8,7 @@
 
 #include <QString>
 
-#include "recording/MovieWriters.h"
+#include "media/loaded_movies/Movies.h"
 
 namespace vellora::test {
 
@@ -25,7 +25,7 @@ struct WrittenMovie {
 };
 
 /// Keeps what would be written to movies in memory. Movies end at once.
-class FakeMovies final : public MovieWriters {
+class FakeMovies final : public Movies {
  public:
   Result<std::unique_ptr<MovieWriter>, MovieFailure> create(const std::filesystem::path& path,
                                                             const MovieWriter::Settings& settings,
@@ -45,8 +45,17 @@ class FakeMovies final : public MovieWriters {
     return RepairedMovie{.duration = 1};
   }
 
-  /// As for repair().
-  bool hasVideo(const std::filesystem::path& path) override { return repair(path).has_value(); }
+  /// As for repair(): a video of one second.
+  Result<MovieSummary, MediaFailure> summarize(const std::filesystem::path& path) override {
+    if (!repair(path)) return failure(MediaFailure{MediaError::notMedia, "no movie"});
+    return MovieSummary{1, MovieSummary::Video{"h264", 320, 240, 60}, {}};
+  }
+  Result<std::unique_ptr<VideoReader>, MediaFailure> openVideo(const std::filesystem::path&) override {
+    return failure(MediaFailure{MediaError::noStreams, "nothing is kept"});
+  }
+  Result<std::unique_ptr<AudioReader>, MediaFailure> openAudio(const std::filesystem::path&, std::size_t) override {
+    return failure(MediaFailure{MediaError::noStreams, "nothing is kept"});
+  }
 
   bool isRefused = false;
   std::map<QString, std::shared_ptr<WrittenMovie>> movies;

@@ -147,13 +147,21 @@ Result<void, MediaFailure> AudioTrackReader::feed() {
   return failure(MediaFailure{MediaError::damaged, name_ + " is damaged; nothing more can be read from it"});
 }
 
+std::int64_t AudioTrackReader::placeOfFrame() const {
+  if (frame_->best_effort_timestamp == AV_NOPTS_VALUE) return position_;
+  const std::int64_t origin = format_->start_time == AV_NOPTS_VALUE ? 0 : format_->start_time;
+  const std::int64_t stamp = av_rescale_q(frame_->best_effort_timestamp, stream_->time_base, AV_TIME_BASE_Q);
+  const std::int64_t time = std::clamp(stamp, -mostTime, mostTime) - std::clamp(origin, -mostTime, mostTime);
+  return av_rescale(time, rate_, AV_TIME_BASE);
+}
+
 void AudioTrackReader::take() {
   if (frame_->nb_samples <= 0 || frame_->sample_rate <= 0) return;
-  if (frame_->best_effort_timestamp != AV_NOPTS_VALUE) {
-    const std::int64_t origin = format_->start_time == AV_NOPTS_VALUE ? 0 : format_->start_time;
-    const std::int64_t stamp = av_rescale_q(frame_->best_effort_timestamp, stream_->time_base, AV_TIME_BASE_Q);
-    const std::int64_t time = std::clamp(stamp, -mostTime, mostTime) - std::clamp(origin, -mostTime, mostTime);
-    const std::int64_t distance = av_rescale(time, rate_, AV_TIME_BASE) - position_;
+  const std::int64_t place = placeOfFrame();
+  if (sought_ && place < *sought_) {
+    position_ = place;
+  } else {
+    const std::int64_t distance = place - position_;
     if (distance < -tolerance(rate_)) return;
     if (distance > tolerance(rate_) && distance < longestPause * rate_) {
       silence_ = distance;
@@ -161,6 +169,38 @@ void AudioTrackReader::take() {
     }
   }
   if (prepareConverter()) convert();
+  if (sought_) trim();
+}
+
+void AudioTrackReader::trim() {
+  const auto count = static_cast<std::int64_t>(samples_.size()) / channels();
+  const std::int64_t before = std::clamp(*sought_ - (position_ - count), std::int64_t{0}, count);
+  samples_.erase(samples_.begin(), samples_.begin() + before * channels());
+  if (before < count || silence_ > 0) {
+    sought_.reset();
+  } else {
+    position_ = *sought_;
+  }
+}
+
+Result<void, MediaFailure> AudioTrackReader::seek(std::int64_t frame) {
+  const std::int64_t target = std::clamp(frame, std::int64_t{0}, longestPause * rate_ * 30);
+  const std::int64_t origin = format_->start_time == AV_NOPTS_VALUE ? 0 : format_->start_time;
+  // Decoders need what stands before to get the next frames right.
+  const std::int64_t start = std::max<std::int64_t>(0, target - rate_ / 5);
+  const std::int64_t stamp = av_rescale(start, AV_TIME_BASE, rate_) + std::clamp(origin, -mostTime, mostTime);
+  if (av_seek_frame(format_.get(), stream_->index, av_rescale_q(stamp, AV_TIME_BASE_Q, stream_->time_base),
+                    AVSEEK_FLAG_BACKWARD) < 0) {
+    return failure(MediaFailure{MediaError::damaged, name_ + " cannot be read from this place on"});
+  }
+  avcodec_flush_buffers(codec_.get());
+  converter_.reset();
+  hasEnded_ = false;
+  silence_ = 0;
+  samples_.clear();
+  position_ = target;
+  sought_ = target;
+  return {};
 }
 
 bool AudioTrackReader::prepareConverter() {

@@ -4,37 +4,35 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "base/Result.h"
+#include "media/movies/AudioReader.h"
 #include "media/movies/FileInput.h"
 #include "media/movies/LibavPointers.h"
 #include "media/movies/MediaReader.h"
 
 namespace vellora {
 
-/// Decodes one audio track of a media file into interleaved floats, from the file's start to the track's end, whatever
-/// its format: at the rate and with the channels it begins with. Gaps in it, before its first sample too, come as
-/// silence, what overlaps is left out, and so is what cannot be decoded. Holds a few packets at a time. Used by one
-/// thread.
-class AudioTrackReader {
+/// Decodes one audio track of a media file, whatever its format, at the rate and with the channels it begins with. Gaps
+/// in it, before its first sample too, come as silence, what overlaps is left out, and so is what cannot be decoded.
+/// Holds a few packets at a time.
+class AudioTrackReader final : public AudioReader {
  public:
   /// `track`: of the audio tracks in the file's order. `noStreams` when there is none with this number.
   static Result<std::unique_ptr<AudioTrackReader>, MediaFailure> open(const std::filesystem::path& file,
                                                                       std::size_t track = 0);
-  ~AudioTrackReader();
+  ~AudioTrackReader() override;
 
-  int sampleRate() const { return rate_; }
-  int channels() const { return layout_.nb_channels; }
-  /// Frames, as far as the file says; 0: not known.
-  std::int64_t expectedFrames() const;
-
-  /// The samples that follow those before, valid until the next call; empty at the end. `damaged` or `unreadable` comes
-  /// where nothing more can be got.
-  Result<std::span<const float>, MediaFailure> read();
+  int sampleRate() const override { return rate_; }
+  int channels() const override { return layout_.nb_channels; }
+  std::int64_t expectedFrames() const override;
+  Result<std::span<const float>, MediaFailure> read() override;
+  Result<void, MediaFailure> seek(std::int64_t frame) override;
 
  private:
   AudioTrackReader(FileInput file, std::string name) : file_(std::move(file)), name_(std::move(name)) {}
@@ -47,6 +45,10 @@ class AudioTrackReader {
   void take();
   bool prepareConverter();
   void convert();
+  /// Where the decoded frame begins, in frames from the file's start; `position_` when the file does not say.
+  std::int64_t placeOfFrame() const;
+  /// Leaves out what lies before the place that was sought.
+  void trim();
 
   FileInput file_;
   std::string name_;
@@ -69,7 +71,8 @@ class AudioTrackReader {
   std::int64_t silence_ = 0;    // frames still to be given before samples_
   std::vector<float> samples_;  // decoded, not given yet
   std::vector<float> given_;
-  std::int64_t position_ = 0;  // frames from the file's start, behind silence_ and samples_
+  std::int64_t position_ = 0;           // frames from the file's start, behind silence_ and samples_
+  std::optional<std::int64_t> sought_;  // until the first frame behind a jump is there
 };
 
 }  // namespace vellora

@@ -14,6 +14,8 @@ namespace {
 constexpr std::int64_t analyzedTime = 30 * AV_TIME_BASE;
 /// What one piece of memory may take: a picture of 8192 × 8192 with 16 bits a sample, or the index of a day.
 constexpr std::size_t mostMemory = std::size_t{512} << 20;
+/// Frames per second; what is above is the resolution of the file's clock.
+constexpr int mostFrameRate = 1000;
 
 void prepareLibav() {
   static std::once_flag once;
@@ -70,6 +72,24 @@ Result<FormatPointer, MediaFailure> openContainer(AVIOContext& input, const std:
     return failure(MediaFailure{MediaError::damaged, name + " is damaged: its header cannot be read"});
   }
   return FormatPointer(context);
+}
+
+bool isPicture(const AVStream& stream) {
+  return (stream.disposition & (AV_DISPOSITION_ATTACHED_PIC | AV_DISPOSITION_TIMED_THUMBNAILS)) != 0;
+}
+
+bool isUsable(const AVStream& stream) {
+  const AVCodecParameters& codec = *stream.codecpar;
+  if (codec.codec_id == AV_CODEC_ID_NONE) return false;
+  if (codec.codec_type == AVMEDIA_TYPE_VIDEO) return codec.width > 0 && codec.height > 0 && !isPicture(stream);
+  return codec.codec_type == AVMEDIA_TYPE_AUDIO && codec.sample_rate > 0 && codec.ch_layout.nb_channels > 0;
+}
+
+AVRational frameRateOf(const AVStream& stream) {
+  for (const AVRational rate : {stream.avg_frame_rate, stream.r_frame_rate}) {
+    if (rate.num > 0 && rate.den > 0 && av_cmp_q(rate, {mostFrameRate, 1}) <= 0) return rate;
+  }
+  return {0, 1};
 }
 
 }  // namespace vellora

@@ -12,4 +12,11 @@ namespace vellora {
 /// file. `input` outlives the result; `name` names the file in messages.
 Result<FormatPointer, MediaFailure> openContainer(AVIOContext& input, const std::string& name);
 
+/// Covers and previews that stand in a file as a video track.
+bool isPicture(const AVStream& stream);
+/// A video or audio track of a known codec and size.
+bool isUsable(const AVStream& stream);
+/// 0/1 when it is not known.
+AVRational frameRateOf(const AVStream& stream);
+
 }  // namespace vellora

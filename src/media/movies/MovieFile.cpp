@@ -1,11 +1,11 @@
 #include "media/movies/MovieFile.h"
 
 #include <algorithm>
-#include <mutex>
 #include <string_view>
 #include <utility>
 
 #include "media/movies/ContainerFormats.h"
+#include "media/movies/ContainerInput.h"
 
 namespace vellora {
 namespace {
@@ -16,38 +16,11 @@ using std::chrono::microseconds;
 constexpr int mostErrors = 256;
 /// Samples in an AAC frame, as good as always.
 constexpr int aacFrame = 1024;
-/// How far to look for a track that starts late, whose delay is not known otherwise.
-constexpr std::int64_t analyzedTime = 30 * AV_TIME_BASE;
-/// Frames per second; what is above is the resolution of the file's clock.
-constexpr int mostFrameRate = 1000;
-/// What one piece of memory may take: a picture of 8192 × 8192 with 16 bits a sample, or the index of a day.
-constexpr std::size_t mostMemory = std::size_t{512} << 20;
-
-void prepareLibav() {
-  static std::once_flag once;
-  std::call_once(once, [] {
-    av_log_set_level(AV_LOG_QUIET);
-    av_max_alloc(mostMemory);
-  });
-}
-
-/// Files name other files (playlists, references in a movie); none of them is opened.
-int refuseToOpen(AVFormatContext*, AVIOContext**, const char*, int, AVDictionary**) {
-  return AVERROR(EACCES);
-}
 
 std::string reasonOf(int error) {
   std::array<char, AV_ERROR_MAX_STRING_SIZE> text{};
   av_strerror(error, text.data(), text.size());
   return text.data();
-}
-
-/// Frames per second; 0 when it is not known.
-AVRational frameRateOf(const AVStream& stream) {
-  for (const AVRational rate : {stream.avg_frame_rate, stream.r_frame_rate}) {
-    if (rate.num > 0 && rate.den > 0 && av_cmp_q(rate, {mostFrameRate, 1}) <= 0) return rate;
-  }
-  return {0, 1};
 }
 
 /// How many pictures may come before the first one is shown. Where a file says neither this nor decode times, there are
@@ -66,17 +39,6 @@ microseconds nominalDuration(const AVStream& stream) {
   }
   const AVRational rate = frameRateOf(stream);
   return microseconds(rate.num > 0 ? av_rescale(1000000, rate.den, rate.num) : 0);
-}
-
-bool isPicture(const AVStream& stream) {
-  return (stream.disposition & (AV_DISPOSITION_ATTACHED_PIC | AV_DISPOSITION_TIMED_THUMBNAILS)) != 0;
-}
-
-bool isUsable(const AVStream& stream) {
-  const AVCodecParameters& codec = *stream.codecpar;
-  if (codec.codec_id == AV_CODEC_ID_NONE) return false;
-  if (codec.codec_type == AVMEDIA_TYPE_VIDEO) return codec.width > 0 && codec.height > 0 && !isPicture(stream);
-  return codec.codec_type == AVMEDIA_TYPE_AUDIO && codec.sample_rate > 0 && codec.ch_layout.nb_channels > 0;
 }
 
 struct Choice {
@@ -127,7 +89,6 @@ bool headerSaysAll(const AVFormatContext& format, const Choice& choice) {
 }  // namespace
 
 Result<std::unique_ptr<MovieFile>, MediaFailure> MovieFile::open(const std::filesystem::path& file) {
-  prepareLibav();
   auto input = FileInput::open(file);
   if (!input) return failure(std::move(input.error()));
   std::unique_ptr<MovieFile> movie(new MovieFile(std::move(*input), file.string()));
@@ -150,41 +111,10 @@ Result<void, MediaFailure> MovieFile::start() {
   failure_.reset();
   if (input_ == nullptr) return failure(MediaFailure{MediaError::unreadable, "Cannot read " + name_});
 
-  const auto kind = probe();
-  if (!kind) return failure(kind.error());
-  AVFormatContext* context = avformat_alloc_context();
-  if (context == nullptr) return failure(MediaFailure{MediaError::unreadable, "No memory left to read " + name_});
-  context->pb = input_.get();
-  context->flags |= AVFMT_FLAG_CUSTOM_IO;
-  context->io_open = refuseToOpen;
-  context->protocol_whitelist = av_strdup("file");
-  context->max_analyze_duration = analyzedTime;
-  const int opened = avformat_open_input(&context, name_.c_str(), *kind, nullptr);
-  if (opened < 0) {
-    return failure(MediaFailure{MediaError::damaged, name_ + " is damaged: its header cannot be read"});
-  }
-  format_.reset(context);
+  auto format = openContainer(*input_, name_);
+  if (!format) return failure(std::move(format.error()));
+  format_ = std::move(*format);
   return chooseTracks();
-}
-
-Result<const AVInputFormat*, MediaFailure> MovieFile::probe() {
-  const AVInputFormat* kind = nullptr;
-  // Without a name, only what the file has in it counts.
-  const int score = av_probe_input_buffer2(input_.get(), &kind, "", nullptr, 0, 0);
-  if (input_->error != 0) {
-    return failure(MediaFailure{MediaError::unreadable, "Cannot read " + name_ + ": " + reasonOf(input_->error)});
-  }
-  if (score < 0 || kind == nullptr) {
-    return failure(MediaFailure{MediaError::notMedia, name_ + " is not a video or audio file"});
-  }
-  if (refersToOtherFiles(*kind)) {
-    return failure(MediaFailure{
-        MediaError::notMedia, name_ + " only refers to other files; name the file that has the video or audio itself"});
-  }
-  if (!isAllowed(*kind)) {
-    return failure(MediaFailure{MediaError::notMedia, name_ + " is not a video or audio file of a known kind"});
-  }
-  return kind;
 }
 
 Result<void, MediaFailure> MovieFile::chooseTracks() {

@@ -43,7 +43,6 @@ class MovieFile {
   MovieFile(FileInput input, std::string name) : file_(std::move(input)), name_(std::move(name)) {}
 
   Result<void, MediaFailure> start();
-  Result<const AVInputFormat*, MediaFailure> probe();
   Result<void, MediaFailure> chooseTracks();
   void describe(MediaKind kind, int index);
   /// Reads one packet into the interleaver, or finds the end.

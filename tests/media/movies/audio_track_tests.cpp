@@ -102,6 +102,36 @@ TEST(AudioTrackReaderTest, SoundThatStartsLateIsPrecededBySilence) {
   }
 }
 
+TEST(AudioTrackReaderTest, GoesOnFromAnyPlace) {
+  for (const auto& [name, options] : std::vector<std::pair<std::string, std::string>>{
+           {"burst.wav", "-c:a pcm_s16le"}, {"burst.m4a", "-c:a aac -ac 2 -ar 48000"}, {"burst.flac", "-c:a flac"}}) {
+    SCOPED_TRACE(name);
+    const auto file = burst(name, options);
+    const DecodedTrack whole = decode(file);
+    const auto reader = AudioTrackReader::open(file, 0);
+    ASSERT_TRUE(reader);
+    const auto total = static_cast<std::int64_t>(whole.samples.size()) / whole.channels;
+    for (const std::int64_t frame : {total / 2 + 17, std::int64_t{5}, total * 3 / 4, total / 2 + 18, std::int64_t{0}}) {
+      ASSERT_TRUE((*reader)->seek(frame));
+      std::int64_t at = frame * whole.channels;
+      for (;;) {
+        const auto samples = (*reader)->read();
+        ASSERT_TRUE(samples);
+        if (samples->empty()) break;
+        for (const float sample : *samples) {
+          ASSERT_LT(at, static_cast<std::int64_t>(whole.samples.size()));
+          ASSERT_NEAR(sample, whole.samples[static_cast<std::size_t>(at++)], 1e-4) << frame;
+        }
+      }
+      EXPECT_EQ(at, static_cast<std::int64_t>(whole.samples.size()));
+    }
+    ASSERT_TRUE((*reader)->seek(total * 2));
+    const auto behind = (*reader)->read();
+    ASSERT_TRUE(behind);
+    EXPECT_TRUE(behind->empty());
+  }
+}
+
 TEST(AudioTrackReaderTest, DamagedFilesGiveWhatTheyHave) {
   EXPECT_EQ(decode(makeSample("mute.mp4", "-f lavfi -i testsrc2=s=64x64:d=1 -c:v mpeg4")).error, MediaError::noStreams);
   EXPECT_EQ(decode(writeSample("text.mov", "no movie")).error, MediaError::notMedia);
