@@ -1,8 +1,8 @@
-// moving_scene [--still]
+// moving_scene [--still | --photographs]
 //
 // Covers $DISPLAY with a busy desktop of which every picture is numbered, 60 a second (see ScenePainter). Says "ready"
 // once the first one is shown; ends with SIGTERM and then prints how many pictures it has shown in how many seconds.
-// --still shows a single one.
+// --still shows a single one; with --photographs a third of it is harder to compress.
 #include <signal.h>
 
 #include <algorithm>
@@ -27,13 +27,15 @@ bool isEndedBefore(const sigset_t& ends, std::chrono::steady_clock::time_point m
 }  // namespace
 
 int main(int argc, char** argv) {
-  const bool isStill = argc > 1 && std::string_view(argv[1]) == "--still";
+  const std::string_view option = argc > 1 ? argv[1] : "";
+  const bool isStill = option == "--still";
   sigset_t ends;
   sigemptyset(&ends);
   sigaddset(&ends, SIGTERM);
   sigaddset(&ends, SIGINT);
   sigprocmask(SIG_BLOCK, &ends, nullptr);
-  vellora::test::ScenePainter painter("");
+  using Content = vellora::test::ScenePainter::Content;
+  vellora::test::ScenePainter painter("", {}, option == "--photographs" ? Content::textAndPhotographs : Content::text);
   if (!painter.isAlive()) {
     std::fputs("moving_scene: no display\n", stderr);
     return 1;

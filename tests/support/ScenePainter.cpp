@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdlib>
 #include <vector>
 
@@ -26,9 +27,9 @@ class Random {
 };
 
 /// Some rows of pixels, with what looks like letters from afar: strokes with soft edges.
-class TextBand {
+class Band {
  public:
-  explicit TextBand(int width) : width_(width), pixels_(static_cast<std::size_t>(width) * cellHeight, paper) {}
+  explicit Band(int width) : width_(width), pixels_(static_cast<std::size_t>(width) * cellHeight, paper) {}
 
   void write(int x, Random& random) {
     const int stem = random.below(3);
@@ -36,6 +37,7 @@ class TextBand {
     stroke(x, random.below(3) * (glyphHeight / 2 - 1), glyphWidth, 2);
     if (random.below(2) == 0) stroke(x + glyphWidth - 2, glyphHeight / 3, 2, glyphHeight / 2);
   }
+  void set(int x, int y, std::uint32_t color) { pixels_.at(static_cast<std::size_t>(y * width_ + x)) = color; }
   const std::vector<std::uint32_t>& pixels() const { return pixels_; }
 
  private:
@@ -43,7 +45,7 @@ class TextBand {
     constexpr int top = (cellHeight - glyphHeight) / 2;
     for (int row = y; row < y + height; ++row) {
       for (int column = x; column <= std::min(x + width, width_ - 1); ++column)
-        pixels_.at(static_cast<std::size_t>((top + row) * width_ + column)) = column < x + width ? ink : softInk;
+        set(column, top + row, column < x + width ? ink : softInk);
     }
   }
 
@@ -51,8 +53,8 @@ class TextBand {
   std::vector<std::uint32_t> pixels_;
 };
 
-TextBand lineOfText(int width, Random& random) {
-  TextBand band(width);
+Band lineOfText(int width, Random& random) {
+  Band band(width);
   for (int column = 0; column < columns; ++column) {
     const int left = column * width / columns + 2 * cellWidth;
     const int room = width / columns - 4 * cellWidth;
@@ -69,9 +71,20 @@ TextBand lineOfText(int width, Random& random) {
   return band;
 }
 
+/// Waves of many lengths, with the grain of a camera's sensor.
+std::uint32_t photographAt(int x, int y, Random& random) {
+  const double u = x, v = y;
+  const double wave = std::sin(u / 61 + std::sin(v / 47)) + std::sin(v / 23 - u / 91) + std::sin((u + v) / 9) / 4;
+  const double grain = random.below(17) - 8;
+  const auto channel = [&](double strength) {
+    return static_cast<std::uint32_t>(std::clamp(128 + strength * wave + grain, 0.0, 255.0));
+  };
+  return channel(50) << 16 | channel(38) << 8 | channel(-30);
+}
+
 }  // namespace
 
-ScenePainter::ScenePainter(const std::string& display, const PixelRect& frame)
+ScenePainter::ScenePainter(const std::string& display, const PixelRect& frame, Content content)
     : connection_(xcb_connect(display.empty() ? nullptr : display.c_str(), nullptr)), frame_(frame) {
   if (!isAlive()) return;
   screen_ = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data;
@@ -87,7 +100,7 @@ ScenePainter::ScenePainter(const std::string& display, const PixelRect& frame)
   xcb_create_gc(connection_, context_, window_, XCB_GC_GRAPHICS_EXPOSURES, &noExposures);
   picture_ = xcb_generate_id(connection_);
   xcb_create_pixmap(connection_, screen_->root_depth, picture_, window_, width, height);
-  makePage();
+  makePage(content);
   xcb_map_window(connection_, window_);
 }
 
@@ -95,13 +108,20 @@ ScenePainter::~ScenePainter() {
   xcb_disconnect(connection_);
 }
 
-void ScenePainter::makePage() {
+void ScenePainter::makePage(Content content) {
   page_ = xcb_generate_id(connection_);
   const auto width = static_cast<std::uint16_t>(frame_.width), height = static_cast<std::uint16_t>(frame_.height);
   xcb_create_pixmap(connection_, screen_->root_depth, page_, window_, width, static_cast<std::uint16_t>(2 * height));
   Random random;
+  Random grain;
   for (int y = 0; y < frame_.height; y += cellHeight) {
-    const TextBand band = lineOfText(frame_.width, random);
+    Band band = lineOfText(frame_.width, random);
+    if (content == Content::textAndPhotographs) {
+      for (int row = 0; row < cellHeight; ++row) {
+        for (int x = frame_.width / columns; x < 2 * frame_.width / columns; ++x)
+          band.set(x, row, photographAt(x, y + row, grain));
+      }
+    }
     const auto rows = static_cast<std::uint16_t>(std::min(cellHeight, frame_.height - y));
     xcb_put_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, page_, context_, width, rows, 0, static_cast<std::int16_t>(y),
                   0, screen_->root_depth, static_cast<std::uint32_t>(width) * rows * 4,
