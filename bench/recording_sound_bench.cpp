@@ -81,12 +81,7 @@ void waveformOfFile(benchmark::State& state) {
   for (auto unused : state) {
     auto reader = AudioTrackReader::open(file);
     if (!reader) return state.SkipWithError(reader.error().message.c_str());
-    AudioWaveform::PeakAccumulator peaks((*reader)->sampleRate(), (*reader)->channels(),
-                                         AudioWaveform::samplesPerSecond);
-    for (auto samples = (*reader)->read(); samples && !samples->empty(); samples = (*reader)->read()) {
-      peaks.append(*samples);
-    }
-    const auto envelope = AudioWaveform::envelope(peaks.finish());
+    const auto envelope = AudioWaveform::envelope(AudioWaveform::extract(**reader, AudioWaveform::samplesPerSecond));
     const QByteArray text = WaveformFile::serialize(envelope.linearLevels, AudioWaveform::samplesPerSecond);
     state.counters["windows"] = static_cast<double>(envelope.linearLevels.size());
     state.counters["bytes"] = static_cast<double>(text.size());

@@ -159,6 +159,22 @@ VerbDescription recordVerb() {
   return verb;
 }
 
+VerbDescription projectVerb() {
+  const ArgumentDescription bundle{"BUNDLE", "the project's folder", true, {}, false, ValueHint::Folder};
+  VerbDescription verb;
+  verb.name = "project";
+  verb.summary = "what a recording project holds";
+  verb.standsAlone = false;
+  verb.verbs = {
+      {"info", "print what was recorded and what has been edited", "Reads everything and changes nothing.", {bundle}},
+      {"waveform",
+       "print how loud the sound is over time, and where it is silent",
+       "Prints the content of the project's waveform.json, which is written when it is missing.",
+       {bundle}},
+  };
+  return verb;
+}
+
 VerbDescription historyVerb() {
   VerbDescription verb;
   verb.name = "history";
@@ -202,6 +218,7 @@ const std::vector<VerbDescription>& commandTable() {
        "One a line: what it is, the name options take, and the name people know. The first microphone is the default "
        "one."},
       recordVerb(),
+      projectVerb(),
       publishVerb(),
       settingsVerb(),
       {"completion",

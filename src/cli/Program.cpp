@@ -38,6 +38,8 @@ const std::map<std::string, std::function<int(const Invocation&)>>& handlers() {
       {"annotate", annotate},
       {"devices", listDevices},
       {"record", record},
+      {"project info", showProject},
+      {"project waveform", showWaveform},
       {"publish", publish},
       {"compress", compress},
       {"settings", [](const Invocation&) { return showSettings(); }},

@@ -11,6 +11,7 @@
 #include "cli/Terminal.h"
 #include "cli/Values.h"
 #include "cli/Verbs.h"
+#include "media/loaded_movies/LoadedMovies.h"
 #include "platform/linux/audio/LoadedAudioCapture.h"
 #include "platform/linux/camera/LoadedCameraCapture.h"
 #include "platform/linux/desktop/PasswordFocus.h"
@@ -20,7 +21,6 @@
 #include "platform/linux/x11/X11EventTap.h"
 #include "platform/linux/x11/X11ScreenCapture.h"
 #include "platform/linux/x11/X11ScreenStream.h"
-#include "media/loaded_movies/LoadedMovies.h"
 #include "recording/RecordingSession.h"
 
 namespace vellora::cli {

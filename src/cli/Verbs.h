@@ -18,6 +18,8 @@ int render(const Invocation& invocation);
 int annotate(const Invocation& invocation);
 int listDevices(const Invocation& invocation);
 int record(const Invocation& invocation);
+int showProject(const Invocation& invocation);
+int showWaveform(const Invocation& invocation);
 int publish(const Invocation& invocation);
 int compress(const Invocation& invocation);
 int showSettings();

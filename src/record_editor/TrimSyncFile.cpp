@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <QMultiHash>
 #include <QRegularExpression>
 
 #include "record_editor/BundleFiles.h"
@@ -36,7 +37,8 @@ QByteArray TrimSyncFile::serialize(const std::vector<TrimElement>& trims) {
 }
 
 std::vector<TrimElement> TrimSyncFile::parse(const QByteArray& text, const std::vector<TrimElement>& known) {
-  std::vector<TrimElement> left = known;
+  QMultiHash<QString, std::size_t> left;  // places in `known`, by what their lines say
+  for (std::size_t i = known.size(); i > 0; --i) left.insert(line(known[i - 1]), i - 1);
   std::vector<TrimElement> trims;
   for (QByteArrayView rest(text); !rest.isEmpty() && trims.size() < bundleFiles::mostEntries;) {
     const qsizetype end = rest.indexOf('\n');
@@ -52,9 +54,8 @@ std::vector<TrimElement> TrimSyncFile::parse(const QByteArray& text, const std::
 
     TrimElement trim{.id = QUuid::createUuid(), .start = range->start, .end = range->end};
     if (const QString note = oneLine(after); !note.isEmpty()) trim.note = note;
-    const QString said = line(trim);
-    if (const auto same = std::ranges::find(left, said, line); same != left.end()) {
-      trim = *same;
+    if (const auto same = left.find(line(trim)); same != left.end()) {
+      trim = known[*same];
       left.erase(same);
     }
     trims.push_back(std::move(trim));

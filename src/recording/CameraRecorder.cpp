@@ -30,7 +30,7 @@ MoviePicture pictureOf(const std::shared_ptr<const CameraFrame>& frame) {
 
 struct CameraRecorder::State {
   std::deque<std::shared_ptr<const CameraFrame>> waiting;  ///< for the anchor: the movie may start with any of them
-  Movies* movies = nullptr;                          ///< null when nothing is written
+  Movies* movies = nullptr;                                ///< null when nothing is written
   QString outputURL;
   std::unique_ptr<MovieWriter> movie;
   RecordedTime time;

@@ -8,8 +8,8 @@
 
 #include "base/RunLoop.h"
 #include "base/SerialQueue.h"
-#include "platform/CameraCapture.h"
 #include "media/loaded_movies/Movies.h"
+#include "platform/CameraCapture.h"
 
 namespace vellora {
 

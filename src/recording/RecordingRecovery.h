@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "record_editor/RecordProjectBundle.h"
 #include "media/loaded_movies/Movies.h"
+#include "record_editor/RecordProjectBundle.h"
 
 namespace vellora {
 

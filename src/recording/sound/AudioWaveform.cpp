@@ -37,6 +37,23 @@ AudioWaveform::Envelope AudioWaveform::envelope(std::span<const float> peaks) {
   return envelope;
 }
 
+std::vector<float> AudioWaveform::extract(AudioReader& track, double rate, const GoesOn& goesOn) {
+  PeakAccumulator peaks(track.sampleRate(), track.channels(), rate);
+  for (;;) {
+    const auto samples = track.read();
+    if (!samples || samples->empty() || (goesOn && !goesOn())) return peaks.finish();
+    peaks.append(*samples);
+  }
+}
+
+AudioWaveform::Envelope AudioWaveform::load(Movies& movies, const std::filesystem::path& file, double rate,
+                                            const GoesOn& goesOn) {
+  const auto track = movies.openAudio(file, 0);
+  if (!track) return {};
+  const std::vector<float> peaks = extract(**track, rate, goesOn);
+  return goesOn && !goesOn() ? Envelope() : envelope(peaks);
+}
+
 AudioWaveform::PeakAccumulator::PeakAccumulator(int sampleRate, int channels, double rate)
     : channels_(std::max(channels, 1)),
       framesPerWindow_(std::max(1.0, std::max(sampleRate, 1) / (rate > 0 ? rate : samplesPerSecond))) {}

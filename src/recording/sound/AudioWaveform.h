@@ -2,8 +2,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
+#include <functional>
 #include <span>
 #include <vector>
+
+#include "media/loaded_movies/Movies.h"
 
 namespace vellora {
 
@@ -22,6 +26,15 @@ class AudioWaveform {
 
   /// Peaks that are negative or not finite count as silence.
   static Envelope envelope(std::span<const float> peaks);
+
+  /// Asked while a track is read; false ends it.
+  using GoesOn = std::function<bool()>;
+  /// The peaks of a track from its start, as far as it can be read.
+  static std::vector<float> extract(AudioReader& track, double samplesPerSecond, const GoesOn& goesOn = {});
+  /// The envelope of a file's first audio track; empty when it has none, cannot be read, or was ended on the way. An
+  /// hour takes seconds: not on the main thread.
+  static Envelope load(Movies& movies, const std::filesystem::path& file,
+                       double samplesPerSecond = AudioWaveform::samplesPerSecond, const GoesOn& goesOn = {});
 
   /// Collects the peaks of sound that comes in pieces.
   class PeakAccumulator {
