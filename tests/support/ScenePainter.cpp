@@ -137,15 +137,14 @@ void ScenePainter::fill(const PixelRect& area, std::uint32_t color) {
   xcb_poly_fill_rectangle(connection_, picture_, context_, 1, &rectangle);
 }
 
-void ScenePainter::paint(int number, bool flashes) {
-  for (int column = 0; column < columns && !flashes; ++column) {
+void ScenePainter::paint(int number) {
+  for (int column = 0; column < columns; ++column) {
     const int left = column * frame_.width / columns, right = (column + 1) * frame_.width / columns;
     const int from = number * speeds.at(static_cast<std::size_t>(column)) % frame_.height;
     xcb_copy_area(connection_, page_, picture_, context_, static_cast<std::int16_t>(left),
                   static_cast<std::int16_t>(from), static_cast<std::int16_t>(left), 0,
                   static_cast<std::uint16_t>(right - left), static_cast<std::uint16_t>(frame_.height));
   }
-  if (flashes) fill({0, 0, frame_.width, frame_.height}, white);
   for (int i = 0; i < blocks; ++i) {
     const std::uint32_t color = (number >> i & 1) != 0 ? white : black;
     fill({i * blockWidth, 0, blockWidth, blockHeight}, color);

@@ -29,9 +29,8 @@ class ScenePainter {
   bool isAlive() const { return xcb_connection_has_error(connection_) == 0; }
   PixelRect frame() const { return frame_; }
 
-  /// Shows the picture with this number, between its rows of blocks all white when it flashes; returns when it is on
-  /// the screen.
-  void paint(int number, bool flashes = false);
+  /// Shows the picture with this number; returns when it is on the screen.
+  void paint(int number);
 
  private:
   void makePage(Content content);
