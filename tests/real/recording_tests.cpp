@@ -220,7 +220,7 @@ Json documentIn(const fs::path& file) {
   return Json::parse(stream, nullptr, false);
 }
 
-/// Expects each number to be greater than the one before; a picture that stands is encoded once more at the end.
+/// Expects no frame to be torn, and each number and time to be greater than the one before.
 void expectWholeAndGrowing(const std::vector<DecodedFrame>& frames) {
   ASSERT_FALSE(frames.empty());
   for (std::size_t i = 0; i < frames.size(); ++i) {
