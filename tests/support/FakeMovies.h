@@ -53,7 +53,8 @@ class FakeMovies final : public Movies {
   Result<std::unique_ptr<VideoReader>, MediaFailure> openVideo(const std::filesystem::path&) override {
     return failure(MediaFailure{MediaError::noStreams, "nothing is kept"});
   }
-  Result<std::unique_ptr<AudioReader>, MediaFailure> openAudio(const std::filesystem::path&, std::size_t) override {
+  Result<std::unique_ptr<AudioReader>, MediaFailure> openAudio(const std::filesystem::path&, std::size_t,
+                                                               AudioForm) override {
     return failure(MediaFailure{MediaError::noStreams, "nothing is kept"});
   }
 

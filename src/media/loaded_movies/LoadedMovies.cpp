@@ -47,10 +47,10 @@ Result<std::unique_ptr<VideoReader>, MediaFailure> LoadedMovies::openVideo(const
 }
 
 Result<std::unique_ptr<AudioReader>, MediaFailure> LoadedMovies::openAudio(const std::filesystem::path& file,
-                                                                           std::size_t track) {
+                                                                           std::size_t track, AudioForm form) {
   Movies* const movies = loaded();
   if (movies == nullptr) return failure(MediaFailure{MediaError::unsupported, notInstalled});
-  return movies->openAudio(file, track);
+  return movies->openAudio(file, track, form);
 }
 
 }  // namespace vellora

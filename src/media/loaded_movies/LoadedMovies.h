@@ -13,8 +13,8 @@ class LoadedMovies final : public Movies {
   Result<RepairedMovie, MovieFailure> repair(const std::filesystem::path& file) override;
   Result<MovieSummary, MediaFailure> summarize(const std::filesystem::path& file) override;
   Result<std::unique_ptr<VideoReader>, MediaFailure> openVideo(const std::filesystem::path& file) override;
-  Result<std::unique_ptr<AudioReader>, MediaFailure> openAudio(const std::filesystem::path& file,
-                                                               std::size_t track) override;
+  Result<std::unique_ptr<AudioReader>, MediaFailure> openAudio(const std::filesystem::path& file, std::size_t track,
+                                                               AudioForm form) override;
 };
 
 }  // namespace vellora

@@ -30,7 +30,7 @@ class Movies {
   virtual Result<std::unique_ptr<VideoReader>, MediaFailure> openVideo(const std::filesystem::path& file) = 0;
   /// An audio track, counted in the file's order; `noStreams` when there is none with this number.
   virtual Result<std::unique_ptr<AudioReader>, MediaFailure> openAudio(const std::filesystem::path& file,
-                                                                       std::size_t track) = 0;
+                                                                       std::size_t track, AudioForm form = {}) = 0;
 };
 
 }  // namespace vellora

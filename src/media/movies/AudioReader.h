@@ -8,6 +8,12 @@
 
 namespace vellora {
 
+/// What a track is to be converted to while it is read; 0: as the file has it.
+struct AudioForm {
+  int sampleRate = 0;
+  int channels = 0;
+};
+
 /// One audio track decoded into interleaved floats, from the file's start to the track's end, at one rate and with one
 /// number of channels. Gaps come as silence. Used by one thread at a time.
 class AudioReader {

@@ -53,11 +53,11 @@ bool takeLayout(AVChannelLayout& to, const AVChannelLayout& from) {
 }  // namespace
 
 Result<std::unique_ptr<AudioTrackReader>, MediaFailure> AudioTrackReader::open(const std::filesystem::path& file,
-                                                                               std::size_t track) {
+                                                                               std::size_t track, AudioForm form) {
   auto input = FileInput::open(file);
   if (!input) return failure(std::move(input.error()));
   std::unique_ptr<AudioTrackReader> reader(new AudioTrackReader(std::move(*input), file.string()));
-  if (auto started = reader->start(track); !started) return failure(std::move(started.error()));
+  if (auto started = reader->start(track, form); !started) return failure(std::move(started.error()));
   return reader;
 }
 
@@ -66,7 +66,7 @@ AudioTrackReader::~AudioTrackReader() {
   av_channel_layout_uninit(&frameLayout_);
 }
 
-Result<void, MediaFailure> AudioTrackReader::start(std::size_t track) {
+Result<void, MediaFailure> AudioTrackReader::start(std::size_t track, AudioForm form) {
   input_ = file_.start();
   if (input_ == nullptr) return failure(MediaFailure{MediaError::unreadable, "Cannot read " + name_});
   auto format = openContainer(*input_, name_);
@@ -82,6 +82,11 @@ Result<void, MediaFailure> AudioTrackReader::start(std::size_t track) {
     return failure(MediaFailure{MediaError::unsupported, "The audio of " + name_ + " is in " +
                                                              avcodec_get_name(stream_->codecpar->codec_id) +
                                                              ", which cannot be decoded here"});
+  }
+  if (form.sampleRate > 0) rate_ = std::min(form.sampleRate, mostRate);
+  if (form.channels > 0) {
+    av_channel_layout_uninit(&layout_);
+    av_channel_layout_default(&layout_, std::min(form.channels, mostChannels));
   }
   return {};
 }

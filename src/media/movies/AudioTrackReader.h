@@ -18,14 +18,15 @@
 
 namespace vellora {
 
-/// Decodes one audio track of a media file, whatever its format, at the rate and with the channels it begins with. Gaps
+/// Decodes one audio track of a media file, whatever its format, at the rate and with the channels it begins with, or
+/// those that are asked for. Gaps
 /// in it, before its first sample too, come as silence, what overlaps is left out, and so is what cannot be decoded.
 /// Holds a few packets at a time.
 class AudioTrackReader final : public AudioReader {
  public:
   /// `track`: of the audio tracks in the file's order. `noStreams` when there is none with this number.
   static Result<std::unique_ptr<AudioTrackReader>, MediaFailure> open(const std::filesystem::path& file,
-                                                                      std::size_t track = 0);
+                                                                      std::size_t track = 0, AudioForm form = {});
   ~AudioTrackReader() override;
 
   int sampleRate() const override { return rate_; }
@@ -37,7 +38,7 @@ class AudioTrackReader final : public AudioReader {
  private:
   AudioTrackReader(FileInput file, std::string name) : file_(std::move(file)), name_(std::move(name)) {}
 
-  Result<void, MediaFailure> start(std::size_t track);
+  Result<void, MediaFailure> start(std::size_t track, AudioForm form);
   bool openDecoder();
   /// Gives the decoder another packet, or finds the end.
   Result<void, MediaFailure> feed();

@@ -12,6 +12,7 @@
 #include "kit/Button.h"
 #include "kit/TextLabel.h"
 #include "kit/Theme.h"
+#include "kit/TimeText.h"
 #include "kit/Tokens.h"
 #include "recording/ui/BarControls.h"
 #include "recording/ui/ScreenPlaces.h"
@@ -61,13 +62,6 @@ int clampedStart(int wanted, int length, int from, int to) {
 }
 
 }  // namespace
-
-QString elapsedText(double seconds) {
-  const auto whole = static_cast<long long>(std::max(0.0, std::floor(seconds + 1e-9)));
-  const auto two = [](long long number) { return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0')); };
-  const QString tail = two(whole / 60 % 60) + QLatin1Char(':') + two(whole % 60);
-  return whole < 3600 ? tail : QStringLiteral("%1:%2").arg(whole / 3600).arg(tail);
-}
 
 QRect barPlace(const QSize& bar, const QRect& beside, const QRect& available) {
   const QRect room = available.adjusted(tokens::space2, tokens::space2, -tokens::space2, -tokens::space2);

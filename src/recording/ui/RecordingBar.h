@@ -16,9 +16,6 @@ class IconButton;
 class LevelMeter;
 class StartButton;
 
-/// Recorded time as a person reads it: "00:12", from an hour on "1:02:03".
-QString elapsedText(double seconds);
-
 /// Where a bar goes beside what is recorded, in points: below it, else above it, else inside at its lower edge.
 QRect barPlace(const QSize& bar, const QRect& beside, const QRect& available);
 

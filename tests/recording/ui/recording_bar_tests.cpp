@@ -13,6 +13,7 @@
 #include "recording/ui/BarControls.h"
 #include "recording/ui/CameraBubble.h"
 #include "recording/ui/QtRecordingPresenter.h"
+#include "kit/TimeText.h"
 #include "recording/ui/RecordingBar.h"
 #include "recording/ui/RecordingBorder.h"
 #include "recording/ui/RegionPanel.h"

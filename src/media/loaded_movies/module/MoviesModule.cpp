@@ -24,9 +24,9 @@ class LibavMovies final : public Movies {
   Result<std::unique_ptr<VideoReader>, MediaFailure> openVideo(const std::filesystem::path& file) override {
     return VideoTrackReader::open(file);
   }
-  Result<std::unique_ptr<AudioReader>, MediaFailure> openAudio(const std::filesystem::path& file,
-                                                               std::size_t track) override {
-    return AudioTrackReader::open(file, track);
+  Result<std::unique_ptr<AudioReader>, MediaFailure> openAudio(const std::filesystem::path& file, std::size_t track,
+                                                               AudioForm form) override {
+    return AudioTrackReader::open(file, track, form);
   }
 };
 
