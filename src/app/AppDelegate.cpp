@@ -292,7 +292,8 @@ MenuState AppDelegate::menuState() {
   for (const RecordingBundle& bundle : listRecordings(recordings_.projectsFolder())) {
     state.recordings.push_back({bundle.name, bundle.path});
   }
-  state.canCleanUpRecordings = !state.recordings.empty();
+  const auto openCount = static_cast<std::size_t>(recordings_.openBundles().size());
+  state.canCleanUpRecordings = state.recordings.size() > openCount;
   state.recording = phaseOf(recordings_.state());
   state.hasClickThroughPins = windows_.hasClickThroughPins();
   for (const HotKeyAction action : allHotKeyActions) {
@@ -404,7 +405,9 @@ void AppDelegate::openRecordingsFolder() {
 }
 
 void AppDelegate::cleanUpRecordings() {
-  const auto bundles = listRecordings(recordings_.projectsFolder());
+  const QStringList open = recordings_.openBundles();
+  auto bundles = listRecordings(recordings_.projectsFolder());
+  std::erase_if(bundles, [&](const RecordingBundle& bundle) { return open.contains(bundle.path); });
   if (bundles.empty()) return;
   qint64 bytes = 0;
   for (const RecordingBundle& bundle : bundles) bytes += totalSize(bundle.path);

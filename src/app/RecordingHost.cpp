@@ -63,7 +63,11 @@ struct RecordingHost::Engine {
 };
 
 RecordingHost::RecordingHost(AppServices& services, CaptureCommands& captures, Actions actions)
-    : services_(services), captures_(captures), actions_(std::move(actions)), files_(services.fileNames) {}
+    : services_(services),
+      captures_(captures),
+      actions_(std::move(actions)),
+      files_(services.fileNames),
+      player_(services, movies_, [this] { actions_.windowsChanged(); }) {}
 
 RecordingHost::~RecordingHost() = default;
 
@@ -156,15 +160,11 @@ void RecordingHost::endAndWait() {
     });
     if (!isIdle()) loop.exec();
   }
+  player_.close();
 }
 
 void RecordingHost::open(const QString& bundle) {
-  // The player comes with the recording editor; until then the movie opens where the desktop plays movies.
-  const auto project = RecordProjectBundle::open(bundle);
-  if (project) {
-    services_.urlOpener.openFile(project->videoURL());
-    return;
-  }
+  if (const auto project = RecordProjectBundle::open(bundle)) return player_.open(*project);
   //% "This recording cannot be opened: it has no movie"
   actions_.tell(warningIcon, qtTrId("toast.recordingNotOpened"), true);
 }
@@ -216,7 +216,7 @@ void RecordingHost::importVideo(const QString& file) {
 }
 
 bool RecordingHost::hasOpenWindows() const {
-  return !isIdle();
+  return !isIdle() || player_.hasOpenWindows();
 }
 
 }  // namespace vellora

@@ -7,16 +7,17 @@
 
 #include <QString>
 
+#include "app/PlayerHost.h"
 #include "base/Lifetime.h"
 #include "base/SerialQueue.h"
 #include "capture/CaptureCommands.h"
+#include "media/loaded_movies/LoadedMovies.h"
 #include "platform/linux/audio/LoadedAudioCapture.h"
 #include "platform/linux/camera/LoadedCameraCapture.h"
 #include "platform/linux/desktop/PasswordFocus.h"
 #include "platform/linux/desktop/SleepWatch.h"
 #include "platform/linux/x11/X11EventTap.h"
 #include "platform/linux/x11/X11ScreenStream.h"
-#include "media/loaded_movies/LoadedMovies.h"
 #include "recording/RecordingController.h"
 #include "recording/ui/QtRecordingPresenter.h"
 
@@ -62,6 +63,8 @@ class RecordingHost {
   /// Ends what is being recorded and waits until it is whole; closes the windows.
   void endAndWait();
   bool hasOpenWindows() const;
+  /// The folders of the projects that are shown in a window.
+  QStringList openBundles() const { return player_.openBundles(); }
   /// Where the projects are, whether or not the folder exists.
   QString projectsFolder() const { return files_.projectsPath(); }
 
@@ -77,6 +80,7 @@ class RecordingHost {
   const Actions actions_;
   RecordingFiles files_;
   LoadedMovies movies_;
+  PlayerHost player_;
   std::unique_ptr<Engine> engine_;
   std::atomic<bool> isEnding_ = false;
   SerialQueue queue_{"dev.orlo.vellora.projects"};
