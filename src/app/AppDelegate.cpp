@@ -345,6 +345,10 @@ bool AppDelegate::reopenEntry(int index) {
 }
 
 void AppDelegate::editFile(const QString& path, std::function<void(const QString&)> done) {
+  if (const auto project = RecordProjectBundle::open(path)) {
+    recordings_.open(project->path());
+    return done({});
+  }
   pictureLoading_.loadFromFile(path, [this, done = std::move(done)](const PictureLoading::Outcome& outcome) {
     if (outcome) openLoaded(outcome);
     // A resident program has looked when it started.

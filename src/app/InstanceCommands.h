@@ -13,7 +13,7 @@ class InstanceCommands {
   struct Windows {
     /// Opens the history's entry of that index; false when there is none.
     std::function<bool(int index)> reopen;
-    /// Opens a picture file in the editor and calls back with what was wrong for a person, empty when nothing.
+    /// Opens a picture file or a recording project and calls back with what was wrong for a person, empty when nothing.
     std::function<void(const QString& path, std::function<void(const QString& problem)> done)> edit;
     /// Opens the compressor with these files and folders, which may be none.
     std::function<void(const QStringList& paths)> compress;

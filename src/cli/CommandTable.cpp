@@ -56,8 +56,8 @@ const OptionDescription& pictureOutput() {
 VerbDescription editVerb() {
   VerbDescription verb;
   verb.name = "edit";
-  verb.summary = "open pictures in the editor";
-  verb.arguments = {{"FILE", "a picture", true, {}, true, ValueHint::File}};
+  verb.summary = "open pictures and recording projects";
+  verb.arguments = {{"FILE", "a picture, or the folder of a recording project", true, {}, true, ValueHint::File}};
   return verb;
 }
 

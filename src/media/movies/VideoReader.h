@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 
 #include "base/Result.h"
@@ -30,9 +29,12 @@ class VideoReader {
   virtual bool seek(double time) = 0;
   /// Of the current picture.
   virtual PictureSpan span() const = 0;
-  /// Draws the current picture, stretched over `width` × `height` pixels of 32 bits, blue first, opaque. False when
-  /// there is none or it cannot be shown.
-  virtual bool draw(std::uint32_t* pixels, std::ptrdiff_t bytesPerRow, int width, int height) = 0;
+  /// Draws the current picture, stretched over `width` × `height` pixels of 32 bits, blue first, opaque; rows have
+  /// room for `pixelsPerRow(width)`, and what is behind `width` may be anything. False when there is none or it cannot
+  /// be shown.
+  virtual bool draw(std::uint32_t* pixels, int width, int height) = 0;
+  /// Pixels from one drawn row to the next.
+  static constexpr int pixelsPerRow(int width) { return (width + 15) / 16 * 16; }
 };
 
 }  // namespace vellora

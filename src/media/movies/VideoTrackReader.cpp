@@ -161,7 +161,7 @@ PictureSpan VideoTrackReader::span() const {
   return {static_cast<double>(current_.time) / 1e6, static_cast<double>(std::max(end, current_.time)) / 1e6};
 }
 
-bool VideoTrackReader::draw(std::uint32_t* pixels, std::ptrdiff_t bytesPerRow, int width, int height) {
+bool VideoTrackReader::draw(std::uint32_t* pixels, int width, int height) {
   if (!current_ || width <= 0 || height <= 0) return false;
   const FramePointer picture = converter_->convert(*current_.frame);
   if (picture == nullptr) return false;
@@ -174,7 +174,8 @@ bool VideoTrackReader::draw(std::uint32_t* pixels, std::ptrdiff_t bytesPerRow, i
   sws_setColorspaceDetails(scaler_.get(), sws_getCoefficients(matrix), 0, sws_getCoefficients(matrix), 1, 0, 1 << 16,
                            1 << 16);
   auto* to = reinterpret_cast<std::uint8_t*>(pixels);
-  const int stride = static_cast<int>(bytesPerRow);
+  // Without this room at their ends, the scaler leaves the last pixels of rows out.
+  const int stride = pixelsPerRow(width) * 4;
   return sws_scale(scaler_.get(), picture->data, picture->linesize, 0, picture->height, &to, &stride) >= 0;
 }
 

@@ -27,7 +27,7 @@ class VideoTrackReader final : public VideoReader {
   bool next() override;
   bool seek(double time) override;
   PictureSpan span() const override;
-  bool draw(std::uint32_t* pixels, std::ptrdiff_t bytesPerRow, int width, int height) override;
+  bool draw(std::uint32_t* pixels, int width, int height) override;
 
  private:
   /// A decoded picture, or none, and when it begins to be seen, in microseconds.

@@ -65,9 +65,9 @@ ShownPicturePtr PictureFeed::draw(int width, int height) {
   picture->span = reader_->span();
   picture->width = width;
   picture->height = height;
-  picture->pixels.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
-  const std::ptrdiff_t bytesPerRow = std::ptrdiff_t{width} * 4;
-  return reader_->draw(picture->pixels.data(), bytesPerRow, width, height) ? picture : nullptr;
+  const auto rowPixels = static_cast<std::size_t>(VideoReader::pixelsPerRow(width));
+  picture->pixels.resize(rowPixels * static_cast<std::size_t>(height));
+  return reader_->draw(picture->pixels.data(), width, height) ? picture : nullptr;
 }
 
 void PictureFeed::run() {

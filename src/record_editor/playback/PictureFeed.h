@@ -19,7 +19,7 @@ struct ShownPicture {
   PictureSpan span;
   int width = 0;  ///< pixels
   int height = 0;
-  std::vector<std::uint32_t> pixels;  ///< blue first, opaque, without gaps between rows
+  std::vector<std::uint32_t> pixels;  ///< blue first, opaque, as VideoReader draws them
 };
 using ShownPicturePtr = std::shared_ptr<const ShownPicture>;
 

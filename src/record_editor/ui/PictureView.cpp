@@ -21,7 +21,7 @@ constexpr double cameraBorder = 2;
 /// The picture without a copy; `picture` outlives it.
 QImage imageOf(const ShownPicture& picture) {
   return {reinterpret_cast<const uchar*>(picture.pixels.data()), picture.width, picture.height,
-          static_cast<qsizetype>(picture.width) * 4, QImage::Format_RGB32};
+          static_cast<qsizetype>(VideoReader::pixelsPerRow(picture.width)) * 4, QImage::Format_RGB32};
 }
 
 }  // namespace

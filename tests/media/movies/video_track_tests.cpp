@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <filesystem>
@@ -18,9 +19,9 @@ constexpr char counted[] = "-f lavfi -i nullsrc=s=96x64:r=25:d=2,format=yuv420p,
 
 /// The number of the current picture of `counted`; -1 when it cannot be drawn.
 int numberOf(VideoReader& reader) {
-  std::array<std::uint32_t, 12> pixels{};
-  if (!reader.draw(pixels.data(), 16, 4, 3)) return -1;
-  const double gray = pixels[5] & 0xFF;
+  std::array<std::uint32_t, 16 * 3> pixels{};
+  if (!reader.draw(pixels.data(), 4, 3)) return -1;
+  const double gray = pixels[16 + 1] & 0xFF;
   return static_cast<int>(std::lround(gray * 219 / 255 / 4));
 }
 
@@ -60,6 +61,20 @@ TEST(VideoTrackReaderTest, GoesToThePictureThatIsSeenAtAnyTime) {
   }
 }
 
+TEST(VideoTrackReaderTest, FillsPicturesOfEverySizeToTheirEdges) {
+  const auto opened =
+      VideoTrackReader::open(makeSample("white.mp4", "-f lavfi -i color=white:s=100x62:d=1 -c:v libx264"));
+  ASSERT_TRUE(opened);
+  for (int width = 84; width <= 116; ++width) {
+    std::vector<std::uint32_t> pixels(static_cast<std::size_t>(VideoReader::pixelsPerRow(width)) * 62);
+    ASSERT_TRUE((*opened)->draw(pixels.data(), width, 62));
+    for (int y = 0; y < 62; ++y) {
+      const auto* row = &pixels[static_cast<std::size_t>(y * VideoReader::pixelsPerRow(width))];
+      ASSERT_EQ(std::count_if(row, row + width, [](std::uint32_t color) { return (color & 255) > 250; }), width) << y;
+    }
+  }
+}
+
 TEST(VideoTrackReaderTest, ShowsPicturesUprightInTheirColors) {
   // Red above blue, turned by a quarter: red is on the left.
   const std::string halves = "-f lavfi -i color=red:s=96x32:r=10:d=1 -f lavfi -i color=blue:s=96x32:r=10:d=1 ";
@@ -72,7 +87,7 @@ TEST(VideoTrackReaderTest, ShowsPicturesUprightInTheirColors) {
   VideoReader& reader = **opened;
   const bool isTurned = reader.width() == 64 && reader.height() == 96;
   std::array<std::uint32_t, 64 * 96> pixels{};
-  ASSERT_TRUE(reader.draw(pixels.data(), reader.width() * 4, reader.width(), reader.height()));
+  ASSERT_TRUE(reader.draw(pixels.data(), reader.width(), reader.height()));
   const auto isNear = [](std::uint32_t color, int red, int green, int blue) {
     return std::abs(int((color >> 16) & 255) - red) < 6 && std::abs(int((color >> 8) & 255) - green) < 6 &&
            std::abs(int(color & 255) - blue) < 6 && color >> 24 == 255;
