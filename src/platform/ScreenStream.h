@@ -51,11 +51,14 @@ struct ScreenStreamCounts {
   std::uint64_t late = 0;      ///< moments of the frame clock that passed while one was taken
 };
 
-/// A running stream. Destroying it stops it; after that no callback comes. Main thread.
+/// A running stream. Destroying it stops it. Main thread.
 class ScreenStream {
  public:
   virtual ~ScreenStream() = default;
+  /// Final once the stream is stopped.
   virtual ScreenStreamCounts counts() const = 0;
+  /// Waits for the stream's thread: after that no callback comes.
+  virtual void stop() = 0;
   /// Asks for one more frame of the picture as it is, though nothing changed; at the end of a recording, for its
   /// length. Any thread.
   virtual void requestFrame() = 0;

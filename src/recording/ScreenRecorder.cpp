@@ -184,8 +184,14 @@ void ScreenRecorder::marks(std::function<void(std::vector<double>, std::vector<R
 
 void ScreenRecorder::finish(std::function<void(Result<Outcome, RecordingError>)> done) {
   const double now = runLoop_.hostTime();
-  const ScreenStreamCounts counts = stream_ ? stream_->counts() : ScreenStreamCounts{};
-  stream_.reset();
+  // At once: by the time the queue comes to it, there may be sound from beyond.
+  for (const auto& sound : sounds_) sound->end(now);
+  ScreenStreamCounts counts;
+  if (stream_) {
+    stream_->stop();
+    counts = stream_->counts();
+    stream_.reset();
+  }
   outputQueue_.async([this, now, counts, done = std::move(done)] {
     State& state = *state_;
     const double end = state.position(now);

@@ -84,6 +84,11 @@ void SoundTrack::advance(double hostTime) {
   change([&] { timeline_.advance(hostTime); });
 }
 
+void SoundTrack::end(double hostTime) {
+  const std::lock_guard lock(mutex_);
+  timeline_.end(hostTime);
+}
+
 void SoundTrack::finish(double hostTime) {
   const std::lock_guard lock(mutex_);
   onSamples_ = nullptr;

@@ -48,7 +48,9 @@ class SoundTrack {
   void resume(double hostTime);
   /// Tells the time, so that silence takes the place of what does not come. About once a second.
   void advance(double hostTime);
-  /// Makes everything until this host time ready for `take`; nothing follows.
+  /// Leaves out what is heard from this host time on; what was heard before may still be under way.
+  void end(double hostTime);
+  /// Makes everything until this host time, or the one of `end`, ready for `take`; nothing follows.
   void finish(double hostTime);
 
   struct Samples {

@@ -152,6 +152,16 @@ TEST_F(ScreenRecorderTest, dropsFramesForABusyEncoderWithoutWaiting) {
   EXPECT_EQ(outcome->report.notReady, 3U);
 }
 
+TEST_F(ScreenRecorderTest, countsAFrameThatComesWhileItEnds) {
+  start();
+  screen_.frame(1);
+  screen_.whileStopping = [this] { screen_.frame(2); };
+  const auto outcome = finish();
+  ASSERT_TRUE(outcome);
+  EXPECT_EQ(outcome->report.written, 2U);
+  EXPECT_EQ(outcome->report.stream.captured, 2U);
+}
+
 TEST_F(ScreenRecorderTest, tellsWhatFails) {
   screen_.refusal = ScreenCaptureError::WindowGone;
   auto movie = movies_.create("a", {}, {});

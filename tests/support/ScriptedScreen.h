@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -22,6 +24,7 @@ class ScriptedScreen final : public ScreenStreamService {
 
   void frame(double time, bool isComplete = true) {
     if (!isStreaming) return;
+    ++captured;
     auto frame = std::make_shared<ScreenFrame>();
     frame->width = lastConfiguration.area.width;
     frame->height = lastConfiguration.area.height;
@@ -40,14 +43,20 @@ class ScriptedScreen final : public ScreenStreamService {
   ScreenStreamConfiguration lastConfiguration;
   bool isStreaming = false;
   int requests = 0;
-  std::vector<WindowId> leftOut;  ///< as they are by now
+  std::uint64_t captured = 0;
+  std::function<void()> whileStopping;  ///< what a stream still does when it is told to end
+  std::vector<WindowId> leftOut;        ///< as they are by now
 
  private:
   class Stream final : public ScreenStream {
    public:
     explicit Stream(ScriptedScreen& screen) : screen_(screen) {}
     ~Stream() override { screen_.isStreaming = false; }
-    ScreenStreamCounts counts() const override { return {}; }
+    ScreenStreamCounts counts() const override { return {.captured = screen_.captured}; }
+    void stop() override {
+      if (screen_.whileStopping) screen_.whileStopping();
+      screen_.isStreaming = false;
+    }
     void requestFrame() override { ++screen_.requests; }
     void setLeftOut(std::vector<WindowId> windows) override { screen_.leftOut = std::move(windows); }
 

@@ -151,12 +151,17 @@ void AudioTimeline::resume(double hostTime) {
   pauses_.back().to = frameAt(hostTime) + pauses_.back().tooMany;
 }
 
+void AudioTimeline::end(double hostTime) {
+  if (!endTime_ && std::isfinite(hostTime)) endTime_ = hostTime;
+}
+
 void AudioTimeline::finish(double hostTime) {
   if (isFinished_) return;
-  if (hasBegun_ && std::isfinite(hostTime)) {
-    end_ = frameAt(hostTime);
-    const double missing = static_cast<double>(*end_ - produced_) / rate;
-    if (missing <= longestGap) fillTo(*end_, missing > usualDelay);
+  end(hostTime);
+  if (hasBegun_ && endTime_) {
+    const Frame last = frameAt(*endTime_);
+    const double missing = static_cast<double>(last - produced_) / rate;
+    if (missing <= longestGap) fillTo(last, missing > usualDelay);
   }
   isFinished_ = true;
 }
@@ -182,7 +187,7 @@ void AudioTimeline::keep(std::span<const float> samples) {
 void AudioTimeline::cut(std::span<const float> samples) {
   while (!samples.empty()) {
     while (!pauses_.empty() && pauses_.front().to <= cutAt_) pauses_.pop_front();
-    Frame wantedFrom = firstFrame_, wantedTo = end_.value_or(std::numeric_limits<Frame>::max());
+    Frame wantedFrom = firstFrame_, wantedTo = endTime_ ? frameAt(*endTime_) : std::numeric_limits<Frame>::max();
     if (!pauses_.empty()) {
       if (cutAt_ >= pauses_.front().from) {
         wantedFrom = std::max(wantedFrom, pauses_.front().to);

@@ -49,7 +49,10 @@ class AudioTimeline {
   void pause(double hostTime);
   void resume(double hostTime);
 
-  /// Puts out everything until this host time, with silence for what has not come; nothing follows.
+  /// The recording ends at this host time: nothing from beyond it is put out. The first call counts.
+  void end(double hostTime);
+  /// Puts out everything until end(), which is this host time if it was not told before, with silence for what has not
+  /// come; nothing follows.
   void finish(double hostTime);
 
   const AudioTimelineReport& report() const { return report_; }
@@ -103,7 +106,7 @@ class AudioTimeline {
   bool isPaused_ = false;
   Frame cutAt_ = 0;  // the next frame that cut() gets
   Frame firstFrame_ = 0;
-  std::optional<Frame> end_;
+  std::optional<double> endTime_;  // host time
   std::deque<Pause> pauses_;
 
   Frame writtenFrames_ = 0;

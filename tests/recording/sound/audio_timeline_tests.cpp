@@ -200,6 +200,23 @@ TEST(AudioTimelineTest, PausesAreCutOutWhenTheirSoundComesLate) {
   EXPECT_EQ(recording.timeline.report().gaps, 0U) << "what is still under way at the end is not missing";
 }
 
+TEST(AudioTimelineTest, WhatWasHeardBeforeTheEndMayComeAfterIt) {
+  Microphone microphone;
+  microphone.sound = [](double) { return 0.5F; };
+  for (const bool isBegunLate : {false, true}) {
+    Recording recording;
+    const double begin = microphone.now();
+    if (!isBegunLate) recording.timeline.begin(begin);
+    microphone.recordUntil(recording.timeline, begin + 0.9);
+    recording.timeline.end(begin + 1);
+    microphone.recordUntil(recording.timeline, begin + 1.1);
+    if (isBegunLate) recording.timeline.begin(begin);
+    recording.timeline.finish(begin + 1.05);
+    ASSERT_EQ(recording.samples.size(), static_cast<std::size_t>(rate));
+    EXPECT_NEAR(recording.samples.back(), 0.5, 0.01);
+  }
+}
+
 TEST(AudioTimelineTest, APauseToldLateCostsNoStep) {
   Recording recording;
   Microphone microphone;

@@ -56,7 +56,7 @@ class X11ScreenStream final : public ScreenStream {
     if (showsCursor_ || callbacks_.onPointer) pointer_.emplace(*connection_);
   }
   ~X11ScreenStream() override {
-    stop();
+    X11ScreenStream::stop();
     // What lives on the server goes before the connection to it.
     pointer_.reset();
     buffers_.reset();
@@ -78,6 +78,19 @@ class X11ScreenStream final : public ScreenStream {
 
   ScreenStreamCounts counts() const override { return {captured_, dropped_, late_}; }
 
+  void stop() override {
+    if (!thread_.joinable()) return;
+    stopping_ = true;
+    wake();
+    {
+      std::unique_lock lock(mutex_);
+      const bool ended = changed_.wait_for(lock, patience, [this] { return ended_; });
+      // The thread waits for an answer that does not come; without a connection it does not.
+      if (!ended) shutdown(xcb_get_file_descriptor(connection_->get()), SHUT_RDWR);
+    }
+    thread_.join();
+  }
+
   void requestFrame() override {
     requested_ = true;
     wake();
@@ -95,19 +108,6 @@ class X11ScreenStream final : public ScreenStream {
   void wake() {
     const std::uint64_t one = 1;
     [[maybe_unused]] const auto written = write(wake_, &one, sizeof one);
-  }
-
-  void stop() {
-    if (!thread_.joinable()) return;
-    stopping_ = true;
-    wake();
-    {
-      std::unique_lock lock(mutex_);
-      const bool ended = changed_.wait_for(lock, patience, [this] { return ended_; });
-      // The thread waits for an answer that does not come; without a connection it does not.
-      if (!ended) shutdown(xcb_get_file_descriptor(connection_->get()), SHUT_RDWR);
-    }
-    thread_.join();
   }
 
   void run() {
