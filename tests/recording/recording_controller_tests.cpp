@@ -232,7 +232,7 @@ TEST_F(RecordingControllerTest, writesTheCameraOnTheSameAxis) {
   cameras_.frame(0.5);
   startRecording();
   const double first = loop_.hostTime();
-  loop_.runUntil([this] { return !movies_.movies.empty(); });
+  loop_.runUntil([this] { return !movies_.isEmpty(); });
   cameras_.frame(first + 0.25);
   loop_.advance(1);
   cameras_.frame(first + 1);
@@ -287,7 +287,7 @@ TEST_F(RecordingControllerTest, writesSoundFromTheFirstFrameOnWithoutPauses) {
   ASSERT_TRUE(loop_.runUntil([this] { return windows_.bar->micLevel > 0.5; }));
 
   startRecording();
-  ASSERT_TRUE(loop_.runUntil([this] { return !movies_.movies.empty(); }));
+  ASSERT_TRUE(loop_.runUntil([this] { return !movies_.isEmpty(); }));
   const auto movie = movies_.movies.begin()->second;
   ASSERT_EQ(movie->settings.sounds.size(), 2U);
   EXPECT_EQ(movie->settings.sounds[0].channels, 1);

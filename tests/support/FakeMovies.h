@@ -3,6 +3,7 @@
 #include <fstream>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <vector>
 
@@ -34,6 +35,7 @@ class FakeMovies final : public Movies {
     auto written = std::make_shared<WrittenMovie>();
     written->settings = settings;
     written->soundSamples.resize(settings.sounds.size());
+    const std::lock_guard lock(mutex_);
     movies[QString::fromStdString(path.string())] = written;
     return std::make_unique<Movie>(written);
   }
@@ -56,6 +58,12 @@ class FakeMovies final : public Movies {
   Result<std::unique_ptr<AudioReader>, MediaFailure> openAudio(const std::filesystem::path&, std::size_t,
                                                                AudioForm) override {
     return failure(MediaFailure{MediaError::noStreams, "nothing is kept"});
+  }
+
+  /// While recorders still run.
+  bool isEmpty() const {
+    const std::lock_guard lock(mutex_);
+    return movies.empty();
   }
 
   bool isRefused = false;
@@ -87,6 +95,8 @@ class FakeMovies final : public Movies {
    private:
     std::shared_ptr<WrittenMovie> written_;
   };
+
+  mutable std::mutex mutex_;  // of movies
 };
 
 }  // namespace vellora::test
