@@ -120,23 +120,28 @@ void CameraRecorder::resume(double at) {
 }
 
 void CameraRecorder::finishWriting(double at, std::function<void(bool)> done) {
-  stream_.reset();
   outputQueue_.async([this, at, done = std::move(done)] {
-    State& state = *state_;
-    if (!state.movie) return runLoop_.post([done] { done(false); });
-    // The movie ends on the main thread, not on its own one, where the callback runs.
-    auto movie = std::make_shared<std::unique_ptr<MovieWriter>>(std::move(state.movie));
-    MovieWriter& ending = **movie;
-    ending.finish(
-        state.time.at(at) - *state.anchorTime,
-        [&runLoop = runLoop_, movie, done](const Result<MovieWriter::Summary, MovieFailure>& written) {
-          if (!written) {
-            log::error(QStringLiteral("camera writer failed: ") + QString::fromStdString(written.error().message));
-          }
-          runLoop.post([ended = std::shared_ptr<MovieWriter>(std::move(*movie)), done, isWhole = written.has_value()] {
-            done(isWhole);
-          });
-        });
+    stream_.reset();
+    // Behind the pictures that came until it was closed.
+    outputQueue_.async([this, at, done] { end(at, done); });
+  });
+}
+
+void CameraRecorder::end(double at, const std::function<void(bool)>& done) {
+  State& state = *state_;
+  state.movies = nullptr;
+  if (!state.movie) return runLoop_.post([done] { done(false); });
+  // The movie ends on the main thread, not on its own one, where the callback runs.
+  auto movie = std::make_shared<std::unique_ptr<MovieWriter>>(std::move(state.movie));
+  MovieWriter& ending = **movie;
+  ending.finish(state.time.at(at) - *state.anchorTime, [&runLoop = runLoop_, movie, done](
+                                                           const Result<MovieWriter::Summary, MovieFailure>& written) {
+    if (!written) {
+      log::error(QStringLiteral("camera writer failed: ") + QString::fromStdString(written.error().message));
+    }
+    runLoop.post([ended = std::shared_ptr<MovieWriter>(std::move(*movie)), done, isWhole = written.has_value()] {
+      done(isWhole);
+    });
   });
 }
 

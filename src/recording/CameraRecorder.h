@@ -14,7 +14,8 @@
 namespace vellora {
 
 /// A camera: shown from the moment it is opened, written into a movie on the time axis of the screen's once that has
-/// its first frame. The main thread calls it; pictures are handled on the queue "dev.orlo.vellora.camera.output".
+/// its first frame. Opening it and closing it take as long as the device does: not on the main thread, which
+/// calls the rest. Pictures are handled on the queue "dev.orlo.vellora.camera.output".
 class CameraRecorder {
  public:
   /// The size asked of the camera.
@@ -32,6 +33,8 @@ class CameraRecorder {
   ~CameraRecorder();
 
   Result<void, CameraCaptureError> open(CameraCapture& cameras, const QString& deviceID);
+  /// Ends the camera; what is written stays open until finishWriting().
+  void close() { stream_.reset(); }
 
   /// Writes into a movie of its own, made with the first picture, whose size it has.
   void startWriting(Movies& movies, const QString& outputURL);
@@ -44,6 +47,8 @@ class CameraRecorder {
 
  private:
   struct State;
+
+  void end(double at, const std::function<void(bool)>& done);
 
   RunLoop& runLoop_;
   Callbacks callbacks_;

@@ -133,7 +133,7 @@ void RecordingController::countDown() {
 }
 
 void RecordingController::beginCapture() {
-  const auto notice = [this](RecordingNotice what) { return [this, what] { presenter_.notify(what); }; };
+  const auto notice = [this](RecordingNotice what) { return [this, what] { tell(what); }; };
   session_ = std::make_unique<RecordingSession>(
       services_, RecordingSession::Callbacks{.onEnded = [this] { endedBy(RecordingNotice::stoppedByItself); },
                                              .onKeysNotSaved = notice(RecordingNotice::keyboardSaveFailed),
@@ -274,7 +274,7 @@ void RecordingController::followWindow() {
 }
 
 void RecordingController::prewarmCamera() {
-  if (state_ != State::idle || cameraRecorder_) return;
+  if (state_ != State::idle || cameraRecorder_ || openingCamera_) return;
   const QString stored = preferences_.value(cameraKey).toString();
   barModel_.selectedCameraID = stored.isEmpty() ? std::nullopt : std::optional(stored);
   openCamera();
@@ -295,6 +295,11 @@ void RecordingController::listDevices() {
         if (state_ == State::preparing && !barModel_.selectedMicID && contains(barModel_.micDevices, stored)) {
           barModel_.selectedMicID = stored;
           openSound(Sound::microphone);
+        }
+        const QString camera = preferences_.value(cameraKey).toString();
+        if (state_ == State::preparing && !barModel_.selectedCameraID && contains(barModel_.cameraDevices, camera)) {
+          barModel_.selectedCameraID = camera;
+          openCamera();
         }
         barModel_.changed();
       });
@@ -381,10 +386,10 @@ void RecordingController::soundLost(Sound which) {
   const bool isMicrophone = which == Sound::microphone;
   log::warning(isMicrophone ? QStringLiteral("microphone lost") : QStringLiteral("system sound lost"));
   if (!session_) return withoutSound(which);
-  if (!isMicrophone) return;
+  if (!isMicrophone) return tell(RecordingNotice::systemSoundUnavailable);
   barModel_.micLevel = 0;
   barModel_.changed();
-  presenter_.notify(RecordingNotice::micLost);
+  tell(RecordingNotice::micLost);
 }
 
 /// The device stays the person's choice for when it is back.
@@ -398,7 +403,7 @@ void RecordingController::withoutSound(Sound which) {
     barModel_.systemSoundEnabled = false;
   }
   barModel_.changed();
-  if (which == Sound::microphone) presenter_.notify(RecordingNotice::micUnavailable);
+  tell(which == Sound::microphone ? RecordingNotice::micUnavailable : RecordingNotice::systemSoundUnavailable);
 }
 
 void RecordingController::selectCamera(const std::optional<QString>& deviceID) {
@@ -415,35 +420,64 @@ void RecordingController::selectCamera(const std::optional<QString>& deviceID) {
 }
 
 void RecordingController::openCamera() {
+  const int round = ++cameraRound_;
   if (!barModel_.selectedCameraID) return;
-  auto lost = lifetime_.guard([this, deviceID = *barModel_.selectedCameraID](CameraCaptureError) {
-    if (barModel_.selectedCameraID != deviceID) return;
-    presenter_.hideCamera();
-    // A recording keeps what the camera gave so far.
-    if (!session_) {
-      cameraRecorder_.reset();
-      barModel_.selectedCameraID.reset();
-      barModel_.changed();
-    }
-    if (state_ != State::idle) presenter_.notify(RecordingNotice::cameraLost);
+  auto lost = lifetime_.guard([this, round](CameraCaptureError) {
+    if (round == cameraRound_) cameraLost();
   });
-  cameraRecorder_ = std::make_unique<CameraRecorder>(
+  auto recorder = std::make_shared<CameraRecorder>(
       services_.runLoop,
       CameraRecorder::Callbacks{
           .onPreview = [&presenter = presenter_](
                            std::shared_ptr<const CameraFrame> frame) { presenter.cameraFrame(std::move(frame)); },
           .onLost = lost});
-  if (cameraRecorder_->open(devices_.cameras, *barModel_.selectedCameraID)) {
+  auto opened = lifetime_.guard([this, round](bool isOpen) {
+    if (round == cameraRound_) cameraOpened(isOpen);
+  });
+  openingCamera_ = recorder;
+  queue_.async([&runLoop = services_.runLoop, &cameras = devices_.cameras, recorder = std::move(recorder),
+                deviceID = *barModel_.selectedCameraID, opened = std::move(opened)]() mutable {
+    const bool isOpen = recorder->open(cameras, deviceID).has_value();
+    runLoop.post([opened = std::move(opened), isOpen]() mutable { opened(isOpen); });
+  });
+}
+
+void RecordingController::cameraOpened(bool isOpen) {
+  // Too late for a recording that has begun.
+  if (session_) return tearCameraDown();
+  auto recorder = std::exchange(openingCamera_, nullptr);
+  if (isOpen) {
+    cameraRecorder_ = std::move(recorder);
     if (target_ && state_ != State::idle) presenter_.showCamera(target_->screen);
-  } else {
-    cameraRecorder_.reset();
-    barModel_.selectedCameraID.reset();  // it stays the person's choice for when it is back
+    return;
   }
+  barModel_.selectedCameraID.reset();  // it stays the person's choice for when it is back
+  barModel_.changed();
+  if (state_ != State::idle) tell(RecordingNotice::cameraUnavailable);
+}
+
+void RecordingController::cameraLost() {
+  presenter_.hideCamera();
+  // A recording keeps what the camera gave so far.
+  if (!session_) {
+    tearCameraDown();
+    barModel_.selectedCameraID.reset();
+    barModel_.changed();
+  }
+  if (state_ != State::idle) tell(RecordingNotice::cameraLost);
 }
 
 void RecordingController::tearCameraDown() {
+  ++cameraRound_;
   presenter_.hideCamera();
-  cameraRecorder_.reset();
+  for (auto* camera : {&cameraRecorder_, &openingCamera_}) {
+    if (*camera) queue_.async([closed = std::exchange(*camera, nullptr)] { closed->close(); });
+  }
+}
+
+void RecordingController::tell(RecordingNotice notice) {
+  presenter_.notify(notice);
+  leaveWindowsOut();
 }
 
 void RecordingController::selectKeyboard(bool isOn) {

@@ -84,7 +84,11 @@ class RecordingController {
   /// Asks for the devices there are.
   void listDevices();
   void openCamera();
+  void cameraOpened(bool isOpen);
+  void cameraLost();
   void tearCameraDown();
+  /// Says something in passing, outside of the picture.
+  void tell(RecordingNotice notice);
   void hideWindows();
   void reset();
   void setState(State state, RecordingBarModel::Mode mode);
@@ -102,7 +106,9 @@ class RecordingController {
   RecordingBarModel barModel_;
   std::optional<RecordingTarget> target_;
   RecordingPresenter::BorderLook borderLook_ = RecordingPresenter::BorderLook::armed;
-  std::unique_ptr<CameraRecorder> cameraRecorder_;
+  std::shared_ptr<CameraRecorder> cameraRecorder_;
+  std::shared_ptr<CameraRecorder> openingCamera_;
+  int cameraRound_ = 0;  ///< answers to earlier choices do not count
   std::shared_ptr<SoundTrack> microphone_;
   std::shared_ptr<SoundTrack> systemSound_;
   std::array<int, 2> soundRounds_{};  ///< by Sound: answers to earlier choices do not count

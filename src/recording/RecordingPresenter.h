@@ -15,16 +15,18 @@ namespace vellora {
 
 /// What a person is told about a recording, in passing or with a question to answer.
 enum class RecordingNotice : std::uint8_t {
-  recordingFailed,       ///< nothing could be kept
-  keyboardSaveFailed,    ///< the recording is whole, the keys are lost
-  micUnavailable,        ///< the recording goes on without it
-  micLost,               ///< it was unplugged: silence from here on
-  cameraLost,            ///< it was unplugged
-  diskLow,               ///< five minutes of room are left
-  diskFull,              ///< stopped before the disk was full
-  stoppedByItself,       ///< the display or window is gone; what was recorded is kept
-  keyboardNotPermitted,  ///< the desktop lets nobody listen to keys
-  importUnreadable,      ///< an alert: the file is no video that can be read
+  recordingFailed,         ///< nothing could be kept
+  keyboardSaveFailed,      ///< the recording is whole, the keys are lost
+  micUnavailable,          ///< the recording goes on without it
+  micLost,                 ///< it was unplugged: silence from here on
+  systemSoundUnavailable,  ///< the recording goes on without it
+  cameraUnavailable,       ///< the recording goes on without it
+  cameraLost,              ///< it was unplugged
+  diskLow,                 ///< five minutes of room are left
+  diskFull,                ///< stopped before the disk was full
+  stoppedByItself,         ///< the display or window is gone; what was recorded is kept
+  keyboardNotPermitted,    ///< the desktop lets nobody listen to keys
+  importUnreadable,        ///< an alert: the file is no video that can be read
 };
 
 /// The windows of a recording. Frames are device pixels of the desktop. Main thread.

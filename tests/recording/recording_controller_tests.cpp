@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
+
 #include <QDir>
 #include <QTemporaryDir>
+#include <chrono>
+#include <thread>
 
 #include "base/Json.h"
 #include "record_editor/RecordPauseMarks.h"
@@ -92,6 +95,15 @@ class RecordingControllerTest : public testing::Test {
     ASSERT_TRUE(loop_.runUntil([this] { return controller_->state() == State::recording; }));
     screen_.frame(loop_.hostTime());
   }
+  /// The camera is opened and closed on another thread.
+  bool opensCamera(bool open = true) {
+    for (int i = 0; i < 5000 && cameras_.isOpen != open; ++i) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+      loop_.runPosted();
+    }
+    return cameras_.isOpen == open;
+  }
+  bool closesCamera() { return opensCamera(false); }
   void stopRecording() {
     controller_->stop();
     ASSERT_TRUE(loop_.runUntil([this] { return controller_->state() == State::idle; }));
@@ -228,7 +240,7 @@ TEST_F(RecordingControllerTest, keepsWhatWasRecordedWhenTheDisplayGoes) {
 TEST_F(RecordingControllerTest, writesTheCameraOnTheSameAxis) {
   preferences_.values[QStringLiteral("record.cameraDeviceID")] = QStringLiteral("cam");
   controller_->begin(display_);
-  EXPECT_TRUE(windows_.hasCamera);
+  EXPECT_TRUE(loop_.runUntil([this] { return windows_.hasCamera; }));
   cameras_.frame(0.5);
   startRecording();
   const double first = loop_.hostTime();
@@ -242,11 +254,12 @@ TEST_F(RecordingControllerTest, writesTheCameraOnTheSameAxis) {
   ASSERT_TRUE(camera);
   EXPECT_EQ(camera->videoTimes, (std::vector<double>{0, 0.25, 1}));
   EXPECT_EQ(camera->end, 1);
-  EXPECT_FALSE(cameras_.isOpen);
+  EXPECT_TRUE(closesCamera());
 
   // One that is unplugged leaves what it gave so far, and the recording goes on.
   opened_.reset();
   controller_->prewarmCamera();
+  ASSERT_TRUE(opensCamera());
   cameras_.frame(loop_.hostTime());
   EXPECT_FALSE(windows_.hasCamera);
   controller_->begin(display_);
@@ -262,14 +275,25 @@ TEST_F(RecordingControllerTest, writesTheCameraOnTheSameAxis) {
   EXPECT_EQ(movies_.movies[opened_->file(QStringLiteral("screen.mov"))]->end, 2);
   EXPECT_TRUE(movies_.movies.contains(opened_->file(QStringLiteral("camera.mov"))));
   controller_->begin(display_);
+  ASSERT_TRUE(loop_.runUntil([this] { return windows_.hasCamera; }));
   cameras_.unplug();
   loop_.runPosted();
   EXPECT_FALSE(windows_.bar->selectedCameraID);
-  EXPECT_FALSE(cameras_.isOpen);
+  EXPECT_TRUE(closesCamera());
   controller_->stop();
+
+  // One that another program has is told of, and given up.
+  cameras_.devices.clear();
+  windows_.notices.clear();
+  controller_->begin(display_);
+  EXPECT_TRUE(loop_.runUntil([this] { return !windows_.bar->selectedCameraID; }));
+  EXPECT_EQ(windows_.notices, std::vector{RecordingNotice::cameraUnavailable});
+  controller_->stop();
+  cameras_.devices = {{QStringLiteral("cam"), QStringLiteral("Camera")}};
 
   // Another camera chosen in the bar is remembered, and off is too.
   controller_->begin(display_);
+  ASSERT_TRUE(loop_.runUntil([this] { return windows_.hasCamera; }));
   windows_.bar->onSelectCamera(std::nullopt);
   EXPECT_FALSE(windows_.hasCamera);
   EXPECT_FALSE(preferences_.contains(QStringLiteral("record.cameraDeviceID")));

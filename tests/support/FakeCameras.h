@@ -1,23 +1,26 @@
 #pragma once
 
+#include <atomic>
 #include <memory>
+#include <mutex>
 #include <vector>
 
 #include "platform/CameraCapture.h"
 
 namespace vellora::test {
 
-/// A camera whose pictures the test sends.
+/// A camera whose pictures the test sends. It may be opened and closed on any thread.
 class FakeCameras final : public CameraCapture {
  public:
   std::vector<CaptureDeviceInfo> devices;
-  bool isOpen = false;
+  std::atomic<bool> isOpen = false;
 
   std::vector<CaptureDeviceInfo> cameras() override { return devices; }
   Result<std::unique_ptr<CameraStream>, CameraCaptureError> start(const QString& deviceID, int, int,
                                                                   Callbacks callbacks) override {
     for (const CaptureDeviceInfo& device : devices) {
       if (device.uniqueID != deviceID) continue;
+      const std::lock_guard lock(mutex_);
       callbacks_ = std::move(callbacks);
       isOpen = true;
       return std::make_unique<Stream>(*this);
@@ -30,9 +33,13 @@ class FakeCameras final : public CameraCapture {
     frame->width = 640;
     frame->height = 360;
     frame->presentationTime = time;
+    const std::lock_guard lock(mutex_);
     callbacks_.onFrame(std::move(frame));
   }
-  void unplug() { callbacks_.onLost(CameraCaptureError::failed); }
+  void unplug() {
+    const std::lock_guard lock(mutex_);
+    callbacks_.onLost(CameraCaptureError::failed);
+  }
 
  private:
   class Stream final : public CameraStream {
@@ -43,6 +50,7 @@ class FakeCameras final : public CameraCapture {
    private:
     FakeCameras& cameras_;
   };
+  std::mutex mutex_;
   Callbacks callbacks_;
 };
 

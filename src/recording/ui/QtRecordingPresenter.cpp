@@ -1,4 +1,5 @@
 #include "recording/ui/QtRecordingPresenter.h"
+#include "kit/Toast.h"
 
 #include <utility>
 
@@ -166,6 +167,7 @@ std::vector<WindowId> QtRecordingPresenter::ownWindows() const {
   if (bar_) result.push_back(bar_->windowId());
   if (countdown_) result.push_back(countdown_->windowId());
   if (camera_) result.push_back(camera_->windowId());
+  if (const Toast* toast = Toast::current()) result.push_back(static_cast<WindowId>(toast->winId()));
   return result;
 }
 

@@ -59,6 +59,12 @@ void showNotice(RecordingNotice notice, QScreen* screen) {
     case RecordingNotice::micLost:
       //% "The microphone is gone: the recording goes on without sound from it"
       return warn(qtTrId("recording.mic.lost"), screen);
+    case RecordingNotice::systemSoundUnavailable:
+      //% "This computer's sound cannot be recorded: the recording goes on without it"
+      return warn(qtTrId("recording.systemSound.unavailable"), screen);
+    case RecordingNotice::cameraUnavailable:
+      //% "The camera cannot be used: recording without it"
+      return warn(qtTrId("recording.camera.unavailable"), screen);
     case RecordingNotice::cameraLost:
       //% "The camera is gone: the recording goes on without it"
       return warn(qtTrId("recording.camera.lost"), screen);
