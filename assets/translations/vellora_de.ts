@@ -2213,5 +2213,41 @@
         <source>The video could not be copied into the recordings folder</source>
         <translation>Das Video konnte nicht in den Aufzeichnungsordner kopiert werden</translation>
     </message>
+    <message id="player.picture">
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message id="player.play">
+        <source>Play</source>
+        <translation>Wiedergeben</translation>
+    </message>
+    <message id="player.sound">
+        <source>Sound</source>
+        <translation>Ton</translation>
+    </message>
+    <message id="player.reveal">
+        <source>Show in Folder</source>
+        <translation>Im Ordner zeigen</translation>
+    </message>
+    <message id="player.notPlayable">
+        <source>The movie of this recording cannot be played. Its folder may still hold what was recorded.</source>
+        <translation>Der Film dieser Aufnahme kann nicht abgespielt werden. In ihrem Ordner liegt vielleicht noch, was aufgenommen wurde.</translation>
+    </message>
+    <message id="player.pause">
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message id="player.position">
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message id="recording.systemSound.unavailable">
+        <source>This computer&apos;s sound cannot be recorded: the recording goes on without it</source>
+        <translation>Der Ton dieses Computers kann nicht aufgenommen werden: Die Aufnahme läuft ohne ihn weiter</translation>
+    </message>
+    <message id="recording.camera.unavailable">
+        <source>The camera cannot be used: recording without it</source>
+        <translation>Die Kamera kann nicht verwendet werden: Aufnahme ohne sie</translation>
+    </message>
 </context>
 </TS>

@@ -2211,5 +2211,41 @@
             <source>The video could not be copied into the recordings folder</source>
             <translation>The video could not be copied into the recordings folder</translation>
         </message>
+        <message id="player.picture">
+            <source>Picture</source>
+            <translation>Picture</translation>
+        </message>
+        <message id="player.play">
+            <source>Play</source>
+            <translation>Play</translation>
+        </message>
+        <message id="player.sound">
+            <source>Sound</source>
+            <translation>Sound</translation>
+        </message>
+        <message id="player.reveal">
+            <source>Show in Folder</source>
+            <translation>Show in Folder</translation>
+        </message>
+        <message id="player.notPlayable">
+            <source>The movie of this recording cannot be played. Its folder may still hold what was recorded.</source>
+            <translation>The movie of this recording cannot be played. Its folder may still hold what was recorded.</translation>
+        </message>
+        <message id="player.pause">
+            <source>Pause</source>
+            <translation>Pause</translation>
+        </message>
+        <message id="player.position">
+            <source>Position</source>
+            <translation>Position</translation>
+        </message>
+        <message id="recording.systemSound.unavailable">
+            <source>This computer's sound cannot be recorded: the recording goes on without it</source>
+            <translation>This computer's sound cannot be recorded: the recording goes on without it</translation>
+        </message>
+        <message id="recording.camera.unavailable">
+            <source>The camera cannot be used: recording without it</source>
+            <translation>The camera cannot be used: recording without it</translation>
+        </message>
     </context>
 </TS>

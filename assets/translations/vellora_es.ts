@@ -2213,5 +2213,41 @@
         <source>The video could not be copied into the recordings folder</source>
         <translation>No se pudo copiar el vídeo a la carpeta de grabaciones</translation>
     </message>
+    <message id="player.picture">
+        <source>Picture</source>
+        <translation>Imagen</translation>
+    </message>
+    <message id="player.play">
+        <source>Play</source>
+        <translation>Reproducir</translation>
+    </message>
+    <message id="player.sound">
+        <source>Sound</source>
+        <translation>Sonido</translation>
+    </message>
+    <message id="player.reveal">
+        <source>Show in Folder</source>
+        <translation>Mostrar en la carpeta</translation>
+    </message>
+    <message id="player.notPlayable">
+        <source>The movie of this recording cannot be played. Its folder may still hold what was recorded.</source>
+        <translation>El vídeo de esta grabación no se puede reproducir. Es posible que su carpeta aún contenga lo grabado.</translation>
+    </message>
+    <message id="player.pause">
+        <source>Pause</source>
+        <translation>Pausa</translation>
+    </message>
+    <message id="player.position">
+        <source>Position</source>
+        <translation>Posición</translation>
+    </message>
+    <message id="recording.systemSound.unavailable">
+        <source>This computer&apos;s sound cannot be recorded: the recording goes on without it</source>
+        <translation>No se puede grabar el sonido de este equipo: la grabación continúa sin él</translation>
+    </message>
+    <message id="recording.camera.unavailable">
+        <source>The camera cannot be used: recording without it</source>
+        <translation>No se puede usar la cámara: se graba sin ella</translation>
+    </message>
 </context>
 </TS>

@@ -2213,5 +2213,41 @@
         <source>The video could not be copied into the recordings folder</source>
         <translation>Impossible de copier la vidéo dans le dossier des enregistrements</translation>
     </message>
+    <message id="player.picture">
+        <source>Picture</source>
+        <translation>Image</translation>
+    </message>
+    <message id="player.play">
+        <source>Play</source>
+        <translation>Lire</translation>
+    </message>
+    <message id="player.sound">
+        <source>Sound</source>
+        <translation>Son</translation>
+    </message>
+    <message id="player.reveal">
+        <source>Show in Folder</source>
+        <translation>Afficher dans le dossier</translation>
+    </message>
+    <message id="player.notPlayable">
+        <source>The movie of this recording cannot be played. Its folder may still hold what was recorded.</source>
+        <translation>La vidéo de cet enregistrement ne peut pas être lue. Son dossier contient peut-être encore ce qui a été enregistré.</translation>
+    </message>
+    <message id="player.pause">
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message id="player.position">
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message id="recording.systemSound.unavailable">
+        <source>This computer&apos;s sound cannot be recorded: the recording goes on without it</source>
+        <translation>Le son de cet ordinateur ne peut pas être enregistré : l’enregistrement continue sans lui</translation>
+    </message>
+    <message id="recording.camera.unavailable">
+        <source>The camera cannot be used: recording without it</source>
+        <translation>La caméra ne peut pas être utilisée : enregistrement sans elle</translation>
+    </message>
 </context>
 </TS>

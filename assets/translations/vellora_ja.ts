@@ -2201,5 +2201,41 @@
         <source>The video could not be copied into the recordings folder</source>
         <translation>ビデオを録画フォルダーにコピーできませんでした</translation>
     </message>
+    <message id="player.picture">
+        <source>Picture</source>
+        <translation>映像</translation>
+    </message>
+    <message id="player.play">
+        <source>Play</source>
+        <translation>再生</translation>
+    </message>
+    <message id="player.sound">
+        <source>Sound</source>
+        <translation>音声</translation>
+    </message>
+    <message id="player.reveal">
+        <source>Show in Folder</source>
+        <translation>フォルダーに表示</translation>
+    </message>
+    <message id="player.notPlayable">
+        <source>The movie of this recording cannot be played. Its folder may still hold what was recorded.</source>
+        <translation>この収録の動画は再生できません。収録した内容がフォルダーに残っている可能性があります。</translation>
+    </message>
+    <message id="player.pause">
+        <source>Pause</source>
+        <translation>一時停止</translation>
+    </message>
+    <message id="player.position">
+        <source>Position</source>
+        <translation>再生位置</translation>
+    </message>
+    <message id="recording.systemSound.unavailable">
+        <source>This computer&apos;s sound cannot be recorded: the recording goes on without it</source>
+        <translation>このコンピューターの音声を録音できません。音声なしで録画を続けます</translation>
+    </message>
+    <message id="recording.camera.unavailable">
+        <source>The camera cannot be used: recording without it</source>
+        <translation>カメラを使用できません。カメラなしで録画します</translation>
+    </message>
 </context>
 </TS>

@@ -2201,5 +2201,41 @@
         <source>The video could not be copied into the recordings folder</source>
         <translation>无法将视频复制到录屏文件夹</translation>
     </message>
+    <message id="player.picture">
+        <source>Picture</source>
+        <translation>画面</translation>
+    </message>
+    <message id="player.play">
+        <source>Play</source>
+        <translation>播放</translation>
+    </message>
+    <message id="player.sound">
+        <source>Sound</source>
+        <translation>声音</translation>
+    </message>
+    <message id="player.reveal">
+        <source>Show in Folder</source>
+        <translation>在文件夹中显示</translation>
+    </message>
+    <message id="player.notPlayable">
+        <source>The movie of this recording cannot be played. Its folder may still hold what was recorded.</source>
+        <translation>无法播放此录制的影片。录制的内容可能仍在其文件夹中。</translation>
+    </message>
+    <message id="player.pause">
+        <source>Pause</source>
+        <translation>暂停</translation>
+    </message>
+    <message id="player.position">
+        <source>Position</source>
+        <translation>播放位置</translation>
+    </message>
+    <message id="recording.systemSound.unavailable">
+        <source>This computer&apos;s sound cannot be recorded: the recording goes on without it</source>
+        <translation>无法录制此电脑的声音:录制将在没有它的情况下继续</translation>
+    </message>
+    <message id="recording.camera.unavailable">
+        <source>The camera cannot be used: recording without it</source>
+        <translation>无法使用摄像头:录制时不使用它</translation>
+    </message>
 </context>
 </TS>

@@ -2201,5 +2201,41 @@
         <source>The video could not be copied into the recordings folder</source>
         <translation>無法將影片複製到錄影資料夾</translation>
     </message>
+    <message id="player.picture">
+        <source>Picture</source>
+        <translation>畫面</translation>
+    </message>
+    <message id="player.play">
+        <source>Play</source>
+        <translation>播放</translation>
+    </message>
+    <message id="player.sound">
+        <source>Sound</source>
+        <translation>聲音</translation>
+    </message>
+    <message id="player.reveal">
+        <source>Show in Folder</source>
+        <translation>在檔案夾中顯示</translation>
+    </message>
+    <message id="player.notPlayable">
+        <source>The movie of this recording cannot be played. Its folder may still hold what was recorded.</source>
+        <translation>無法播放此錄製的影片。錄製的內容可能仍在其檔案夾中。</translation>
+    </message>
+    <message id="player.pause">
+        <source>Pause</source>
+        <translation>暫停</translation>
+    </message>
+    <message id="player.position">
+        <source>Position</source>
+        <translation>播放位置</translation>
+    </message>
+    <message id="recording.systemSound.unavailable">
+        <source>This computer&apos;s sound cannot be recorded: the recording goes on without it</source>
+        <translation>無法錄製此電腦的聲音:錄製將在沒有它的情況下繼續</translation>
+    </message>
+    <message id="recording.camera.unavailable">
+        <source>The camera cannot be used: recording without it</source>
+        <translation>無法使用攝影機:錄製時不使用它</translation>
+    </message>
 </context>
 </TS>
