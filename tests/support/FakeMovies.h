@@ -1,6 +1,7 @@
 #pragma once
 
 #include <fstream>
+#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -52,12 +53,16 @@ class FakeMovies final : public Movies {
     if (!repair(path)) return failure(MediaFailure{MediaError::notMedia, "no movie"});
     return MovieSummary{1, MovieSummary::Video{"h264", 320, 240, 60}, {}};
   }
-  Result<std::unique_ptr<VideoReader>, MediaFailure> openVideo(const std::filesystem::path&) override {
-    return failure(MediaFailure{MediaError::noStreams, "nothing is kept"});
+  Result<std::unique_ptr<VideoReader>, MediaFailure> openVideo(const std::filesystem::path& path) override {
+    auto video = readVideo ? readVideo(path) : nullptr;
+    if (!video) return failure(MediaFailure{MediaError::noStreams, "no video"});
+    return video;
   }
-  Result<std::unique_ptr<AudioReader>, MediaFailure> openAudio(const std::filesystem::path&, std::size_t,
+  Result<std::unique_ptr<AudioReader>, MediaFailure> openAudio(const std::filesystem::path& path, std::size_t track,
                                                                AudioForm) override {
-    return failure(MediaFailure{MediaError::noStreams, "nothing is kept"});
+    auto audio = readAudio ? readAudio(path, track) : nullptr;
+    if (!audio) return failure(MediaFailure{MediaError::noStreams, "no audio"});
+    return audio;
   }
 
   /// While recorders still run.
@@ -66,6 +71,9 @@ class FakeMovies final : public Movies {
     return movies.empty();
   }
 
+  /// What files are to hold; null for nothing. On any thread.
+  std::function<std::unique_ptr<VideoReader>(const std::filesystem::path&)> readVideo;
+  std::function<std::unique_ptr<AudioReader>(const std::filesystem::path&, std::size_t track)> readAudio;
   bool isRefused = false;
   std::map<QString, std::shared_ptr<WrittenMovie>> movies;
 
