@@ -61,6 +61,8 @@ PlayerWindow::PlayerWindow(RecordProjectBundle bundle, Services services)
     if (player_) player_->toggle();
   });
   connect(view_, &PictureView::doubleClicked, this, [this] { toggleFullScreen(); });
+  // Buttons would let arrow keys move the focus; here they move through the movie.
+  for (auto* button : findChildren<IconButton*>()) button->installEventFilter(this);
   setPlayable(false);
   open();
 }
@@ -132,6 +134,7 @@ void PlayerWindow::opened(Result<MoviePlayer::Footage, MediaFailure> footage, co
   scrubber_->setMarks(RecordPauseMarks::load(bundle_.path()));
   view_->setCameraMirrored(state.camera.mirrored);
   setPlayable(true);
+  scrubber_->setFocus();
   refresh();
   fitToMovie();
   view_->setMovie({player_->width(), player_->height()}, {player_->cameraWidth(), player_->cameraHeight()});
@@ -186,6 +189,17 @@ void PlayerWindow::paintEvent(QPaintEvent*) {
   const ThemeColors& palette = Theme::shared().palette();
   painter.fillRect(rect(), palette.surface);
   drawHorizontalLine(painter, 0, width(), height() - transportHeight, palette.line);
+}
+
+bool PlayerWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    auto& key = static_cast<QKeyEvent&>(*event);
+    if (key.key() == Qt::Key_Left || key.key() == Qt::Key_Right) {
+      keyPressEvent(&key);
+      return true;
+    }
+  }
+  return QWidget::eventFilter(watched, event);
 }
 
 void PlayerWindow::keyPressEvent(QKeyEvent* event) {

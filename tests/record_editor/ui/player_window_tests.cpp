@@ -116,6 +116,17 @@ TEST_F(PlayerWindowTest, PlaysAndSeeksByKeysAndPointer) {
     QApplication::sendEvent(scrubber, &click);
   }
   EXPECT_NEAR(player.position(), 2, 0.03);
+  press(Qt::Key_Home);
+  for (int i = 0; i < 3; ++i) {
+    QKeyEvent right(QEvent::KeyPress, Qt::Key_Right, {});
+    QApplication::sendEvent(scrubber, &right);
+  }
+  EXPECT_DOUBLE_EQ(player.position(), 3);
+  for (auto* button : window_->findChildren<IconButton*>()) {
+    QKeyEvent left(QEvent::KeyPress, Qt::Key_Left, {});
+    QApplication::sendEvent(button, &left);
+  }
+  EXPECT_DOUBLE_EQ(player.position(), 0) << "arrow keys do the same wherever the focus is";
   scrubber->setValue(1000);  // as a screen reader does
   EXPECT_NEAR(player.position(), 1, 1e-9);
   EXPECT_TRUE(shows(25));
