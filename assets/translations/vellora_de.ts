@@ -2249,5 +2249,13 @@
         <source>The camera cannot be used: recording without it</source>
         <translation>Die Kamera kann nicht verwendet werden: Aufnahme ohne sie</translation>
     </message>
+    <message id="recording.mic.returned">
+        <source>The microphone is back and recorded again</source>
+        <translation>Das Mikrofon ist wieder da und wird weiter aufgenommen</translation>
+    </message>
+    <message id="recording.systemSound.returned">
+        <source>This computer&apos;s sound is recorded again</source>
+        <translation>Der Ton dieses Computers wird wieder aufgenommen</translation>
+    </message>
 </context>
 </TS>

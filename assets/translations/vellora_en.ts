@@ -2247,5 +2247,13 @@
             <source>The camera cannot be used: recording without it</source>
             <translation>The camera cannot be used: recording without it</translation>
         </message>
+        <message id="recording.mic.returned">
+            <source>The microphone is back and recorded again</source>
+            <translation>The microphone is back and recorded again</translation>
+        </message>
+        <message id="recording.systemSound.returned">
+            <source>This computer's sound is recorded again</source>
+            <translation>This computer's sound is recorded again</translation>
+        </message>
     </context>
 </TS>

@@ -2249,5 +2249,13 @@
         <source>The camera cannot be used: recording without it</source>
         <translation>No se puede usar la cámara: se graba sin ella</translation>
     </message>
+    <message id="recording.mic.returned">
+        <source>The microphone is back and recorded again</source>
+        <translation>El micrófono ha vuelto y se graba de nuevo</translation>
+    </message>
+    <message id="recording.systemSound.returned">
+        <source>This computer&apos;s sound is recorded again</source>
+        <translation>El sonido de este ordenador se graba de nuevo</translation>
+    </message>
 </context>
 </TS>

@@ -2249,5 +2249,13 @@
         <source>The camera cannot be used: recording without it</source>
         <translation>La caméra ne peut pas être utilisée : enregistrement sans elle</translation>
     </message>
+    <message id="recording.mic.returned">
+        <source>The microphone is back and recorded again</source>
+        <translation>Le micro est de retour et de nouveau enregistré</translation>
+    </message>
+    <message id="recording.systemSound.returned">
+        <source>This computer&apos;s sound is recorded again</source>
+        <translation>Le son de cet ordinateur est de nouveau enregistré</translation>
+    </message>
 </context>
 </TS>

@@ -2237,5 +2237,13 @@
         <source>The camera cannot be used: recording without it</source>
         <translation>カメラを使用できません。カメラなしで録画します</translation>
     </message>
+    <message id="recording.mic.returned">
+        <source>The microphone is back and recorded again</source>
+        <translation>マイクが戻り、録音を再開しました</translation>
+    </message>
+    <message id="recording.systemSound.returned">
+        <source>This computer&apos;s sound is recorded again</source>
+        <translation>このコンピューターの音声の録音を再開しました</translation>
+    </message>
 </context>
 </TS>

@@ -1563,7 +1563,7 @@
     </message>
     <message id="compress.drop.more">
         <source>or paste them with %1. Originals are never changed, and results are never larger.</source>
-        <translation>或用 %1 粘贴。原文件不会被更改,结果也不会变大。</translation>
+        <translation>或用 %1 粘贴。原文件不会被更改，结果也不会变大。</translation>
     </message>
     <message id="compress.drop.choose">
         <source>Choose Images…</source>
@@ -1609,7 +1609,7 @@
     </message>
     <message id="compress.row.flattenedTip">
         <source>This format cannot be transparent: the background became white</source>
-        <translation>此格式不支持透明,背景已变为白色</translation>
+        <translation>此格式不支持透明，背景已变为白色</translation>
     </message>
     <message id="compress.command.retry">
         <source>Try Again</source>
@@ -1653,7 +1653,7 @@
     </message>
     <message id="compress.format.webpTip">
         <source>Smallest, for the web; keeps transparency</source>
-        <translation>体积最小,适合网页;保留透明</translation>
+        <translation>体积最小，适合网页;保留透明</translation>
     </message>
     <message id="compress.label.quality">
         <source>Quality</source>
@@ -1665,7 +1665,7 @@
     </message>
     <message id="compress.quality.unused">
         <source>Nothing is lost in these formats, so quality changes nothing.</source>
-        <translation>这些格式不会损失任何内容,质量设置不起作用。</translation>
+        <translation>这些格式不会损失任何内容，质量设置不起作用。</translation>
     </message>
     <message id="compress.label.resize">
         <source>Resize</source>
@@ -1717,7 +1717,7 @@
     </message>
     <message id="compress.keepMetadataHelp">
         <source>Camera, place, author. Off: nobody learns where a photo was taken.</source>
-        <translation>相机、地点、作者。关闭后,没有人知道照片的拍摄地点。</translation>
+        <translation>相机、地点、作者。关闭后，没有人知道照片的拍摄地点。</translation>
     </message>
     <message id="compress.keepDates">
         <source>Keep dates</source>
@@ -1983,7 +1983,7 @@
     </message>
     <message id="recording.camera.help">
         <source>Drag to move, turn the wheel to resize</source>
-        <translation>拖动可移动,滚轮可调整大小</translation>
+        <translation>拖动可移动，滚轮可调整大小</translation>
     </message>
     <message id="recording.bar.resume">
         <source>Resume</source>
@@ -2097,7 +2097,7 @@
     </message>
     <message id="record.keyboard.saveFailed">
         <source>The recording is complete, but its keystrokes could not be saved</source>
-        <translation>录制内容完整,但无法保存按键</translation>
+        <translation>录制内容完整，但无法保存按键</translation>
     </message>
     <message id="recording.mic.unavailable">
         <source>The microphone cannot be used: recording without it</source>
@@ -2117,7 +2117,7 @@
     </message>
     <message id="recording.disk.full">
         <source>The recording was stopped because the disk is nearly full. Everything so far is kept.</source>
-        <translation>磁盘快满了,录制已停止。此前的内容均已保留。</translation>
+        <translation>磁盘快满了，录制已停止。此前的内容均已保留。</translation>
     </message>
     <message id="recording.stopped">
         <source>What was being recorded is gone. The recording up to then is kept.</source>
@@ -2236,6 +2236,14 @@
     <message id="recording.camera.unavailable">
         <source>The camera cannot be used: recording without it</source>
         <translation>无法使用摄像头:录制时不使用它</translation>
+    </message>
+    <message id="recording.mic.returned">
+        <source>The microphone is back and recorded again</source>
+        <translation>麦克风已恢复，继续录制</translation>
+    </message>
+    <message id="recording.systemSound.returned">
+        <source>This computer&apos;s sound is recorded again</source>
+        <translation>已恢复录制这台电脑的声音</translation>
     </message>
 </context>
 </TS>

@@ -94,6 +94,10 @@ std::optional<QString> deviceNamed(const std::string& wanted, const std::vector<
   return refuse(description(missing) + QStringLiteral(" 'vellora devices' lists what there is."));
 }
 
+QString soundName(bool isSystemSound) {
+  return isSystemSound ? QStringLiteral("the speakers' sound") : QStringLiteral("the microphone");
+}
+
 /// One recording from here on, without windows.
 class Recording {
  public:
@@ -112,6 +116,8 @@ class Recording {
                   .onKeysNotSaved = [] { printError(QStringLiteral("the keystrokes could not be saved")); },
                   .onDiskLow = [] { printError(QStringLiteral("the disk has room for about five minutes more")); },
                   .onDiskFull = [this] { endBecause(QStringLiteral("the disk is nearly full")); },
+                  .onSoundReturned =
+                      [](bool isSystemSound) { printError(soundName(isSystemSound) + QStringLiteral(" is back")); },
                   .onKeysNotPermitted = [] { printError(QStringLiteral("keystrokes cannot be recorded")); }}) {}
 
   /// False when an option is wrong, after saying so.
@@ -124,10 +130,9 @@ class Recording {
       const auto devices = audio_.microphones();
       const auto id =
           deviceNamed(*microphone, devices ? *devices : std::vector<CaptureDeviceInfo>(), RecordingError::micNotFound);
-      if (!id || !listenTo(*id, QStringLiteral("the microphone"))) return false;
+      if (!id || !listenTo(*id, soundName(false))) return false;
     }
-    if (invocation.has("--system-sound") &&
-        !listenTo(AudioCapture::systemSound, QStringLiteral("the speakers' sound"))) {
+    if (invocation.has("--system-sound") && !listenTo(AudioCapture::systemSound, soundName(true))) {
       return false;
     }
     if (const auto camera = invocation.value("--camera")) {

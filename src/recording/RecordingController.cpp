@@ -139,6 +139,11 @@ void RecordingController::beginCapture() {
                                              .onKeysNotSaved = notice(RecordingNotice::keyboardSaveFailed),
                                              .onDiskLow = notice(RecordingNotice::diskLow),
                                              .onDiskFull = [this] { endedBy(RecordingNotice::diskFull); },
+                                             .onSoundReturned =
+                                                 [this](bool isSystemSound) {
+                                                   tell(isSystemSound ? RecordingNotice::systemSoundReturned
+                                                                      : RecordingNotice::micReturned);
+                                                 },
                                              .onKeysNotPermitted = notice(RecordingNotice::keyboardNotPermitted)});
   std::vector<std::shared_ptr<SoundTrack>> sounds;
   for (const auto& track : {microphone_, systemSound_}) {

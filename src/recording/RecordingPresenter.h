@@ -19,7 +19,9 @@ enum class RecordingNotice : std::uint8_t {
   keyboardSaveFailed,      ///< the recording is whole, the keys are lost
   micUnavailable,          ///< the recording goes on without it
   micLost,                 ///< it was unplugged: silence from here on
+  micReturned,             ///< it is recorded again
   systemSoundUnavailable,  ///< the recording goes on without it
+  systemSoundReturned,     ///< it is recorded again
   cameraUnavailable,       ///< the recording goes on without it
   cameraLost,              ///< it was unplugged
   diskLow,                 ///< five minutes of room are left

@@ -155,6 +155,8 @@ void RecordingSession::keep(const Request& request) {
   diskWatch_.emplace(started->expectedRate);
   advanceTimer_ = services_.runLoop.every(advanceInterval, [this] { recorder_->advance(); });
   diskTimer_ = services_.runLoop.every(diskInterval, [this] { lookAtDisk(); });
+  sounds_ = request.sounds;
+  if (!sounds_.empty()) soundTimer_ = services_.runLoop.every(soundInterval, [this] { takeSoundsBack(); });
   camera_ = request.camera;
   segmentStartedAt_ = services_.runLoop.hostTime();
   recordsKeys_ = request.recordsKeys && keyboardCapture_.start(*recorder_);
@@ -197,6 +199,21 @@ void RecordingSession::lookAtDisk() {
   });
 }
 
+void RecordingSession::takeSoundsBack() {
+  if (isAskingForSounds_ || std::ranges::none_of(sounds_, &SoundTrack::isLost)) return;
+  isAskingForSounds_ = true;
+  using Sounds = std::vector<std::shared_ptr<SoundTrack>>;
+  auto deliver = lifetime_.guard([this](const Sounds& returned) {
+    isAskingForSounds_ = false;
+    if (!soundTimer_ || !callbacks_.onSoundReturned) return;
+    for (const auto& sound : returned) callbacks_.onSoundReturned(sound->isSystemSound());
+  });
+  soundQueue_.async([&runLoop = services_.runLoop, sounds = sounds_, deliver = std::move(deliver)]() mutable {
+    std::erase_if(sounds, [](const auto& sound) { return !sound->isLost() || !sound->reopen(); });
+    runLoop.post([returned = std::move(sounds), deliver = std::move(deliver)]() mutable { deliver(returned); });
+  });
+}
+
 void RecordingSession::pause() {
   if (!recorder_ || !segmentStartedAt_) return;
   recorder_->pause();
@@ -224,6 +241,7 @@ void RecordingSession::finish(std::function<void(Result<RecordProjectBundle, Rec
   keyboardCapture_.stop();
   marksTimer_.reset();
   advanceTimer_.reset();
+  soundTimer_.reset();
   diskTimer_.reset();
   if (!recorder_) return done(failure(RecordingError::writeFailed));
   const double now = services_.runLoop.hostTime();
@@ -247,14 +265,15 @@ void RecordingSession::complete(const ScreenRecorder::Outcome& outcome,
     if (!keysSaved && callbacks_.onKeysNotSaved) callbacks_.onKeysNotSaved();
     done(*currentBundle_);
   });
-  queue_.async([&runLoop = services_.runLoop, bundle = *currentBundle_, outcome, recordsKeys = recordsKeys_,
+  queue_.async([this, bundle = *currentBundle_, outcome, recordsKeys = recordsKeys_,
                 deliver = std::move(deliver)]() mutable {
+    soundQueue_.drain();  // which is not to be waited for on the main thread
     saved("pause marks save failed: ", RecordPauseMarks::save(outcome.pauseMarks, bundle.path()));
     const bool keysSaved =
         !recordsKeys || saved("keyboard metadata save failed: ", RecordedKeyCue::save(outcome.keyCues, bundle.path()));
     saved("recording report save failed: ", recordingReport::save(outcome.report, bundle.path()));
     projectCompletion::complete(bundle);
-    runLoop.post([keysSaved, deliver = std::move(deliver)]() mutable { deliver(keysSaved); });
+    services_.runLoop.post([keysSaved, deliver = std::move(deliver)]() mutable { deliver(keysSaved); });
   });
 }
 

@@ -41,6 +41,8 @@ class RecordingSession {
   static constexpr double marksInterval = 2;
   /// Seconds between the words to the movie that time goes on.
   static constexpr double advanceInterval = 0.25;
+  /// Seconds between questions whether a lost microphone is back.
+  static constexpr double soundInterval = 2;
   /// Seconds between looks at the room on the disk.
   static constexpr double diskInterval = 2;
 
@@ -62,6 +64,8 @@ class RecordingSession {
     std::function<void()> onDiskLow{};
     /// The disk is about to be full; the recording is to be finished.
     std::function<void()> onDiskFull{};
+    /// A lost source of sound is recorded again.
+    std::function<void(bool isSystemSound)> onSoundReturned{};
     /// Nobody may listen to keys.
     std::function<void()> onKeysNotPermitted{};
   };
@@ -92,6 +96,7 @@ class RecordingSession {
   /// Writes marks and cues as they are so far, for a recovery to find.
   void keepMarks();
   void lookAtDisk();
+  void takeSoundsBack();
 
   RecordingServices services_;
   Callbacks callbacks_;
@@ -106,9 +111,13 @@ class RecordingSession {
   std::optional<double> segmentStartedAt_;
   TimerHandle marksTimer_;
   TimerHandle advanceTimer_;
+  std::vector<std::shared_ptr<SoundTrack>> sounds_;
+  TimerHandle soundTimer_;
+  bool isAskingForSounds_ = false;
   std::optional<DiskWatch> diskWatch_;
   TimerHandle diskTimer_;
-  // The queue ends before what its tasks use.
+  // The queues end before what their tasks use.
+  SerialQueue soundQueue_{"dev.orlo.vellora.recording.sound"};  // a sound server may keep it waiting
   SerialQueue queue_{"dev.orlo.vellora.recording"};
   Lifetime lifetime_;
 };

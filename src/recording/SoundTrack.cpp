@@ -10,15 +10,17 @@ constexpr int systemChannels = 2;
 
 }  // namespace
 
-SoundTrack::SoundTrack(bool isSystemSound, int channels, Callbacks callbacks)
-    : isSystemSound_(isSystemSound),
-      channels_(channels),
+SoundTrack::SoundTrack(AudioCapture& capture, const QString& deviceID, Callbacks callbacks)
+    : capture_(capture),
+      deviceID_(deviceID),
+      isSystemSound_(deviceID == AudioCapture::systemSound),
+      channels_(isSystemSound_ ? systemChannels : microphoneChannels),
       callbacks_(std::move(callbacks)),
-      meter_(channels,
+      meter_(channels_,
              [this](SoundLevel level) {
                if (callbacks_.onLevel) callbacks_.onLevel(level);
              }),
-      timeline_(channels, [this](std::span<const float> samples, double time) {
+      timeline_(channels_, [this](std::span<const float> samples, double time) {
         if (ready_.interleaved.empty()) ready_.time = time;
         ready_.interleaved.insert(ready_.interleaved.end(), samples.begin(), samples.end());
       }) {}
@@ -29,15 +31,35 @@ SoundTrack::~SoundTrack() {
 
 Result<std::unique_ptr<SoundTrack>, AudioCaptureError> SoundTrack::open(AudioCapture& capture, const QString& deviceID,
                                                                         Callbacks callbacks) {
-  const bool isSystemSound = deviceID == AudioCapture::systemSound;
-  const int channels = isSystemSound ? systemChannels : microphoneChannels;
-  std::unique_ptr<SoundTrack> track(new SoundTrack(isSystemSound, channels, std::move(callbacks)));
-  auto stream = capture.start(deviceID, channels,
-                              {.onChunk = [track = track.get()](const AudioChunk& chunk) { track->receive(chunk); },
-                               .onLost = [track = track.get()](AudioCaptureError) { track->lose(); }});
-  if (!stream) return failure(stream.error());
-  track->stream_ = std::move(*stream);
+  std::unique_ptr<SoundTrack> track(new SoundTrack(capture, deviceID, std::move(callbacks)));
+  if (const auto connected = track->connect(); !connected) return failure(connected.error());
   return track;
+}
+
+Result<void, AudioCaptureError> SoundTrack::connect() {
+  auto stream = capture_.start(deviceID_, channels_,
+                               {.onChunk = [this](const AudioChunk& chunk) { receive(chunk); },
+                                .onLost = [this](AudioCaptureError) { lose(); }});
+  if (!stream) return failure(stream.error());
+  stream_ = std::move(*stream);
+  return {};
+}
+
+bool SoundTrack::isLost() const {
+  const std::lock_guard lock(mutex_);
+  return isLost_;
+}
+
+bool SoundTrack::reopen() {
+  stream_.reset();
+  {
+    const std::lock_guard lock(mutex_);
+    isLost_ = false;  // the new stream may be lost before this returns
+  }
+  if (connect()) return true;
+  const std::lock_guard lock(mutex_);
+  isLost_ = true;
+  return false;
 }
 
 void SoundTrack::receive(const AudioChunk& chunk) {

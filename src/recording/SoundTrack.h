@@ -16,7 +16,7 @@ namespace vellora {
 /// What became of one source's sound.
 struct SoundReport {
   bool isSystemSound = false;
-  bool isLost = false;  ///< the device went before the end
+  bool isLost = false;  ///< the device was gone at the end
   AudioTimelineReport timeline;
 };
 
@@ -27,7 +27,7 @@ class SoundTrack {
   struct Callbacks {
     /// Every 50 ms, on the stream's thread.
     std::function<void(SoundLevel)> onLevel{};
-    /// The device is gone; silence follows. Once, on the stream's thread.
+    /// The device is gone; silence follows. On the stream's thread.
     std::function<void()> onLost{};
   };
 
@@ -40,6 +40,12 @@ class SoundTrack {
 
   bool isSystemSound() const { return isSystemSound_; }
   int channels() const { return channels_; }
+
+  /// Whether the device is gone.
+  bool isLost() const;
+  /// Listens again to a lost device that is back; false when it is not. Waits for the sound server: not on the main
+  /// thread, and by one thread at a time.
+  bool reopen();
 
   /// The recording starts at this host time. `onSamples` is called on the stream's thread, and within `begin` and
   /// `advance`, when there is something for `take`; it must not call back.
@@ -62,12 +68,15 @@ class SoundTrack {
   SoundReport report() const;
 
  private:
-  SoundTrack(bool isSystemSound, int channels, Callbacks callbacks);
+  SoundTrack(AudioCapture& capture, const QString& deviceID, Callbacks callbacks);
+  Result<void, AudioCaptureError> connect();
   void receive(const AudioChunk& chunk);
   void lose();
   template <class Change>
   void change(Change change);
 
+  AudioCapture& capture_;
+  const QString deviceID_;
   const bool isSystemSound_;
   const int channels_;
   const Callbacks callbacks_;

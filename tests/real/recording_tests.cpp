@@ -365,6 +365,38 @@ TEST(RealRecording, SoundAndPictureAreTogether) {
   EXPECT_NEAR(report["sounds"][0]["seconds"].get<double>(), report["duration"].get<double>(), 0.02);
 }
 
+TEST(RealRecording, ASoundServerThatIsStartedAnewIsHeardAgain) {
+  const auto server = XServer::start({.size = {640, 480}});
+  ASSERT_TRUE(server);
+  const auto pulse = PulseServer::start();
+  ASSERT_TRUE(pulse);
+  auto microphone = std::make_unique<ClickingMicrophone>(pulse->microphonePipe());
+  const NumberedScene scene(*server, {});
+  RecordRun run(*server, {"--fullscreen", "--microphone", "default", "--system-sound"});
+  ASSERT_TRUE(run.hasBegun());
+  scene.pass(120);
+  microphone.reset();
+  pulse->kill();
+  scene.pass(60);
+  ASSERT_TRUE(pulse->restart());
+  microphone = std::make_unique<ClickingMicrophone>(pulse->microphonePipe());
+  ASSERT_TRUE(waitFor([&] { return pulse->control({"list", "short", "source-outputs"}).size() > 20; }, 10));
+  scene.pass(240);
+  run.signal(SIGINT);
+  const fs::path bundle = run.finish();
+  const Json report = documentIn(bundle / "report.json");
+  ASSERT_EQ(report["sounds"].size(), 2U);
+  for (const Json& sound : report["sounds"]) {
+    EXPECT_EQ(sound["lost"], false);
+    EXPECT_GT(sound["gapSeconds"].get<double>(), 0.5);
+    EXPECT_NEAR(sound["seconds"].get<double>(), report["duration"].get<double>(), 0.02);
+  }
+  const auto clicks = clicksIn(soundOf(bundle / "screen.mov"));
+  const double duration = report["duration"].get<double>();
+  EXPECT_GE(std::ranges::count_if(clicks, [](double at) { return at < 2; }), 2);
+  EXPECT_GE(std::ranges::count_if(clicks, [&](double at) { return at > duration - 2; }), 2);
+}
+
 /// The folders of a test's user.
 class HomeFolders final : public FileNames {
  public:

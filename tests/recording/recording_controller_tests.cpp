@@ -299,6 +299,46 @@ TEST_F(RecordingControllerTest, writesTheCameraOnTheSameAxis) {
   EXPECT_FALSE(preferences_.contains(QStringLiteral("record.cameraDeviceID")));
 }
 
+TEST_F(RecordingControllerTest, recordsAMicrophoneAgainThatIsBack) {
+  const QString mic = QStringLiteral("mic");
+  const auto plugIn = [&] { sound_.setDevices({{mic, QStringLiteral("Microphone")}}); };
+  plugIn();
+  preferences_.values[QStringLiteral("record.micDeviceID")] = mic;
+  controller_->begin(display_);
+  ASSERT_TRUE(loop_.runUntil([&] { return sound_.isOpen(mic); }));
+  startRecording();
+  const auto playSecond = [&] {
+    loop_.advance(1);
+    sound_.play(mic, loop_.hostTime(), 1);
+  };
+  playSecond();
+  sound_.unplug(mic);
+  loop_.advance(4);
+  ASSERT_TRUE(loop_.runUntil([&] { return !sound_.isOpen(mic); }));
+  plugIn();
+  const auto notices = [&](std::size_t count) {
+    for (int i = 0; i < 5000 && windows_.notices.size() < count; ++i) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+      loop_.advance(0.02);
+    }
+  };
+  notices(2);
+  playSecond();
+  sound_.unplug(mic);
+  plugIn();
+  notices(4);
+  stopRecording();
+  using enum RecordingNotice;
+  EXPECT_EQ(windows_.notices, (std::vector{micLost, micReturned, micLost, micReturned}));
+  const auto movie = movies_.movies.begin()->second;
+  EXPECT_NEAR(static_cast<double>(movie->soundSamples[0]), movie->end.value_or(0) * 48000, 48);
+  QFile reportFile(opened_->file(QStringLiteral("report.json")));
+  ASSERT_TRUE(reportFile.open(QIODevice::ReadOnly));
+  const auto report = json::parse(reportFile.readAll());
+  EXPECT_EQ((*report)["sounds"][0]["lost"], false);
+  EXPECT_GT((*report)["sounds"][0]["gapSeconds"], 3.5);
+}
+
 TEST_F(RecordingControllerTest, writesSoundFromTheFirstFrameOnWithoutPauses) {
   const QString mic = QStringLiteral("mic");
   sound_.setDevices({{mic, QStringLiteral("Microphone")}});
@@ -346,6 +386,7 @@ TEST_F(RecordingControllerTest, writesSoundFromTheFirstFrameOnWithoutPauses) {
   EXPECT_FALSE(sound_.isOpen(mic));
 
   // One that goes before the recording is no part of it, and is taken again when it comes back.
+  sound_.setDevices({{mic, QStringLiteral("Microphone")}});
   controller_->begin(display_);
   ASSERT_TRUE(loop_.runUntil([&] { return sound_.isOpen(mic); }));
   sound_.setDevices({});

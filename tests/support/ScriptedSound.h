@@ -58,7 +58,12 @@ class ScriptedSound final : public AudioCapture {
           {.channels = open->channels, .samples = samples, .hostTime = hostTime + (i - chunks) * 0.01});
     }
   }
+  /// It is there again with `setDevices`.
   void unplug(const QString& deviceID) {
+    {
+      const std::lock_guard lock(mutex_);
+      std::erase_if(devices_, [&](const CaptureDeviceInfo& each) { return each.uniqueID == deviceID; });
+    }
     if (const auto open = find(deviceID)) open->callbacks.onLost(AudioCaptureError::deviceNotFound);
   }
 

@@ -19,6 +19,10 @@ void warn(const QString& text, QScreen* screen) {
   Toast::show(warningIcon, text, ToastKind::Failure, screen);
 }
 
+void tell(const QString& icon, const QString& text, QScreen* screen) {
+  Toast::show(icon, text, ToastKind::Info, screen);
+}
+
 QString sentence(RecordingError error) {
   switch (error) {
     case RecordingError::writerSetupFailed:
@@ -59,9 +63,15 @@ void showNotice(RecordingNotice notice, QScreen* screen) {
     case RecordingNotice::micLost:
       //% "The microphone is gone: the recording goes on without sound from it"
       return warn(qtTrId("recording.mic.lost"), screen);
+    case RecordingNotice::micReturned:
+      //% "The microphone is back and recorded again"
+      return tell(QStringLiteral("mic"), qtTrId("recording.mic.returned"), screen);
     case RecordingNotice::systemSoundUnavailable:
       //% "This computer's sound cannot be recorded: the recording goes on without it"
       return warn(qtTrId("recording.systemSound.unavailable"), screen);
+    case RecordingNotice::systemSoundReturned:
+      //% "This computer's sound is recorded again"
+      return tell(QStringLiteral("speaker"), qtTrId("recording.systemSound.returned"), screen);
     case RecordingNotice::cameraUnavailable:
       //% "The camera cannot be used: recording without it"
       return warn(qtTrId("recording.camera.unavailable"), screen);
