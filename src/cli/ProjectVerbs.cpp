@@ -83,9 +83,9 @@ EditState readState(const RecordProjectBundle& bundle) {
 }
 
 /// What is cut: "cuts.txt" where it is there, as the newest word on it.
-std::vector<TrimElement> trimsOf(const RecordProjectBundle& bundle, const RecordProjectState& state) {
+TrimSyncFile::Content trimsOf(const RecordProjectBundle& bundle, const RecordProjectState& state) {
   const auto text = AtomicFile::read(bundle.file(bundleFiles::cuts), bundleFiles::largestDocument);
-  return text ? TrimSyncFile::parse(*text, state.trims) : state.trims;
+  return text ? TrimSyncFile::parse(*text, state.trims) : TrimSyncFile::Content{state.trims, {}};
 }
 
 Json describeTrims(const std::vector<TrimElement>& trims) {
@@ -101,6 +101,7 @@ Json describeTrims(const std::vector<TrimElement>& trims) {
 Json describe(const RecordProjectBundle& bundle) {
   const EditState edit = readState(bundle);
   const RecordProjectState& state = edit.state;
+  const auto trims = trimsOf(bundle, state);
   const auto pointer = PointerTrack::load(bundle.path());
   const auto clicks =
       std::ranges::count_if(pointer, [](const PointerEntry& entry) { return entry.button && entry.button->isDown; });
@@ -113,7 +114,8 @@ Json describe(const RecordProjectBundle& bundle) {
             {"keyCues", RecordedKeyCue::load(bundle.path()).size()},
             {"pointer", {{"entries", pointer.size()}, {"clicks", clicks}}},
             {"project", edit.condition},
-            {"trims", describeTrims(trimsOf(bundle, state))},
+            {"trims", describeTrims(trims.trims)},
+            {"unreadLinesOfCuts", trims.skippedLines},
             {"videoCuts", state.videoCuts},
             {"zooms", state.zooms.size()},
             {"speeds", state.speeds.size()},
@@ -165,6 +167,9 @@ void printForPeople(const Json& info) {
     QString text = secondsText(trim["start"]) + QStringLiteral(" – ") + secondsText(trim["end"]);
     if (trim.contains("note")) text += u'\t' + QString::fromStdString(trim["note"].get<std::string>());
     line("cut", text);
+  }
+  for (const Json& number : info["unreadLinesOfCuts"]) {
+    line("not read", QStringLiteral("line %1 of %2").arg(number.get<int>()).arg(bundleFiles::cuts));
   }
   for (const char* counted : {"keyCues", "zooms", "speeds", "masks", "layouts", "textCards", "captions"}) {
     if (const auto count = info[counted].get<std::size_t>(); count > 0) line(counted, QString::number(count));

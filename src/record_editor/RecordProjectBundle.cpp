@@ -57,9 +57,9 @@ Result<RecordProjectBundle, FileError> RecordProjectBundle::create(const Recordi
 }
 
 Result<RecordProjectBundle, RecordProjectBundle::OpenError> RecordProjectBundle::open(const QString& path) {
-  const QFileInfo info(path);
+  const QFileInfo info(QDir::cleanPath(QFileInfo(path).absoluteFilePath()));  // "." too has a name
   if (!info.isDir() || info.suffix() != suffix()) return failure(OpenError::NotABundle);
-  RecordProjectBundle bundle(QDir::cleanPath(info.absoluteFilePath()));
+  RecordProjectBundle bundle(info.absoluteFilePath());
   if (bundle.videoURL().isEmpty()) return failure(OpenError::NoFootage);
   return bundle;
 }

@@ -1,6 +1,7 @@
 #include "record_editor/TrimSyncFile.h"
 
 #include <algorithm>
+#include <optional>
 
 #include <QMultiHash>
 #include <QRegularExpression>
@@ -26,6 +27,16 @@ QString line(const TrimElement& trim) {
   return text;
 }
 
+std::optional<TrimElement> read(const QString& line) {
+  const auto range = SubRipTime::firstRange(line);
+  if (!range || range->position != 0 || !bundleFiles::isSourceRange(range->start, range->end)) return std::nullopt;
+  const QString after = line.mid(range->length);
+  if (!after.isEmpty() && !after.front().isSpace()) return std::nullopt;
+  TrimElement trim{.id = QUuid::createUuid(), .start = range->start, .end = range->end};
+  if (const QString note = oneLine(after); !note.isEmpty()) trim.note = note;
+  return trim;
+}
+
 }  // namespace
 
 QByteArray TrimSyncFile::serialize(const std::vector<TrimElement>& trims) {
@@ -36,32 +47,31 @@ QByteArray TrimSyncFile::serialize(const std::vector<TrimElement>& trims) {
   return text;
 }
 
-std::vector<TrimElement> TrimSyncFile::parse(const QByteArray& text, const std::vector<TrimElement>& known) {
+TrimSyncFile::Content TrimSyncFile::parse(const QByteArray& text, const std::vector<TrimElement>& known) {
   QMultiHash<QString, std::size_t> left;  // places in `known`, by what their lines say
   for (std::size_t i = known.size(); i > 0; --i) left.insert(line(known[i - 1]), i - 1);
-  std::vector<TrimElement> trims;
-  for (QByteArrayView rest(text); !rest.isEmpty() && trims.size() < bundleFiles::mostEntries;) {
+  Content content;
+  auto& [trims, skipped] = content;
+  QByteArrayView rest(text);
+  for (int number = 1; !rest.isEmpty() && trims.size() + skipped.size() < bundleFiles::mostEntries; ++number) {
     const qsizetype end = rest.indexOf('\n');
     const QByteArrayView raw = rest.first(end < 0 ? rest.size() : end);
     rest = rest.sliced(end < 0 ? rest.size() : end + 1);
-    if (raw.size() > longestLine) continue;
-    const QString trimmed = QString::fromUtf8(raw).trimmed();
-    if (trimmed.isEmpty() || trimmed.startsWith(u'#')) continue;
-    const auto range = SubRipTime::firstRange(trimmed);
-    if (!range || range->position != 0 || !bundleFiles::isSourceRange(range->start, range->end)) continue;
-    const QString after = trimmed.mid(range->length);
-    if (!after.isEmpty() && !after.front().isSpace()) continue;
-
-    TrimElement trim{.id = QUuid::createUuid(), .start = range->start, .end = range->end};
-    if (const QString note = oneLine(after); !note.isEmpty()) trim.note = note;
-    if (const auto same = left.find(line(trim)); same != left.end()) {
+    const QString trimmed = raw.size() > longestLine ? QString() : QString::fromUtf8(raw).trimmed();
+    if (raw.size() <= longestLine && (trimmed.isEmpty() || trimmed.startsWith(u'#'))) continue;
+    auto trim = read(trimmed);
+    if (!trim) {
+      skipped.push_back(number);
+      continue;
+    }
+    if (const auto same = left.find(line(*trim)); same != left.end()) {
       trim = known[*same];
       left.erase(same);
     }
-    trims.push_back(std::move(trim));
+    trims.push_back(std::move(*trim));
   }
   std::ranges::stable_sort(trims, {}, &TrimElement::start);
-  return trims;
+  return content;
 }
 
 }  // namespace vellora

@@ -16,9 +16,13 @@ class TrimSyncFile {
  public:
   /// Sorted by start, one line each, ending in a line feed; line breaks in a note become spaces.
   static QByteArray serialize(const std::vector<TrimElement>& trims);
+  struct Content {
+    std::vector<TrimElement> trims;  ///< sorted by start
+    std::vector<int> skippedLines;   ///< that say something else, counted from 1
+  };
   /// Takes every line that can be read and skips the others. A line that says what one of `known` says is that one,
   /// identity included, so that reading back what was written changes nothing.
-  static std::vector<TrimElement> parse(const QByteArray& text, const std::vector<TrimElement>& known = {});
+  static Content parse(const QByteArray& text, const std::vector<TrimElement>& known = {});
 };
 
 }  // namespace vellora

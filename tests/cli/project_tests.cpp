@@ -103,6 +103,7 @@ TEST_F(ProjectTest, HostileDocumentsCostNothingButThemselves) {
   EXPECT_EQ(odd["pauses"], Json::array({0.25}));
   EXPECT_EQ(odd["keyCues"], 0);
   EXPECT_EQ(odd["trims"], Json::array());
+  EXPECT_EQ(odd["unreadLinesOfCuts"], Json::array({1, 2, 3}));
   EXPECT_TRUE(odd["report"].is_null());
   EXPECT_TRUE(odd["camera"].contains("error"));
   EXPECT_EQ(read("project.json"), broken) << "looking changes nothing";

@@ -76,6 +76,7 @@ TEST_F(ProjectBundleTest, findsTheFootageOfRecordingsAndImports) {
   const QString link = home_.path() + QStringLiteral("/short.vellorav");
   QFile::link(bundle.path(), link);
   EXPECT_TRUE(RecordProjectBundle::open(link).has_value());
+  EXPECT_EQ(RecordProjectBundle::open(bundle.path() + QStringLiteral("/."))->path(), bundle.path());
   const auto sly = make(QStringLiteral("Sly"));
   put(home_.path() + QStringLiteral("/secret"), "s");
   QFile::link(home_.path() + QStringLiteral("/secret"), sly.file(QStringLiteral("screen.mov")));

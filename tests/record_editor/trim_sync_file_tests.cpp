@@ -36,8 +36,8 @@ TEST(TrimSyncFileTest, writesOneSortedLineACutAndReadsItBackUnchanged) {
             "00:00:12,340 --> 00:00:15,020  said twice\n"
             "00:01:03,500 --> 00:01:04,100\n");
   // Identities, finer times and notes come from what is known.
-  EXPECT_EQ(TrimSyncFile::parse(text, trims), (std::vector<TrimElement>{trims[2], trims[1], trims[0]}));
-  EXPECT_EQ(TrimSyncFile::serialize(TrimSyncFile::parse(text)), text);
+  EXPECT_EQ(TrimSyncFile::parse(text, trims).trims, (std::vector<TrimElement>{trims[2], trims[1], trims[0]}));
+  EXPECT_EQ(TrimSyncFile::serialize(TrimSyncFile::parse(text).trims), text);
   EXPECT_TRUE(TrimSyncFile::serialize({}).isEmpty());
 }
 
@@ -55,11 +55,12 @@ TEST(TrimSyncFileTest, skipsLinesThatAreNoCuts) {
       QByteArray(20'000, 'x') +
       "\n"
       "00:00:10,000-->00:00:11,000";
-  const auto trims = TrimSyncFile::parse(text);
+  const auto [trims, skipped] = TrimSyncFile::parse(text);
   ASSERT_EQ(trims.size(), 2U);
   EXPECT_EQ(trims[0].start, 1.5);
   EXPECT_EQ(trims[0].note, QStringLiteral("no good"));
   EXPECT_EQ(trims[1].end, 11);
+  EXPECT_EQ(skipped, (std::vector{4, 5, 6, 7, 8, 9, 10}));
 }
 
 }  // namespace

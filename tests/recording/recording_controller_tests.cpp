@@ -384,9 +384,14 @@ TEST_F(RecordingControllerTest, writesSoundFromTheFirstFrameOnWithoutPauses) {
   EXPECT_EQ((*report)["sounds"][1]["lost"], false);
   EXPECT_EQ((*report)["frames"]["written"], 1);
   EXPECT_FALSE(sound_.isOpen(mic));
+}
+
+TEST_F(RecordingControllerTest, takesAMicrophoneWhenItIsThere) {
+  const QString mic = QStringLiteral("mic");
+  sound_.setDevices({{mic, QStringLiteral("Microphone")}});
+  preferences_.values[QStringLiteral("record.micDeviceID")] = mic;
 
   // One that goes before the recording is no part of it, and is taken again when it comes back.
-  sound_.setDevices({{mic, QStringLiteral("Microphone")}});
   controller_->begin(display_);
   ASSERT_TRUE(loop_.runUntil([&] { return sound_.isOpen(mic); }));
   sound_.setDevices({});
