@@ -104,6 +104,15 @@ class AppFlowTest : public testing::Test {
     EXPECT_EQ(different, 0);
   }
 
+  /// Folders of recordings.
+  QStringList recordings() const {
+    const QDir folder(home(QStringLiteral("Videos/Vellora/Projects")));
+    QStringList paths;
+    for (const QFileInfo& each : folder.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot))
+      paths << each.absoluteFilePath();
+    return paths;
+  }
+
   /// Waits for the one open editor and returns the middle of its window.
   PixelPoint editorMiddle() const {
     const std::vector<std::string> search{"xdotool", "search", "--onlyvisible", "--name", "^Vellora 20"};
@@ -119,9 +128,25 @@ class AppFlowTest : public testing::Test {
     return {numbers["X"] + numbers["WIDTH"] / 2, numbers["Y"] + numbers["HEIGHT"] / 2};
   }
 
+  /// Opens the menu of the icon in the tray, and waits until it is there.
+  void openTrayMenu() const {
+    const auto before = server->pixels(besideTray);
+    const XClient client(*server);
+    ASSERT_TRUE(waitFor([&] {
+      client.movePointer({1908, 14});
+      client.button(3, true);
+      client.button(3, false);
+      client.sync();
+      return waitFor([&] { return server->pixels(besideTray) != before; }, 1);
+    }));
+  }
+
   QByteArray clipboard(const std::string& target) const {
     return QByteArray::fromStdString(server->run({"xclip", "-selection", "clipboard", "-t", target, "-o"}).output);
   }
+
+  /// Where the menu of the icon in the tray opens.
+  static constexpr PixelRect besideTray{1300, 60, 500, 500};
 
   std::unique_ptr<XServer> server;
   std::unique_ptr<TestWindow> window;
@@ -223,16 +248,8 @@ TEST_F(AppFlowTest, ChangedSettingsReachTheRunningProgram) {
 TEST_F(AppFlowTest, TheTrayMenuStartsAFullScreenCaptureThatDoesNotShowIt) {
   ASSERT_EQ(vellora({"settings", "set", "afterCaptureActions", "save"}).exitCode, 0);
   startResident();
-  const auto before = server->pixels({1300, 60, 500, 500});
-  const auto menuIsOpen = [&] { return server->pixels({1300, 60, 500, 500}) != before; };
-  const XClient client(*server);
-  ASSERT_TRUE(waitFor([&] {
-    client.movePointer({1908, 14});
-    client.button(3, true);
-    client.button(3, false);
-    client.sync();
-    return waitFor(menuIsOpen, 1);
-  }));
+  const auto before = server->pixels(besideTray);
+  openTrayMenu();
   server->check({"xdotool", "key", "Down", "Down", "Down", "Return"});
   const QImage image(savedFile(1));
   ASSERT_EQ(image.size(), QSize(1920, 1080));
@@ -243,6 +260,44 @@ TEST_F(AppFlowTest, TheTrayMenuStartsAFullScreenCaptureThatDoesNotShowIt) {
     }
   }
   EXPECT_EQ(different, 0) << "the menu is in the picture";
+}
+
+TEST_F(AppFlowTest, TheTrayMenuRecordsTheScreenWithoutWindowsOfOurOwn) {
+  startResident();
+  const auto shown = server->pixels({0, 0, 1920, 1080});
+  openTrayMenu();
+  server->check({"xdotool", "key", "Up", "Up", "Up", "Up", "Up", "Return"});
+  ASSERT_TRUE(waitFor([&] { return server->pixels({0, 0, 1920, 1080}) != shown; })) << "the bar is shown";
+  ASSERT_TRUE(waitFor([&] {
+    server->check({"xdotool", "key", "Return"});
+    return !recordings().isEmpty();
+  }));
+  const QString bundle = recordings().first();
+  const QString movie = bundle + QStringLiteral("/screen.mov");
+  ASSERT_TRUE(waitFor([&] { return QFileInfo(movie).size() > 4096; }));
+  EXPECT_NE(server->pixels({0, 0, 1920, 1080}), shown) << "the bar and the border are";
+
+  openTrayMenu();
+  server->check({"xdotool", "key", "Up", "Up", "Up", "Up", "Up", "Up", "Return"});
+  const auto title = QFileInfo(bundle).completeBaseName().toStdString();
+  ASSERT_TRUE(waitFor([&] {
+    return server->run({"xdotool", "search", "--onlyvisible", "--name", title}).exitCode == 0;
+  })) << "the project opens";
+  EXPECT_TRUE(QFile::exists(bundle + QStringLiteral("/project.json")));
+  EXPECT_FALSE(QFile::exists(bundle + QStringLiteral("/.recording")));
+
+  const Finished frame = server->run({"ffmpeg", "-nostdin", "-v", "error", "-i", movie.toStdString(), "-frames:v", "1",
+                                      "-pix_fmt", "bgra", "-f", "rawvideo", "-"});
+  ASSERT_EQ(frame.output.size(), shown.size() * 4) << frame.errors;
+  int different = 0;
+  for (std::size_t i = 0; i < shown.size(); ++i) {
+    for (int byte = 0; byte < 3; ++byte) {
+      const int before = static_cast<int>(shown[i] >> (8 * byte) & 0xFF);
+      if (std::abs(before - static_cast<unsigned char>(frame.output[4 * i + static_cast<std::size_t>(byte)])) > 40)
+        ++different;
+    }
+  }
+  EXPECT_LT(different, 3000) << "only the pointer and edges may differ";
 }
 
 TEST_F(AppFlowTest, OfSeveralStartsOneStaysAndIsWoken) {
