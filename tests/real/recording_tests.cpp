@@ -150,7 +150,7 @@ std::vector<float> soundOf(const fs::path& movie) {
 /// `vellora record` in a process of its own.
 class RecordRun {
  public:
-  RecordRun(const XServer& server, const std::vector<std::string>& options)
+  RecordRun(const XServer& server, const std::vector<std::string>& options, const Environment& extra = {})
       : output_(server.home() + "/output"), projects_(fs::path(server.home()) / "Videos/Vellora/Projects") {
     std::vector<std::string> command{"sh",
                                      "-c",
@@ -160,7 +160,7 @@ class RecordRun {
                                      std::string(VELLORA_BIN_DIR) + "/vellora",
                                      "record"};
     command.insert(command.end(), options.begin(), options.end());
-    process_ = server.spawn(command);
+    process_ = server.spawn(command, extra);
   }
 
   /// Waits until there is a movie with a picture in it.
@@ -305,6 +305,75 @@ TEST(RealRecording, CtrlCEndsItProperlyAndPrintsTheProject) {
   expectWholeAndGrowing(frames);
   EXPECT_LE(frames.front().number, first);
   EXPECT_GE(frames.back().number, last - 6) << "what was seen when Ctrl-C was pressed is in it";
+}
+
+/// A login manager that tells of sleep and gives locks to wait for, on the display's bus. It knows whether any is held:
+/// the other end of its pipe is open.
+class LoginManager {
+ public:
+  explicit LoginManager(const XServer& server) : server_(server) {
+    for (const std::string& entry : server.environment()) {
+      if (entry.starts_with("DBUS_SESSION_BUS_ADDRESS=")) environment_ = {"DBUS_SYSTEM_BUS_ADDRESS" + entry.substr(24)};
+    }
+    process_ = server.spawn({"/usr/bin/python3", "-m", "dbusmock", "--system", "org.freedesktop.login1",
+                             "/org/freedesktop/login1", "org.freedesktop.login1.Manager"},
+                            environment_);
+    const std::string manager = "org.freedesktop.login1.Manager";
+    const std::string inhibit =
+        "import os; self.held, given = os.pipe(); ret = dbus.types.UnixFd(given); os.close(given)";
+    const std::string isHeld =
+        "import select; ret = hasattr(self, 'held') and not select.select([self.held], [], [], 0)[0]";
+    EXPECT_TRUE(waitFor([&] { return mock("AddMethod", {manager, "Inhibit", "ssss", "h", inhibit}).exitCode == 0; }));
+    EXPECT_EQ(mock("AddMethod", {manager, "IsHeld", "", "b", isHeld}).exitCode, 0);
+  }
+
+  /// For programs that are to find it.
+  const Environment& environment() const { return environment_; }
+  bool isHeld() const { return call("org.freedesktop.login1.Manager.IsHeld", {}).output == "(true,)\n"; }
+  void prepareForSleep() const {
+    EXPECT_EQ(mock("EmitSignal", {"org.freedesktop.login1.Manager", "PrepareForSleep", "b", "[<true>]"}).exitCode, 0);
+  }
+
+ private:
+  Finished mock(const std::string& method, const std::vector<std::string>& arguments) const {
+    return call("org.freedesktop.DBus.Mock." + method, arguments);
+  }
+  Finished call(const std::string& method, const std::vector<std::string>& arguments) const {
+    std::vector<std::string> command{"gdbus",
+                                     "call",
+                                     "--system",
+                                     "--timeout",
+                                     "5",
+                                     "--dest",
+                                     "org.freedesktop.login1",
+                                     "--object-path",
+                                     "/org/freedesktop/login1",
+                                     "--method",
+                                     method};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    return server_.run(command, {}, environment_);
+  }
+
+  const XServer& server_;
+  Environment environment_;
+  std::unique_ptr<ChildProcess> process_;
+};
+
+TEST(RealRecording, AMachineThatGoesToSleepWaitsForTheProject) {
+  const auto server = XServer::start({.size = {1280, 720}, .bus = true});
+  ASSERT_TRUE(server);
+  const LoginManager manager(*server);
+  if (HasFailure()) return;
+  const NumberedScene scene(*server, {});
+  RecordRun run(*server, {"--fullscreen"}, manager.environment());
+  ASSERT_TRUE(run.hasBegun());
+  ASSERT_TRUE(waitFor([&] { return manager.isHeld(); }));
+  scene.pass(30);
+  manager.prepareForSleep();
+  const fs::path bundle = run.finish();
+  EXPECT_THAT(namesIn(bundle), testing::Not(testing::Contains(".recording")));
+  expectWholeAndGrowing(framesOf(bundle / "screen.mov"));
+  EXPECT_FALSE(manager.isHeld()) << "and no longer";
 }
 
 /// The moments, in seconds of the movie, at which clicks begin.
