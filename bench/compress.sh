@@ -9,15 +9,11 @@
 # for the PNG optimizers (0: none).
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
+. "$here/common.sh"
 programs=$(cd "${1:-$here/../build/release}/bin" && pwd)
 
-base=/dev/shm
-[ -w "$base" ] || base=${TMPDIR:-/tmp}
-folder=$(mktemp -d "$base/vellora-bench.XXXXXX")
-trap 'rm -rf "$folder"' EXIT
-trap 'exit 1' INT TERM
-HOME=$folder XDG_RUNTIME_DIR=$folder
-export HOME XDG_RUNTIME_DIR
+make_folder
+start_home
 
 for kind in screenshots photos captures; do
   mkdir "$folder/$kind"

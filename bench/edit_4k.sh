@@ -7,34 +7,14 @@
 # Needs Xvfb, openbox, dbus-daemon, xdotool, ImageMagick. ROUNDS sets the number of rounds.
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
+. "$here/common.sh"
 programs=$(cd "${1:-$here/../build/release/bin}" && pwd)
 rounds=${ROUNDS:-7}
 
-base=/dev/shm
-[ -w "$base" ] || base=${TMPDIR:-/tmp}
-folder=$(mktemp -d "$base/vellora-bench.XXXXXX")
-pids=
-finish() {
-  for pid in $pids; do kill "$pid" 2> /dev/null || true; done
-  rm -rf "$folder"
-}
-trap finish EXIT
-trap 'exit 1' INT TERM
+make_folder
 
-mkfifo "$folder/display"
-Xvfb -displayfd 3 -screen 0 3840x2160x24 -nolisten tcp -noreset 3> "$folder/display" 2> /dev/null &
-pids="$pids $!"
-read -r number < "$folder/display"
-HOME=$folder/home XDG_RUNTIME_DIR=$folder/run DISPLAY=:$number
-export HOME XDG_RUNTIME_DIR DISPLAY
-unset XDG_CONFIG_HOME XDG_DATA_HOME WAYLAND_DISPLAY
-mkdir -p "$HOME/Desktop" "$XDG_RUNTIME_DIR"
-chmod 700 "$XDG_RUNTIME_DIR"
-dbus-daemon --session --nofork --print-address=3 3> "$folder/bus" &
-pids="$pids $!"
-while [ ! -s "$folder/bus" ]; do sleep 0.01; done
-DBUS_SESSION_BUS_ADDRESS=$(cat "$folder/bus")
-export DBUS_SESSION_BUS_ADDRESS
+start_display 3840x2160
+start_bus
 "$here/desktop_scene.sh" "$DISPLAY" 3840 2160 "$folder"
 openbox 2> /dev/null &
 pids="$pids $!"

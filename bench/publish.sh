@@ -8,6 +8,7 @@
 # build/release/bin. Needs nginx-light, libnginx-mod-rtmp, ffmpeg, curl and python3. ROUNDS sets the number of rounds.
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
+. "$here/common.sh"
 minutes=0
 if [ "${1:-}" = --minutes ]; then
   minutes=$2
@@ -16,20 +17,9 @@ fi
 programs=${1:-$here/../build/release/bin}
 rounds=${ROUNDS:-5}
 
-for tool in nginx ffmpeg curl python3 "$programs/vellora"; do
-  command -v "$tool" > /dev/null || { echo "publish.sh: there is no $tool" >&2; exit 1; }
-done
+need nginx ffmpeg curl python3 "$programs/vellora"
 
-base=/dev/shm
-[ -w "$base" ] || base=${TMPDIR:-/tmp}
-folder=$(mktemp -d "$base/vellora-bench.XXXXXX")
-pids=
-finish() {
-  for pid in $pids; do kill "$pid" 2> /dev/null || true; done
-  rm -rf "$folder"
-}
-trap finish EXIT
-trap 'exit 1' INT TERM
+make_folder
 
 # Made once; noise keeps the encoder at its rate.
 file=$here/../build/bench/publish-60s.mp4

@@ -11,33 +11,15 @@
 # Needs Xvfb, ffmpeg and python3.
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
+. "$here/common.sh"
 programs=${1:-$here/../build/release/bin}
 
-for tool in Xvfb ffmpeg python3 taskset "$programs/vellora" "$programs/moving_scene"; do
-  command -v "$tool" > /dev/null || { echo "recording.sh: there is no $tool" >&2; exit 1; }
-done
+need Xvfb ffmpeg python3 taskset "$programs/vellora" "$programs/moving_scene"
 
-base=/dev/shm
-[ -w "$base" ] || base=${TMPDIR:-/tmp}
-folder=$(mktemp -d "$base/vellora-bench.XXXXXX")
-pids=
-finish() {
-  for pid in $pids; do kill "$pid" 2> /dev/null || true; done
-  rm -rf "$folder"
-}
-trap finish EXIT
-trap 'exit 1' INT TERM
+make_folder
 
 taskset -p -c 0,1 $$ > /dev/null
-mkfifo "$folder/display"
-Xvfb -displayfd 3 -screen 0 1920x1080x24 -nolisten tcp -noreset 3> "$folder/display" 2> /dev/null &
-pids="$pids $!"
-read -r number < "$folder/display"
-DISPLAY=:$number HOME=$folder/home XDG_RUNTIME_DIR=$folder/run DBUS_SESSION_BUS_ADDRESS=disabled:
-export DISPLAY HOME XDG_RUNTIME_DIR DBUS_SESSION_BUS_ADDRESS
-unset XDG_CONFIG_HOME XDG_DATA_HOME WAYLAND_DISPLAY
-mkdir -p "$HOME" "$XDG_RUNTIME_DIR"
-chmod 700 "$XDG_RUNTIME_DIR"
+start_display 1920x1080
 
 PYTHONDONTWRITEBYTECODE=1 PYTHONPATH=$here python3 - "$folder" "$programs" "${ROUNDS:-5}" "${SECONDS_EACH:-8}" \
   "${BITRATE:-$((1920 * 1080 * 8))}" ${SCENE:-} << 'END_OF_PROGRAM'

@@ -11,33 +11,17 @@
 # Needs Xvfb, pulseaudio, ffmpeg, xdotool and python3, and some gigabytes where temporary files go.
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
+. "$here/common.sh"
 programs=${FOLDER:-$here/../build/release/bin}
 
-for tool in Xvfb pulseaudio pactl ffmpeg ffprobe xdotool python3 "$programs/vellora" "$programs/moving_scene"; do
-  command -v "$tool" > /dev/null || { echo "recording_long.sh: there is no $tool" >&2; exit 1; }
-done
+need Xvfb pulseaudio pactl ffmpeg ffprobe xdotool python3 "$programs/vellora" "$programs/moving_scene"
 
-folder=$(mktemp -d)
-pids=
-finish() {
-  for pid in $pids; do kill "$pid" 2> /dev/null || true; done
-  rm -rf "$folder"
-}
-trap finish EXIT
-trap 'exit 1' INT TERM
+make_folder "${TMPDIR:-/tmp}"
 
-mkfifo "$folder/display"
-Xvfb -displayfd 3 -screen 0 1920x1080x24 -nolisten tcp -noreset 3> "$folder/display" 2> /dev/null &
-pids="$pids $!"
-read -r number < "$folder/display"
-DISPLAY=:$number HOME=$folder/home XDG_RUNTIME_DIR=$folder/run DBUS_SESSION_BUS_ADDRESS=disabled:
+start_display 1920x1080
 PULSE_SERVER=unix:$folder/native PULSE_COOKIE=$folder/cookie PULSE_RUNTIME_PATH=$folder PULSE_STATE_PATH=$folder
 VELLORA_TEST_CAMERA=1
-export DISPLAY HOME XDG_RUNTIME_DIR DBUS_SESSION_BUS_ADDRESS VELLORA_TEST_CAMERA
-export PULSE_SERVER PULSE_COOKIE PULSE_RUNTIME_PATH PULSE_STATE_PATH
-unset XDG_CONFIG_HOME XDG_DATA_HOME WAYLAND_DISPLAY
-mkdir -p "$HOME" "$XDG_RUNTIME_DIR"
-chmod 700 "$XDG_RUNTIME_DIR"
+export PULSE_SERVER PULSE_COOKIE PULSE_RUNTIME_PATH PULSE_STATE_PATH VELLORA_TEST_CAMERA
 
 cat > "$folder/server.pa" << END_OF_CONFIGURATION
 load-module module-native-protocol-unix auth-anonymous=1 socket=$folder/native
