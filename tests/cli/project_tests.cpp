@@ -91,7 +91,7 @@ TEST_F(ProjectTest, TellsWhatWasRecordedAndEdited) {
 TEST_F(ProjectTest, HostileDocumentsCostNothingButThemselves) {
   write("pauses.json", R"([-1, "x", null, 0.25, [1], 1e300])");
   write("keyboard.json", R"([{"start": 3, "end": 1, "keys": ["A"]}, 7, {"start": "a"}, {"keys": {}}])");
-  write("pointer.jsonl", QByteArray("{\"t\":\n{}\n[]\n{\"t\":-5,\"x\":0,\"y\":0}\n\0\xFF\n", 40));
+  write("pointer.jsonl", QByteArrayLiteral("{\"t\":\n{}\n[]\n{\"t\":-5,\"x\":0,\"y\":0}\n\0\xFF\n"));
   write("report.json", "[[[[");
   write("cuts.txt", "00:00:02,000 --> 00:00:01,000\n99:99:99,999 --> x\n" + QByteArray(100'000, '9'));
   const QByteArray broken = R"({"name": "half", "trims": [{"id")";

@@ -222,23 +222,27 @@ void EditorBar::paintEvent(QPaintEvent*) {
   }
 }
 
+bool EditorBar::takesDrag(const QMouseEvent& mouse) {
+  if (mouse.type() == QEvent::MouseButtonPress && mouse.button() == Qt::LeftButton) {
+    dragFrom_ = mouse.position().toPoint();
+    dragging_ = true;
+    emit dragPressed();
+    return true;
+  }
+  if (mouse.type() == QEvent::MouseMove && dragging_) {
+    const QPoint way = mouse.position().toPoint() - dragFrom_;
+    if (way.manhattanLength() < QApplication::startDragDistance()) return true;
+    dragging_ = false;
+    emit dragStarted();
+    return true;
+  }
+  if (mouse.type() == QEvent::MouseButtonRelease) dragging_ = false;
+  return false;
+}
+
 bool EditorBar::eventFilter(QObject* watched, QEvent* event) {
   if (watched == drag_) {
-    const auto* mouse = static_cast<QMouseEvent*>(event);
-    if (event->type() == QEvent::MouseButtonPress && mouse->button() == Qt::LeftButton) {
-      dragFrom_ = mouse->position().toPoint();
-      dragging_ = true;
-      emit dragPressed();
-      return true;
-    }
-    if (event->type() == QEvent::MouseMove && dragging_) {
-      const QPoint way = mouse->position().toPoint() - dragFrom_;
-      if (way.manhattanLength() < QApplication::startDragDistance()) return true;
-      dragging_ = false;
-      emit dragStarted();
-      return true;
-    }
-    if (event->type() == QEvent::MouseButtonRelease) dragging_ = false;
+    if (const auto* mouse = dynamic_cast<QMouseEvent*>(event); mouse != nullptr && takesDrag(*mouse)) return true;
   } else if (event->type() == QEvent::MouseButtonDblClick) {
     for (const ToolButton& entry : tools_) {
       if (entry.button == watched) emit toolLocked(entry.tool);

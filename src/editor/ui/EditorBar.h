@@ -57,6 +57,8 @@ class EditorBar final : public QWidget {
   };
   void layOut();
   void openOverflow();
+  /// The pointer on the handle from which the picture is dragged out. True when it is not to go further.
+  bool takesDrag(const QMouseEvent& mouse);
 
   StyleContext& context_;
   std::vector<ToolButton> tools_;  // the widgets are owned by Qt
