@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <utility>
 
 #include <QFile>
@@ -24,11 +25,19 @@ bool RecordingMarker::isPresent(const QString& bundle) {
 
 Result<RecordingMarker, FileError> RecordingMarker::place(const QString& bundle) {
   const QString path = markerPath(bundle);
-  const int fd = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0666);
+  const QByteArray name = QFile::encodeName(path);
+  const QByteArray unlocked = name + ".new";
+  const int fd = ::open(unlocked.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0666);
   if (fd < 0) return failure(FileError::fromErrno(errno, path));
   RecordingMarker marker(fd, path);
   // A file system without locks only costs the certainty that a second program leaves this recording alone.
   ::flock(fd, LOCK_EX | LOCK_NB);
+  // Nobody sees it without its lock.
+  if (::rename(unlocked.constData(), name.constData()) != 0) {
+    const int reason = errno;
+    ::unlink(unlocked.constData());
+    return failure(FileError::fromErrno(reason, path));
+  }
   return marker;
 }
 

@@ -19,7 +19,11 @@ namespace {
 using namespace std::string_view_literals;
 
 /// Enough for the small pictures here and what the decoders hold, and far too little for what broken headers promise.
+#ifdef __SANITIZE_ADDRESS__
+constexpr long boundInKilobytes = 1600L << 10;  // it keeps freed memory for a while
+#else
 constexpr long boundInKilobytes = 400L << 10;
+#endif
 
 Bytes bytesOf(std::string_view text) {
   const auto bytes = std::as_bytes(std::span(text));
