@@ -26,6 +26,7 @@ bool RecordingMarker::isPresent(const QString& bundle) {
 Result<RecordingMarker, FileError> RecordingMarker::place(const QString& bundle) {
   const QString path = markerPath(bundle);
   const QByteArray name = QFile::encodeName(path);
+  if (QFile::exists(path)) return failure(FileError::fromErrno(EEXIST, path));
   const QByteArray unlocked = name + ".new";
   const int fd = ::open(unlocked.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0666);
   if (fd < 0) return failure(FileError::fromErrno(errno, path));
