@@ -1,7 +1,6 @@
 #include "record_editor/RecordedKeyCue.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "base/Json.h"
 #include "record_editor/BundleFiles.h"
@@ -32,10 +31,9 @@ std::optional<RecordedKeyCue> decoded(const Json& record) {
 }  // namespace
 
 const RecordedKeyCue* RecordedKeyCue::visible(const std::vector<RecordedKeyCue>& cues, double time) {
-  for (const RecordedKeyCue& cue : std::views::reverse(cues)) {
-    if (cue.start <= time && time < cue.end) return &cue;
-  }
-  return nullptr;
+  const auto cue = std::find_if(cues.rbegin(), cues.rend(),
+                                [time](const RecordedKeyCue& each) { return each.start <= time && time < each.end; });
+  return cue == cues.rend() ? nullptr : &*cue;
 }
 
 Result<void, FileError> RecordedKeyCue::save(const std::vector<RecordedKeyCue>& cues, const QString& bundle) {

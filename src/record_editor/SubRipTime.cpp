@@ -23,8 +23,8 @@ double seconds(const QRegularExpressionMatch& match, int first) {
 
 }  // namespace
 
-QString SubRipTime::format(double value) {
-  const auto total = std::isfinite(value) && value > 0 ? std::llround(std::min(value * 1000, latest)) : 0;
+QString SubRipTime::format(double seconds) {
+  const auto total = std::isfinite(seconds) && seconds > 0 ? std::llround(std::min(seconds * 1000, latest)) : 0;
   const auto field = [](std::int64_t number, int digits) {
     return QString::number(number).rightJustified(digits, u'0');
   };

@@ -70,7 +70,7 @@ struct Half {
 
 inline Half convertHalf(const std::uint8_t* top, const std::uint8_t* bottom) {
   const Pairs left = load(top), right = load(top + 16), leftBelow = load(bottom), rightBelow = load(bottom + 16);
-  Pairs sums;
+  Pairs sums{};
   sums.br = addNeighbors(_mm_add_epi16(left.br, leftBelow.br), _mm_add_epi16(right.br, rightBelow.br));
   sums.ga = addNeighbors(_mm_add_epi16(left.ga, leftBelow.ga), _mm_add_epi16(right.ga, rightBelow.ga));
   return {_mm_packs_epi32(luma(left), luma(right)), _mm_packs_epi32(luma(leftBelow), luma(rightBelow)),
@@ -130,7 +130,7 @@ struct Half {
 
 VELLORA_AVX2 Half convertHalf(const std::uint8_t* top, const std::uint8_t* bottom) {
   const Pairs left = load(top), right = load(top + 32), leftBelow = load(bottom), rightBelow = load(bottom + 32);
-  Pairs sums;
+  Pairs sums{};
   sums.br = addNeighbors(_mm256_add_epi16(left.br, leftBelow.br), _mm256_add_epi16(right.br, rightBelow.br));
   sums.ga = addNeighbors(_mm256_add_epi16(left.ga, leftBelow.ga), _mm256_add_epi16(right.ga, rightBelow.ga));
   return {_mm256_packs_epi32(luma(left), luma(right)), _mm256_packs_epi32(luma(leftBelow), luma(rightBelow)),

@@ -21,7 +21,7 @@ namespace MovieRepair {
 /// that a kill or a power cut at any moment leaves a file that can be repaired again. Takes some milliseconds for each
 /// hour. A movie that is whole stays as it is, and so does one that a MovieWriter of any process still
 /// writes. Any thread.
-Result<RepairedMovie, MovieFailure> repair(const std::filesystem::path& file);
+Result<RepairedMovie, MovieFailure> repair(const std::filesystem::path& path);
 
 }  // namespace MovieRepair
 }  // namespace vellora

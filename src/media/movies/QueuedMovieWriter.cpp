@@ -151,9 +151,8 @@ Result<void, MovieFailure> QueuedMovieWriter::encode(const Work& work) {
       if (auto written = encoding_->putSound(i, sound.samples, sound.time); !written) return written;
     }
   }
-  const auto written = work.picture
-                           ? encoding_->put(work.picture->picture, work.picture->time)
-                           : encoding_->advance(std::max(work.reached.value_or(0), encoding_->soundPosition()));
+  auto written = work.picture ? encoding_->put(work.picture->picture, work.picture->time)
+                              : encoding_->advance(std::max(work.reached.value_or(0), encoding_->soundPosition()));
   if (!written) return written;
   const auto due = encoding_->nextFlush();
   return due && MovieEncoding::Clock::now() >= *due ? encoding_->flush() : Result<void, MovieFailure>();

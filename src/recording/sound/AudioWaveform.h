@@ -29,18 +29,18 @@ class AudioWaveform {
 
   /// Asked while a track is read; false ends it.
   using GoesOn = std::function<bool()>;
-  /// The peaks of a track from its start, as far as it can be read.
-  static std::vector<float> extract(AudioReader& track, double samplesPerSecond, const GoesOn& goesOn = {});
+  /// The peaks of a track from its start, `rate` a second, as far as it can be read.
+  static std::vector<float> extract(AudioReader& track, double rate, const GoesOn& goesOn = {});
   /// The envelope of a file's first audio track; empty when it has none, cannot be read, or was ended on the way. An
   /// hour takes seconds: not on the main thread.
-  static Envelope load(Movies& movies, const std::filesystem::path& file,
-                       double samplesPerSecond = AudioWaveform::samplesPerSecond, const GoesOn& goesOn = {});
+  static Envelope load(Movies& movies, const std::filesystem::path& file, double rate = samplesPerSecond,
+                       const GoesOn& goesOn = {});
 
   /// Collects the peaks of sound that comes in pieces.
   class PeakAccumulator {
    public:
-    /// A rate of windows that is not positive stands for samplesPerSecond.
-    PeakAccumulator(int sampleRate, int channels, double samplesPerSecond);
+    /// Windows a second; a rate that is not positive stands for samplesPerSecond.
+    PeakAccumulator(int sampleRate, int channels, double rate);
 
     /// Interleaved samples that follow those before.
     void append(std::span<const float> samples);

@@ -50,7 +50,6 @@ CameraBubble::CameraBubble(const DisplayInfo& screen, PreferenceStore& preferenc
                            Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint),
       preferences_(preferences),
       hints_(hints),
-      blended_(true),
       place_(BubblePlace::load(preferences)),
       //% "Turn the camera off"
       close_(new IconButton(QStringLiteral("close"), qtTrId("recording.camera.close"), {}, this)) {

@@ -54,7 +54,7 @@ class CameraBubble final : public QWidget {
 
   PreferenceStore& preferences_;
   WindowHints* const hints_;
-  bool blended_;
+  bool blended_ = true;
   BubblePlace place_;
   QImage picture_;
   PanelShadow shadow_;

@@ -71,20 +71,20 @@ class RecordingBar final : public OverlayPanel {
   QPoint pressedInside_;
 
   // Owned by Qt.
-  QLabel* source_;
-  DeviceButton* mic_;
-  LevelMeter* meter_;
-  IconButton* systemSound_;
-  DeviceButton* camera_;
-  IconButton* keyboard_;
-  StartButton* start_;
-  QLabel* hint_;
-  Button* cancel_;
-  QLabel* clock_;
-  IconButton* keys_;
-  IconButton* pause_;
-  IconButton* stop_;
-  IconButton* close_;
+  QLabel* source_ = nullptr;
+  DeviceButton* mic_ = nullptr;
+  LevelMeter* meter_ = nullptr;
+  IconButton* systemSound_ = nullptr;
+  DeviceButton* camera_ = nullptr;
+  IconButton* keyboard_ = nullptr;
+  StartButton* start_ = nullptr;
+  QLabel* hint_ = nullptr;
+  Button* cancel_ = nullptr;
+  QLabel* clock_ = nullptr;
+  IconButton* keys_ = nullptr;
+  IconButton* pause_ = nullptr;
+  IconButton* stop_ = nullptr;
+  IconButton* close_ = nullptr;
 };
 
 }  // namespace vellora

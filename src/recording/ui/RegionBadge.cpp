@@ -68,7 +68,7 @@ RegionBadge::RegionBadge(const DisplayInfo& screen, WindowHints* hints)
 }
 
 QString RegionBadge::sizeText(const PixelRect& region) const {
-  const QString pixels = QStringLiteral("%1 × %2").arg(region.width).arg(region.height);
+  QString pixels = QStringLiteral("%1 × %2").arg(region.width).arg(region.height);
   if (display_.scale == 1) return pixels;
   //% "%1 px · %2 pt"
   return qtTrId("recording.region.sizes")

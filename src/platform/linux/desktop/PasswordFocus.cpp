@@ -154,7 +154,7 @@ class PasswordFocus::Watch final : public QObject {
   }
 
   /// Calls back with the answer, an error included, unless nobody listens any more.
-  void call(QDBusConnection bus, const QDBusMessage& message, Answer answer) {
+  void call(const QDBusConnection& bus, const QDBusMessage& message, Answer answer) {
     auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(message, answerTime), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this,
             [this, answer = std::move(answer), round = round_](QDBusPendingCallWatcher* done) {

@@ -54,7 +54,9 @@ X11CursorImage scaled(const X11CursorImage& image, double scale) {
       std::uint32_t sums[4] = {};
       for (int sy = top; sy < bottom; ++sy) {
         for (int sx = left; sx < right; ++sx) {
-          const std::uint32_t pixel = image.pixels[static_cast<std::size_t>(sy * image.size.width + sx)];
+          const std::uint32_t pixel =
+              image.pixels[static_cast<std::size_t>(sy) * static_cast<std::size_t>(image.size.width) +
+                           static_cast<std::size_t>(sx)];
           for (std::size_t c = 0; c < std::size(sums); ++c) sums[c] += pixel >> 8 * c & 0xFF;
         }
       }

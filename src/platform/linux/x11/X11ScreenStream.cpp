@@ -105,7 +105,7 @@ class X11ScreenStream final : public ScreenStream {
   }
 
  private:
-  void wake() {
+  void wake() const {
     const std::uint64_t one = 1;
     [[maybe_unused]] const auto written = write(wake_, &one, sizeof one);
   }
