@@ -1,5 +1,7 @@
 #include "kit/Toast.h"
 
+#include <vector>
+
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QMouseEvent>
@@ -17,6 +19,7 @@ namespace vellora {
 namespace {
 
 constexpr int bottomGap = 48;      // between the panel and the edge of the available area
+constexpr int clearance = 12;      // between the panel and a window it is not to cover
 constexpr int entranceTravel = 8;  // how far it rises while it comes in
 constexpr int widestPanel = 560;
 constexpr QMargins padding{14, 10, 16, 10};
@@ -24,6 +27,21 @@ constexpr QMargins padding{14, 10, 16, 10};
 QPointer<Toast>& slot() {
   static QPointer<Toast> toast;
   return toast;
+}
+
+std::vector<QPointer<const QWidget>>& keptClear() {
+  static std::vector<QPointer<const QWidget>> windows;
+  return windows;
+}
+
+/// `panel`, raised above the windows it is not to cover.
+QRect clearOfWindows(QRect panel) {
+  for (const auto& window : keptClear()) {
+    if (!window || !window->isVisible()) continue;
+    const QRect taken = window->frameGeometry();
+    if (taken.intersects(panel)) panel.moveBottom(taken.top() - clearance);
+  }
+  return panel;
 }
 
 QString iconOf(ToastKind kind) {
@@ -60,6 +78,11 @@ void Toast::show(const QString& iconName, const QString& text, ToastKind kind, Q
   auto* const toast = new Toast(iconName.isEmpty() ? iconOf(kind) : iconName, text, kind, target);
   slot() = toast;
   toast->enter();
+}
+
+void Toast::keepClearOf(const QWidget* window) {
+  std::erase_if(keptClear(), [](const auto& each) { return each.isNull(); });
+  keptClear().emplace_back(window);
 }
 
 void Toast::dismiss() {
@@ -102,7 +125,8 @@ void Toast::place(const QScreen& screen) {
   const QSize panel = panelSize(std::min(widestPanel, area.width() - 2 * tokens::space6));
   const QSize shadowRoom = size() - panelRect().size();
   resize(panel + shadowRoom);
-  movePanel({area.x() + (area.width() - panel.width()) / 2, area.bottom() + 1 - bottomGap - panel.height()});
+  const QPoint usual(area.x() + (area.width() - panel.width()) / 2, area.bottom() + 1 - bottomGap - panel.height());
+  movePanel(clearOfWindows({usual, panel}).topLeft());
 }
 
 void Toast::enter() {

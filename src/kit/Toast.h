@@ -22,6 +22,9 @@ class Toast final : public FloatingPanel {
   /// one.
   static void show(const QString& iconName, const QString& text, ToastKind kind, QScreen* screen);
 
+  /// From now on toasts appear above this window where they would cover it, for as long as it lives and is shown.
+  static void keepClearOf(const QWidget* window);
+
   /// Takes the toast on screen away at once.
   static void dismiss();
 

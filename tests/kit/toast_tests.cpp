@@ -53,6 +53,21 @@ TEST_F(ToastTest, StandsAtTheBottomCentreOfTheFreeAreaAndWrapsLongTexts) {
   EXPECT_LT(lengthy.width(), area.width());
 }
 
+TEST_F(ToastTest, StandsAboveWindowsItIsNotToCover) {
+  const QRect usual = panelOnScreen(showToast(QStringLiteral("Copied")));
+  {
+    QWidget bar(nullptr, Qt::FramelessWindowHint);
+    bar.setGeometry(usual.translated(20, 10));
+    Toast::keepClearOf(&bar);
+    EXPECT_EQ(panelOnScreen(showToast(QStringLiteral("Copied"))), usual) << "it is not shown";
+    bar.show();
+    const QRect raised = panelOnScreen(showToast(QStringLiteral("Copied")));
+    EXPECT_LT(raised.bottom(), bar.frameGeometry().top());
+    EXPECT_EQ(raised.x(), usual.x());
+  }
+  EXPECT_EQ(panelOnScreen(showToast(QStringLiteral("Copied"))), usual);
+}
+
 TEST_F(ToastTest, LeavesAloneAndFailuresStayLonger) {
   const int brief = showToast(QStringLiteral("ok")).findChild<QTimer*>()->interval();
   EXPECT_EQ(brief, 2400);

@@ -13,6 +13,7 @@
 #include "kit/TextLabel.h"
 #include "kit/Theme.h"
 #include "kit/TimeText.h"
+#include "kit/Toast.h"
 #include "kit/Tokens.h"
 #include "recording/ui/BarControls.h"
 #include "recording/ui/ScreenPlaces.h"
@@ -79,6 +80,7 @@ RecordingBar::RecordingBar(RecordingBarModel& model, WindowHints* hints)
   //% "Recording"
   setAccessibleName(qtTrId("recording.bar"));
   setWindowTitle(accessibleName());
+  Toast::keepClearOf(this);
   makeControls();
   model_->onChanged = [this] { refresh(); };
   refresh();
